@@ -1,0 +1,151 @@
+#include "QuillaryCore/Foundation/Files.h"
+
+#include "QuillaryCore/Foundation/UserError.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void refuse(std::string_view action, const fs::path& path, int cause)
+{
+    throw UserError(fmt::format("{} {}: {}.", action, path.string(), std::generic_category().message(cause)));
+}
+
+/// An open file of the system, closed with the object.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number)
+        : m_number(number)
+    {
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { close(); }
+
+    [[nodiscard]] int number() const { return m_number; }
+    [[nodiscard]] bool isOpen() const { return m_number >= 0; }
+
+    /// False where the system only now says that something was not written.
+    bool close() { return m_number < 0 || ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+/// Removes a file that did not come to its place.
+class WorkingName
+{
+public:
+    explicit WorkingName(fs::path path)
+        : m_path(std::move(path))
+    {
+    }
+    WorkingName(const WorkingName&) = delete;
+    WorkingName& operator=(const WorkingName&) = delete;
+    ~WorkingName()
+    {
+        std::error_code ignored;
+        if (!m_path.empty()) {
+            fs::remove(m_path, ignored);
+        }
+    }
+
+    [[nodiscard]] const fs::path& path() const { return m_path; }
+    void release() { m_path.clear(); }
+
+private:
+    fs::path m_path;
+};
+
+/// False with `errno` set.
+bool writeAll(int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
+/// A new name in a folder is safe from a power cut only when the folder itself was written. Some file systems cannot.
+void syncFolder(const fs::path& folder)
+{
+    const Descriptor directory(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (directory.isOpen()) {
+        ::fsync(directory.number());
+    }
+}
+
+} // namespace
+
+fs::path replaceFile(const fs::path& path, std::string_view text)
+{
+    const fs::path folder = path.parent_path();
+    std::error_code failure;
+    if (!folder.empty() && !fs::create_directories(folder, failure) && failure) {
+        refuse("Couldn't make the folder", folder, failure.value());
+    }
+    WorkingName working(fs::path(path) += fmt::format(".{}.part", getpid()));
+    constexpr mode_t everyone = 0666; // less what the user's mask takes away
+    Descriptor file(::open(working.path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, everyone));
+    if (!file.isOpen() || !writeAll(file.number(), text) || ::fsync(file.number()) != 0 || !file.close() ||
+        ::rename(working.path().c_str(), path.c_str()) != 0) {
+        refuse("Couldn't write", path, errno);
+    }
+    working.release();
+    syncFolder(folder);
+    return path;
+}
+
+fs::path replaceFile(const fs::path& path, std::span<const std::uint8_t> bytes)
+{
+    // Bytes and characters are the same on their way into a file.
+    return replaceFile(path, std::string(bytes.begin(), bytes.end()));
+}
+
+std::string readFile(const fs::path& path, std::size_t limit)
+{
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    struct stat facts = {};
+    if (!file.isOpen() || ::fstat(file.number(), &facts) != 0) {
+        refuse("Couldn't open", path, errno);
+    }
+    if (S_ISDIR(facts.st_mode)) {
+        throw UserError(fmt::format("{} is a folder, not a file.", path.string()));
+    }
+    std::string text;
+    std::array<char, 65536> buffer{};
+    while (text.size() <= limit) {
+        const ssize_t count = ::read(file.number(), buffer.data(), buffer.size());
+        if (count < 0 && errno != EINTR) {
+            refuse("Couldn't read", path, errno);
+        }
+        if (count == 0) {
+            return text;
+        }
+        text.append(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    }
+    throw UserError(
+        fmt::format("{} is too large: at most {}.",
+                    path.string(),
+                    limit < 1'000'000 ? fmt::format("{} bytes", limit) : fmt::format("{} MB", limit / 1'000'000)));
+}
+
+} // namespace Quillary
