@@ -1,0 +1,122 @@
+#include "QuillaryCore/Store/Fingerprint.h"
+
+#include "QuillaryCore/Store/LibraryTables.h"
+#include "tests/Store/OldLibraries.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <set>
+#include <string_view>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+TEST(FingerprintTest, staysTheSameForAllTime)
+{
+    // Libraries on people's disks are recognised by these. Both computed by an independent program.
+    EXPECT_EQ(fingerprint(Schema{}), "6c62272e07bb014262b821756295c58d"); // the algorithm's own starting value
+    EXPECT_EQ(fingerprint(OldLibraries::schema(4)), "2a5402cc64738de814c035d5aac6bab3");
+}
+
+TEST(FingerprintTest, countsWhatAValueIsStoredUnderAndNothingElse)
+{
+    using Change = std::function<void(Schema&)>;
+    const std::pair<std::string_view, Change> kept[] = {
+        {"version",
+         [](Schema& schema) {
+             schema.version = 9;
+         }},
+        {"order of entities",
+         [](Schema& schema) {
+             std::ranges::reverse(schema.entities);
+         }},
+        {"order of attributes",
+         [](Schema& schema) {
+             std::ranges::reverse(schema.entities[0].attributes);
+         }},
+        {"default",
+         [](Schema& schema) {
+             schema.entities[0].attributes[1].defaultSQL = "'other'";
+         }},
+        {"statement of a renaming",
+         [](Schema& schema) {
+             schema.entities[0].attributes[1].renamedFrom = "old";
+         }},
+        {"delete rule",
+         [](Schema& schema) {
+             schema.entities[1].relationships[0].whenTargetGoes = WhenTargetGoes::erase;
+         }},
+        {"index",
+         [](Schema& schema) {
+             schema.entities[1].indexes.clear();
+         }},
+        {"clustering",
+         [](Schema& schema) {
+             schema.entities[2].clusteredBy.clear();
+         }},
+    };
+    const std::pair<std::string_view, Change> counted[] = {
+        {"entity gone",
+         [](Schema& schema) {
+             schema.entities.pop_back();
+         }},
+        {"entity renamed",
+         [](Schema& schema) {
+             schema.entities[0].name += "s";
+         }},
+        {"attribute gone",
+         [](Schema& schema) {
+             schema.entities[0].attributes.pop_back();
+         }},
+        {"attribute moved to another entity",
+         [](Schema& schema) {
+             schema.entities[1].attributes.push_back(schema.entities[0].attributes.back());
+             schema.entities[0].attributes.pop_back();
+         }},
+        {"type widened",
+         [](Schema& schema) {
+             schema.entities[0].attributes[1].type = AttributeType::binary;
+         }},
+        {"relationship gone",
+         [](Schema& schema) {
+             schema.entities[1].relationships.clear();
+         }},
+        {"relationship turned into a number",
+         [](Schema& schema) {
+             schema.entities[1].attributes.push_back({"customer", AttributeType::int64, "0", ""});
+             schema.entities[1].relationships.clear();
+         }},
+    };
+    const Schema& original = OldLibraries::schema(4);
+    for (const auto& [what, change] : kept) {
+        Schema changed = original;
+        change(changed);
+        EXPECT_EQ(fingerprint(changed), fingerprint(original)) << what;
+    }
+    std::set<std::string> seen{fingerprint(original)};
+    for (const auto& [what, change] : counted) {
+        Schema changed = original;
+        change(changed);
+        EXPECT_TRUE(seen.insert(fingerprint(changed)).second) << what;
+    }
+}
+
+TEST(FingerprintTest, readsTheSameFromAFileOfThatVersion)
+{
+    for (int version = 1; version <= 4; ++version) {
+        const auto connection = Connection::inMemory();
+        LibraryTables::createEntities(*connection, OldLibraries::schema(version));
+        LibraryTables::createInformation(*connection, UUID(UUID::Bytes{}), Instant(), version);
+        EXPECT_EQ(fingerprintOfFile(*connection), fingerprint(OldLibraries::schema(version))) << version;
+        connection->execute("ALTER TABLE Line ADD COLUMN more TEXT");
+        EXPECT_NE(fingerprintOfFile(*connection), fingerprint(OldLibraries::schema(version))) << version;
+    }
+}
+
+} // namespace
+
+} // namespace Quillary
