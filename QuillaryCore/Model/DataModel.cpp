@@ -1,0 +1,82 @@
+#include "QuillaryCore/Model/DataModel.h"
+
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/CatalogItem.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ContactPerson.h"
+#include "QuillaryCore/Model/CustomUnit.h"
+#include "QuillaryCore/Model/Discount.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentTaxTreatment.h"
+#include "QuillaryCore/Model/EmailTemplate.h"
+#include "QuillaryCore/Model/Fee.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/NumberSequence.h"
+#include "QuillaryCore/Model/Payment.h"
+#include "QuillaryCore/Model/Project.h"
+#include "QuillaryCore/Model/Reminder.h"
+#include "QuillaryCore/Model/SavedView.h"
+#include "QuillaryCore/Model/TaxRate.h"
+#include "QuillaryCore/Model/TextPreset.h"
+#include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Store/Fingerprint.h"
+
+#include <algorithm>
+
+namespace Quillary::DataModel {
+
+const Records& records()
+{
+    static const Records types = Records::of<Client,
+                                             ContactPerson,
+                                             Document,
+                                             LineItem,
+                                             CatalogItem,
+                                             Business,
+                                             TaxRate,
+                                             NumberSequence,
+                                             CustomUnit,
+                                             Discount,
+                                             Fee,
+                                             TextPreset,
+                                             Project,
+                                             SavedView,
+                                             EmailTemplate,
+                                             Payment,
+                                             Reminder,
+                                             TimeEntry,
+                                             DocumentTaxTreatment>();
+    return types;
+}
+
+const SchemaHistory& history()
+{
+    static const SchemaHistory versions{records().schema(currentVersion), {}};
+    return versions;
+}
+
+const Schema& model()
+{
+    return history().current;
+}
+
+const Schema* model(int version)
+{
+    if (version == currentVersion) {
+        return &model();
+    }
+    const auto older = std::ranges::find(olderModels(), version, &Schema::version);
+    return older == olderModels().end() ? nullptr : &*older;
+}
+
+const std::vector<Schema>& olderModels()
+{
+    return history().older;
+}
+
+std::string fingerprint(const Schema& model)
+{
+    return Quillary::fingerprint(model);
+}
+
+} // namespace Quillary::DataModel
