@@ -1,0 +1,104 @@
+#pragma once
+
+#include "QuillaryCore/Foundation/Calendar.h"
+#include "QuillaryCore/Foundation/Locale.h"
+#include "QuillaryCore/Model/DocumentLanguage.h"
+#include "QuillaryCore/Output/TemplateSettings.h"
+#include "QuillaryCore/Store/Field.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillary {
+
+class Context;
+struct Document;
+
+/// The locale of a document's figures and dates: its language, as the country of the business writes it.
+[[nodiscard]] Locale printLocale(DocumentLanguage language, std::string_view countryCode);
+
+/// One document as it is printed: every value formatted, nothing escaped yet. `DocumentHTML::render` makes the page.
+///
+/// A plain value that holds on to nothing, so it can be rendered elsewhere. An empty text or list is left out.
+struct PrintedDocument
+{
+    struct Row
+    {
+        std::string label;
+        std::string value;
+
+        friend bool operator==(const Row&, const Row&) = default;
+    };
+
+    struct Line
+    {
+        std::string title;
+        std::string details; ///< light markup
+        std::string quantity;
+        std::string unitPrice;
+        std::string taxRate; ///< the number alone; its column is headed "%"
+        std::string amount;
+        bool isSubLine = false;
+
+        friend bool operator==(const Line&, const Line&) = default;
+    };
+
+    enum class Emphasis { figure, total, paid, due };
+
+    struct TotalsRow
+    {
+        Emphasis emphasis = Emphasis::figure;
+        std::string label;
+        std::string value;
+
+        friend bool operator==(const TotalsRow&, const TotalsRow&) = default;
+    };
+
+    struct Payment
+    {
+        std::string sentence;
+        std::vector<Row> bank;
+        Bytes qrCode; ///< PNG
+    };
+
+    DocumentLanguage language = DocumentLanguage::english;
+    TemplateSettings settings;
+    std::string pageTitle; ///< of the page and of the PDF, such as "Invoice 2025-001"
+    std::string heading;
+    Bytes logo; ///< PNG
+    std::string sellerName;
+    std::vector<std::string> sellerAddress;
+    std::vector<std::string> sellerContact;
+    std::string sender; ///< name and address in one line
+    std::string buyerName;
+    std::vector<std::string> buyerAddress;
+    std::vector<std::string> buyerIdentifiers;
+    std::vector<Row> meta;
+    std::string subtitle;
+    std::string reference;
+    std::string intro; ///< light markup
+    bool hasTaxRateColumn = false;
+    std::vector<Line> lines;
+    std::vector<TotalsRow> totals;
+    std::string exemptNote;
+    std::string outro; ///< light markup
+    std::optional<Payment> payment;
+    std::vector<std::string> footerLines;
+    std::string footNote;
+
+    /// Reads a document with its lines, figures, payments, reminders and client. `business` need not be stored.
+    /// Dates fall on the day they have in `calendar`; `locale` is made by `printLocale` (make it once for many documents).
+    [[nodiscard]] static PrintedDocument from(Context& context,
+                                              const Document& document,
+                                              const Business& business,
+                                              const Calendar& calendar,
+                                              const Locale& locale);
+
+    /// The same with a locale made for this document.
+    [[nodiscard]] static PrintedDocument
+    from(Context& context, const Document& document, const Business& business, const Calendar& calendar);
+};
+
+} // namespace Quillary

@@ -1,0 +1,293 @@
+#include "QuillaryCore/Output/PrintedFigures.h"
+
+#include "QuillaryCore/Billing/DocumentInput.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Discount.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/Fee.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/Payment.h"
+#include "QuillaryCore/Model/Reminder.h"
+#include "QuillaryCore/Model/TaxLabel.h"
+#include "QuillaryCore/Model/Units.h"
+#include "QuillaryCore/Model/Validation.h"
+#include "QuillaryCore/Money/Quantity.h"
+#include "QuillaryCore/Output/PaymentQR.h"
+#include "QuillaryCore/Output/PrintSource.h"
+#include "QuillaryCore/Output/PrintedDocument.h"
+#include "QuillaryCore/Output/PrintedTerms.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillary::PrintedFigures {
+
+namespace {
+
+using Key = DocumentStrings::Key;
+using Emphasis = PrintedDocument::Emphasis;
+
+/// The word after a quantity. A built-in unit speaks the document's language; a unit of the user's own has the words that
+/// were kept with the line.
+std::string_view unitWord(const LineItem& item, DocumentLanguage language)
+{
+    const bool isSingular = Units::isSingular(item.quantityThousandths, language);
+    if (item.unit.empty()) {
+        return {};
+    }
+    if (const BuiltInUnit* unit = Units::builtIn(item.unit)) {
+        return isSingular ? unit->singular(language) : unit->plural(language);
+    }
+    const bool takesSingular = item.unitPlural.empty() || (isSingular && !item.unitSingular.empty());
+    return takesSingular ? item.unitSingular : item.unitPlural;
+}
+
+std::string quantity(const LineItem& item, const PrintSource& source)
+{
+    std::string text = Quantity::format(item.quantityThousandths, source.locale);
+    if (const std::string_view unit = unitWord(item, source.strings.language()); !unit.empty()) {
+        text.append(1, ' ').append(unit);
+    }
+    return text;
+}
+
+/// A heading (a line without a price above its sub-lines, or without price and quantity) shows no figures.
+bool isHeading(const LineItem& item, const LineItem* next)
+{
+    const bool hasSubLines = next != nullptr && next->parent == item.ref;
+    return item.unitPriceMinorUnits == 0 && (hasSubLines || item.quantityThousandths == 0);
+}
+
+void addLines(PrintedDocument& printed,
+              const PrintSource& source,
+              const std::vector<const LineItem*>& items,
+              const Totals::Result& totals)
+{
+    const auto differs = [&](const LineItem* item) {
+        return item->vatBasisPoints != items.front()->vatBasisPoints;
+    };
+    printed.hasTaxRateColumn = !source.document.taxExempt && std::ranges::any_of(items, differs);
+    printed.lines.reserve(items.size());
+    for (std::size_t index = 0; index < items.size(); ++index) {
+        const LineItem& item = *items[index];
+        PrintedDocument::Line& line = printed.lines.emplace_back();
+        line.title = item.title;
+        line.details = item.details;
+        line.isSubLine = static_cast<bool>(item.parent);
+        if (isHeading(item, index + 1 < items.size() ? items[index + 1] : nullptr)) {
+            continue;
+        }
+        line.unitPrice = source.money(item.unitPriceMinorUnits);
+        if (printed.hasTaxRateColumn) {
+            line.taxRate = source.locale.formatDecimal(item.vatBasisPoints, 2, 0);
+        }
+        if (item.quantityThousandths != 0) { // an option names its price and adds nothing
+            line.quantity = quantity(item, source);
+            line.amount = source.money(totals.lineAmounts.at(index));
+        }
+    }
+}
+
+/// Writes the rows below the lines.
+class TotalsTable
+{
+public:
+    TotalsTable(PrintedDocument& printed,
+                const PrintSource& source,
+                const DocumentInput& input,
+                const Totals::Result& totals)
+        : m_printed(printed)
+        , m_source(source)
+        , m_input(input)
+        , m_totals(totals)
+    {
+    }
+
+    void addNet()
+    {
+        if (!m_input.discountRecords.empty() || !m_input.feeRecords.empty()) {
+            add(Emphasis::figure, text(Key::subtotal), m_totals.subtotal);
+            addDiscounts();
+            addFees();
+            add(Emphasis::figure, text(Key::net), m_totals.net);
+        } else {
+            // Where sales tax is added, what stands before it is called the subtotal.
+            const bool isSalesTax = taxLabel(m_source.business) == TaxLabel::salesTax;
+            add(Emphasis::figure, text(isSalesTax ? Key::subtotal : Key::net), m_totals.net);
+        }
+    }
+
+    void addTaxes()
+    {
+        const std::string label = PrintedTerms::tax(m_source.business, m_source.strings.language());
+        for (const Totals::TaxLine& tax : m_totals.taxLines) {
+            const std::string rate = m_source.percentage(tax.basisPoints);
+            const std::string base = m_source.money(tax.base);
+            add(Emphasis::figure,
+                m_source.strings.format(Key::taxOn, {{"label", label}, {"rate", rate}, {"base", base}}),
+                tax.tax);
+        }
+    }
+
+    /// The total and what has become of it. Returns the amount due.
+    std::int64_t addTotal()
+    {
+        add(Emphasis::total, text(Key::total), m_totals.total);
+        std::int64_t lateFees = 0;
+        for (const Reminder* reminder : sortedReminders(m_source.context, m_source.document)) {
+            lateFees = checkedAdd(lateFees, reminder->feeMinorUnits);
+        }
+        const auto payments = sortedPayments(m_source.context, m_source.document);
+        std::int64_t paid = 0;
+        for (const Payment* payment : payments) {
+            paid = checkedAdd(paid, payment->amountMinorUnits);
+        }
+        const std::int64_t due = checkedSubtract(checkedAdd(m_totals.total, lateFees), paid);
+        if (lateFees != 0) {
+            add(Emphasis::figure, text(Key::lateFee), lateFees);
+        }
+        if (!payments.empty()) {
+            add(Emphasis::paid, text(Key::paid), checkedSubtract(0, paid));
+        }
+        if (lateFees != 0 || !payments.empty()) {
+            add(Emphasis::due, text(Key::amountDue), due);
+        }
+        return due;
+    }
+
+private:
+    [[nodiscard]] std::string_view text(Key key) const { return m_source.strings.text(key); }
+
+    void add(Emphasis emphasis, std::string_view label, std::int64_t minorUnits)
+    {
+        m_printed.totals.push_back({emphasis, std::string(label), m_source.money(minorUnits)});
+    }
+
+    void addDiscounts()
+    {
+        for (std::size_t index = 0; index < m_input.discountRecords.size(); ++index) {
+            const Discount& discount = *m_input.discountRecords[index];
+            const std::string_view title = trimmed(discount.title);
+            std::string label(title.empty() ? text(Key::discount) : title);
+            if (Totals::discountKindFromRaw(discount.kindRaw) == Totals::DiscountKind::percentage) {
+                label.append(1, ' ').append(m_source.percentage(discount.basisPoints));
+            }
+            add(Emphasis::figure, label, checkedSubtract(0, m_totals.discountAmounts.at(index)));
+        }
+    }
+
+    void addFees()
+    {
+        for (const Fee* fee : m_input.feeRecords) {
+            const std::string_view title = trimmed(fee->title);
+            add(Emphasis::figure,
+                title.empty() ? PrintedTerms::fee(m_source.strings.language()) : title,
+                fee->amountMinorUnits);
+        }
+    }
+
+    PrintedDocument& m_printed;
+    const PrintSource& m_source;
+    const DocumentInput& m_input;
+    const Totals::Result& m_totals;
+};
+
+/// "DE89 3704 0044 0532 0130 00", the form in which an IBAN is printed (ISO 13616).
+std::string groupedIBAN(std::string_view iban)
+{
+    const std::string compact = Validation::compactIBAN(iban);
+    std::string grouped;
+    for (std::size_t start = 0; start < compact.size(); start += 4) {
+        grouped.append(start == 0 ? "" : " ").append(compact, start, 4);
+    }
+    return grouped;
+}
+
+std::vector<PrintedDocument::Row> bankRows(const PrintSource& source)
+{
+    const Business& business = source.business;
+    std::vector<PrintedDocument::Row> rows;
+    const auto add = [&](std::string_view label, std::string_view value) {
+        if (const std::string_view text = trimmed(value); !text.empty()) {
+            rows.push_back({std::string(label), std::string(text)});
+        }
+    };
+    add(source.strings.text(Key::bank), business.bankName);
+    add("IBAN", groupedIBAN(business.iban));
+    add("BIC", Validation::compactIBAN(business.bic));
+    add(source.strings.text(Key::accountNumber), business.accountNumber);
+    add(source.strings.text(Key::bankCode), business.bankCode);
+    if (upperCasedASCII(source.document.currencyCode) == "INR") {
+        add("UPI ID", business.upiID);
+    }
+    if (!rows.empty()) {
+        const std::string_view holder = trimmed(business.accountHolder);
+        rows.insert(rows.begin(),
+                    {std::string(source.strings.text(Key::accountHolder)),
+                     std::string(holder.empty() ? trimmed(business.name) : holder)});
+    }
+    return rows;
+}
+
+/// The day by which to pay: the due date, or the later one that a reminder has set.
+std::optional<Instant> payBy(const PrintSource& source)
+{
+    std::optional<Instant> day = source.dueDate();
+    for (const Reminder* reminder : sortedReminders(source.context, source.document)) {
+        if (reminder->payBy && (!day || *reminder->payBy > *day)) {
+            day = reminder->payBy;
+        }
+    }
+    return day;
+}
+
+void addPayment(PrintedDocument& printed, const PrintSource& source, std::int64_t due)
+{
+    if (!source.asksForPayment() || due <= 0 || status(source.document) == DocumentStatus::paid) {
+        return;
+    }
+    PrintedDocument::Payment& payment = printed.payment.emplace();
+    const std::string total = source.money(due);
+    const auto issued = source.issueDate();
+    const auto deadline = payBy(source);
+    if (deadline && (!issued || source.calendar.date(*deadline) > source.calendar.date(*issued))) {
+        const std::string date = source.day(*deadline);
+        payment.sentence = source.strings.format(Key::payBy, {{"total", total}, {"date", date}});
+    } else {
+        payment.sentence = source.strings.format(Key::payOnReceipt, {{"total", total}});
+    }
+    payment.bank = bankRows(source);
+    if (source.business.showPaymentQRCode) {
+        if (const auto text = PaymentQR::payload(source.context, source.document, source.business, due)) {
+            payment.qrCode = PaymentQR::png(*text).value_or(Bytes());
+        }
+    }
+}
+
+} // namespace
+
+void add(PrintedDocument& printed, const PrintSource& source)
+{
+    const DocumentInput input(source.context, source.document);
+    const Totals::Result totals = Totals::calculate(input.lines, input.discounts, input.fees, input.taxation);
+    addLines(printed, source, input.lineItems, totals);
+    TotalsTable table(printed, source, input, totals);
+    table.addNet();
+    table.addTaxes();
+    const std::int64_t due = table.addTotal();
+    if (source.document.taxExempt) {
+        const std::string_view note = trimmed(source.document.taxExemptNote);
+        printed.exemptNote = note.empty() && source.business.taxExempt ? trimmed(source.business.taxExemptNote) : note;
+    }
+    addPayment(printed, source, due);
+}
+
+} // namespace Quillary::PrintedFigures

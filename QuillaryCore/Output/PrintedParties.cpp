@@ -1,0 +1,111 @@
+#include "QuillaryCore/Output/PrintedParties.h"
+
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Output/PostalAddress.h"
+#include "QuillaryCore/Output/PrintSource.h"
+#include "QuillaryCore/Output/PrintedDocument.h"
+#include "QuillaryCore/Output/PrintedTerms.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace Quillary::PrintedParties {
+
+namespace {
+
+using Key = DocumentStrings::Key;
+
+constexpr std::string_view separator = " · ";
+
+void add(std::vector<std::string>& lines, std::string_view line)
+{
+    const std::string_view text = trimmed(line);
+    if (!text.empty()) {
+        lines.emplace_back(text);
+    }
+}
+
+/// "USt-IdNr. DE123456789"
+void addLabelled(std::vector<std::string>& lines, std::string_view label, std::string_view value)
+{
+    const std::string_view text = trimmed(value);
+    if (!text.empty()) {
+        lines.emplace_back(label).append(1, ' ').append(text);
+    }
+}
+
+std::string joined(const std::vector<std::string>& texts)
+{
+    std::string result;
+    for (const std::string& text : texts) {
+        result.append(result.empty() ? std::string_view() : separator).append(text);
+    }
+    return result;
+}
+
+/// What is no picture would leave a hole in the page.
+bool isPNG(const Bytes& bytes)
+{
+    constexpr std::array<std::uint8_t, 16> beginning = {
+        0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I', 'H', 'D', 'R'};
+    return bytes.size() > beginning.size() && std::ranges::equal(std::span(bytes).first(beginning.size()), beginning);
+}
+
+} // namespace
+
+void addSeller(PrintedDocument& printed, const PrintSource& source)
+{
+    const Business& business = source.business;
+    if (isPNG(business.logoData)) {
+        printed.logo = business.logoData;
+    }
+    printed.sellerName = trimmed(business.name);
+    printed.sellerAddress = PostalAddress::of(business).lines();
+    if (source.crossesBorder()) {
+        printed.sellerAddress.push_back(source.locale.countryName(business.countryCode));
+    }
+    if (business.showSellerContact) {
+        add(printed.sellerContact, business.phone);
+        add(printed.sellerContact, business.email);
+        add(printed.sellerContact, business.website);
+    }
+    std::vector<std::string> parts;
+    add(parts, printed.sellerName);
+    parts.insert(parts.end(), printed.sellerAddress.begin(), printed.sellerAddress.end());
+    printed.sender = joined(parts);
+}
+
+void addBuyer(PrintedDocument& printed, const PrintSource& source)
+{
+    if (source.client == nullptr) {
+        return;
+    }
+    const Client& client = *source.client;
+    printed.buyerName = displayName(client);
+    printed.buyerAddress = PostalAddress::of(client).lines();
+    if (source.crossesBorder()) {
+        printed.buyerAddress.push_back(source.locale.countryName(client.countryCode));
+    }
+    const DocumentStrings& strings = source.strings;
+    addLabelled(printed.buyerIdentifiers, PrintedTerms::vatID(client.countryCode, strings.language()), client.vatID);
+    addLabelled(printed.buyerIdentifiers, strings.text(Key::taxNumber), client.taxID);
+}
+
+void addFooter(PrintedDocument& printed, const PrintSource& source)
+{
+    const Business& business = source.business;
+    const DocumentStrings& strings = source.strings;
+    std::vector<std::string> identifiers;
+    addLabelled(identifiers, PrintedTerms::vatID(business.countryCode, strings.language()), business.vatID);
+    addLabelled(identifiers, strings.text(Key::taxNumber), business.taxID);
+    add(printed.footerLines, joined(identifiers));
+    printed.footNote = trimmed(business.footerNote);
+}
+
+} // namespace Quillary::PrintedParties
