@@ -1,0 +1,118 @@
+#include "QuillaryCore/Assistant/AssistantActions.h"
+
+#include "QuillaryCore/Assistant/Operations.h"
+#include "QuillaryCore/Assistant/SchemaCheck.h"
+#include "QuillaryCore/Foundation/Precondition.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+using Environment = AssistantEnvironment;
+using Reply = AssistantActions::Reply;
+
+/// An operation that answers at once. Those that change something run in a scope of their own.
+struct Operation
+{
+    std::string_view name;
+    ToolResult (*run)(const Environment&, const Arguments&);
+};
+
+/// An operation that answers when a page has been printed.
+struct PrintingOperation
+{
+    std::string_view name;
+    void (*run)(const Environment&, const Arguments&, const Reply&);
+};
+
+constexpr std::array operations = {
+    Operation{"get_business_profile",
+              [](const Environment& environment, const Arguments&) {
+                  return BusinessOperations::profile(environment);
+              }},
+    Operation{"update_business_profile", BusinessOperations::update},
+    Operation{"find_clients", ClientOperations::find},
+    Operation{"create_client", ClientOperations::create},
+    Operation{"update_client", ClientOperations::update},
+    Operation{"create_document", DocumentOperations::create},
+    Operation{"update_document", DocumentOperations::update},
+    Operation{"get_document", DocumentOperations::show},
+};
+
+constexpr std::array printingOperations = {
+    PrintingOperation{"preview_document", DocumentOperations::preview},
+    PrintingOperation{"export_document_pdf", DocumentOperations::exportPDF},
+};
+
+ToolResult
+perform(const Environment& environment, const AssistantTool& tool, const Operation& operation, const JSON& given)
+{
+    if (tool.readOnly) {
+        return operation.run(environment, Arguments(given));
+    }
+    auto scope = environment.context.beginScope(tool.title);
+    ToolResult result = operation.run(environment, Arguments(given));
+    scope.commit();
+    return result;
+}
+
+void dispatch(const Environment& environment, const AssistantTool& tool, const JSON& given, const Reply& reply)
+{
+    if (const auto sentence = SchemaCheck::misfit(tool.input, given)) {
+        reply(ToolResult::error(*sentence));
+        return;
+    }
+    const auto printing = std::ranges::find(printingOperations, tool.name, &PrintingOperation::name);
+    if (printing != printingOperations.end()) {
+        printing->run(environment, Arguments(given), reply);
+        return;
+    }
+    const auto operation = std::ranges::find(operations, tool.name, &Operation::name);
+    if (operation != operations.end()) {
+        reply(perform(environment, tool, *operation, given));
+        return;
+    }
+    reply(ToolResult::error(
+        fmt::format("“{}” ({}) isn't available yet in this version of Quillary.", tool.title, tool.name)));
+}
+
+} // namespace
+
+const Business& AssistantEnvironment::ownBusiness() const
+{
+    const Business* record = context.find(business);
+    precondition(record != nullptr, "a library has its business");
+    return *record;
+}
+
+AssistantActions::AssistantActions(AssistantEnvironment environment)
+    : m_environment(std::move(environment))
+{
+}
+
+void AssistantActions::call(std::string_view name, const JSON& arguments, const Reply& reply)
+{
+    const AssistantTool* tool = ToolCatalogue::find(name);
+    if (tool == nullptr) {
+        reply(ToolResult::error(fmt::format("There's no tool called {}", repairedUTF8(name))));
+        return;
+    }
+    try {
+        dispatch(m_environment, *tool, arguments, reply);
+    } catch (const UserError& error) {
+        reply(ToolResult::error(error.message()));
+    } catch (const std::bad_alloc&) {
+        reply(ToolResult::error("There isn't enough memory for this."));
+    }
+}
+
+} // namespace Quillary

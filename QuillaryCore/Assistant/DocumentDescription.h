@@ -1,0 +1,25 @@
+#pragma once
+
+#include "QuillaryCore/Foundation/Calendar.h"
+#include "QuillaryCore/Foundation/JSON.h"
+#include "QuillaryCore/Store/Context.h"
+
+#include <string>
+
+namespace Quillary {
+
+struct Document;
+
+/// A document in full, as assistants and terminals read it: English, ids in brackets, dates as YYYY-MM-DD, amounts as
+/// plain numbers. Lines are numbered from 1 in print order, sub-lines included.
+struct DocumentDescription
+{
+    std::string heading; ///< "Invoice INV-2026-001 [id], draft, for Acme GmbH [id]"
+    std::string text;    ///< the heading and everything below it
+    JSON data;           ///< the same, as an object; amounts are numbers with their exact digits
+
+    [[nodiscard]] static DocumentDescription
+    describe(Context& context, const Document& document, Instant today, const Calendar& calendar);
+};
+
+} // namespace Quillary

@@ -1,0 +1,288 @@
+#include "QuillaryCore/Assistant/DocumentSession.h"
+#include "QuillaryCore/Assistant/Lookup.h"
+#include "QuillaryCore/Assistant/ToolResult.h"
+#include "QuillaryCore/Foundation/CheckedInteger.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/CatalogItem.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/Discount.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/Fee.h"
+#include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/TaxRate.h"
+#include "QuillaryCore/Model/TaxRates.h"
+#include "QuillaryCore/Model/Units.h"
+#include "QuillaryCore/Money/Currencies.h"
+#include "QuillaryCore/Money/Money.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr std::int64_t oneInThousandths = 1000;
+
+/// The same figure in another currency: 90.00 EUR becomes 90 JPY. No value: the figure has more decimals than the
+/// currency, or does not fit.
+std::optional<std::int64_t> sameFigure(std::int64_t minorUnits, std::string_view from, std::string_view to)
+{
+    const Decimal figure = Money(minorUnits, from).decimalValue();
+    const int digits = Money::fractionDigits(to);
+    const std::optional<std::int64_t> scaled = figure.scaled(digits);
+    if (!scaled || Decimal::fromInteger(*scaled, digits) != figure) {
+        return std::nullopt;
+    }
+    return scaled;
+}
+
+LineItem& copiedLine(Context& context, const LineItem& source, const Document& document)
+{
+    LineItem& copy = context.insert<LineItem>();
+    const Ref<LineItem> ref = copy.ref;
+    const std::optional<UUID> uuid = copy.uuid;
+    copy = source;
+    copy.ref = ref;
+    copy.uuid = uuid;
+    copy.document = document.ref;
+    copy.parent = {};
+    return copy;
+}
+
+} // namespace
+
+std::int32_t DocumentSession::defaultRate() const
+{
+    if (business().taxExempt) {
+        return 0;
+    }
+    const TaxRate* rate = TaxRates::defaultRate(m_environment.context);
+    return rate == nullptr ? 0 : rate->basisPoints;
+}
+
+std::int32_t DocumentSession::nextSortIndex() const
+{
+    const std::vector<const LineItem*> lines = sortedItems(m_environment.context, m_document);
+    return lines.empty() ? 0 : lines.back()->sortIndex + 1;
+}
+
+void DocumentSession::applyCurrency(const Arguments& arguments)
+{
+    std::string wanted = m_document.currencyCode;
+    if (const auto named = arguments.line("currency", Limits::lineLength)) {
+        wanted = upperCasedASCII(*named);
+        if (!Currencies::isKnown(wanted)) {
+            arguments.refuse("currency", "must be an ISO currency code such as EUR.");
+        }
+    } else if (arguments.has("client") && client() != nullptr && !client()->currencyCode.empty()) {
+        wanted = client()->currencyCode;
+        m_filledIn.push_back(fmt::format("currency {} (from {})", wanted, displayName(*client())));
+    }
+    if (wanted == m_document.currencyCode) {
+        return;
+    }
+    Context& context = m_environment.context;
+    const auto convert = [&](std::int64_t& minorUnits, std::string_view what) {
+        const std::optional<std::int64_t> converted = sameFigure(minorUnits, m_document.currencyCode, wanted);
+        if (!converted) {
+            throw AssistantError(fmt::format("The currency can't become {}: the {} {} has more decimals than it.",
+                                             wanted,
+                                             what,
+                                             Money(minorUnits, m_document.currencyCode).plainText()));
+        }
+        minorUnits = *converted;
+    };
+    for (const LineItem* line : linesInOrder(context, m_document)) {
+        convert(context.edit(*line).unitPriceMinorUnits, "price");
+    }
+    for (const Discount* discount : sortedDiscounts(context, m_document)) {
+        convert(context.edit(*discount).amountMinorUnits, "discount");
+    }
+    for (const Fee* fee : sortedFees(context, m_document)) {
+        convert(context.edit(*fee).amountMinorUnits, "fee");
+    }
+    m_document.currencyCode = wanted;
+}
+
+void DocumentSession::applyLines(const Arguments& arguments)
+{
+    Context& context = m_environment.context;
+    const std::vector<const LineItem*> lines = linesInOrder(context, m_document);
+    for (const Arguments& change : arguments.objects("change_lines")) {
+        changeLine(change, lines);
+    }
+    std::set<std::int64_t> removed;
+    for (const std::int64_t number : arguments.wholeNumbers("remove_lines", 1, Limits::linesPerDocument)) {
+        if (std::cmp_greater(number, lines.size())) {
+            arguments.refuse("remove_lines", fmt::format("names line {}; there are {} lines.", number, lines.size()));
+        }
+        removed.insert(number - 1);
+    }
+    // Sub-lines go with their line, so those that are named as well are already gone.
+    for (const std::int64_t index : removed) {
+        const LineItem& line = *lines[static_cast<std::size_t>(index)];
+        const bool goesWithParent = line.parent && std::ranges::any_of(removed, [&](std::int64_t other) {
+                                        return lines[static_cast<std::size_t>(other)]->ref == line.parent;
+                                    });
+        if (!goesWithParent) {
+            context.erase(line);
+        }
+    }
+    if (arguments.flag("copy_last_invoice").value_or(false)) {
+        copyLastInvoice();
+    }
+    for (const Arguments& added : arguments.objects("add_lines")) {
+        addLine(added);
+    }
+    if (linesInOrder(context, m_document).size() > Limits::linesPerDocument) {
+        throw AssistantError(fmt::format("A document can have at most {} lines.", Limits::linesPerDocument));
+    }
+}
+
+void DocumentSession::changeLine(const Arguments& change, const std::vector<const LineItem*>& lines)
+{
+    if (lines.empty()) {
+        throw AssistantError("There are no lines to change yet; add_lines adds some.");
+    }
+    const std::optional<std::int64_t> number = change.wholeNumber("line", 1, static_cast<std::int64_t>(lines.size()));
+    if (!number) {
+        change.refuse("line", "is missing: the line's number as get_document shows it.");
+    }
+    fillLine(m_environment.context.edit(*lines[static_cast<std::size_t>(*number - 1)]), change);
+}
+
+void DocumentSession::addLine(const Arguments& arguments)
+{
+    Context& context = m_environment.context;
+    const std::int32_t sortIndex = nextSortIndex();
+    LineItem& line = context.insert<LineItem>();
+    line.document = m_document.ref;
+    line.sortIndex = sortIndex;
+    line.quantityThousandths = oneInThousandths;
+    line.vatBasisPoints = defaultRate();
+    if (const auto named = arguments.line("catalog_item", Limits::lineLength)) {
+        const CatalogItem& item = Lookup::catalogItem(context, *named);
+        line.catalogItemID = item.uuid;
+        line.title = item.name;
+        line.details = item.details;
+        if (!arguments.has("unit_price")) {
+            if (item.currencyCode != m_document.currencyCode) {
+                arguments.refuse("unit_price",
+                                 fmt::format("is needed: “{}” is priced in {}, the document is in {}.",
+                                             item.name,
+                                             item.currencyCode,
+                                             m_document.currencyCode));
+            }
+            line.unitPriceMinorUnits = item.unitPriceMinorUnits;
+        }
+        if (item.taxRateID) {
+            if (const TaxRate* rate = context.find<TaxRate>(*item.taxRateID)) {
+                line.vatBasisPoints = rate->basisPoints;
+            }
+        }
+        if (!item.unit.empty()) {
+            Quillary::setUnit(line, item.unit, UnitLibrary(context, business()), language(m_document));
+        }
+    }
+    fillLine(line, arguments);
+}
+
+void DocumentSession::fillLine(LineItem& line, const Arguments& arguments)
+{
+    if (auto title = arguments.line("title", Limits::lineLength)) {
+        line.title = std::move(*title);
+    }
+    if (auto details = arguments.paragraphs("details", Limits::textLength)) {
+        line.details = std::move(*details);
+    }
+    if (const auto quantity = arguments.quantity("quantity", Limits::quantityThousandths)) {
+        line.quantityThousandths = *quantity;
+    }
+    if (const auto price =
+            arguments.amount("unit_price", "price", m_document.currencyCode, Sign::any, Limits::unitPriceMinorUnits)) {
+        line.unitPriceMinorUnits = *price;
+    }
+    if (const auto rate = arguments.rate("tax_rate")) {
+        line.vatBasisPoints = *rate;
+    }
+    if (arguments.has("unit")) {
+        setUnit(line, arguments);
+    }
+}
+
+void DocumentSession::setUnit(LineItem& line, const Arguments& arguments)
+{
+    const std::string word = arguments.line("unit", Limits::lineLength).value_or("");
+    const UnitLibrary library(m_environment.context, business());
+    const std::optional<std::string> unit = word.empty() ? std::optional<std::string>("") : library.named(word);
+    if (!unit) {
+        arguments.refuse("unit",
+                         "isn't known. Use hour, day, week, month, year, minute, piece, flat rate, page or word, "
+                         "another usual unit such as kilogram or metre, or one of the user's own units.");
+    }
+    Quillary::setUnit(line, *unit, library, language(m_document));
+}
+
+void DocumentSession::copyLastInvoice()
+{
+    Context& context = m_environment.context;
+    if (client() == nullptr) {
+        throw AssistantError("“copy_last_invoice” needs a client.");
+    }
+    const Document* last =
+        context.first<Document>("client = ? AND kindRaw = 0 AND id <> ? ORDER BY issueDate DESC, id DESC LIMIT 1",
+                                m_document.client.key(),
+                                m_document.ref.key());
+    if (last == nullptr) {
+        throw AssistantError(fmt::format("{} has no earlier invoice to copy.", displayName(*client())));
+    }
+    if (last->currencyCode != m_document.currencyCode) {
+        throw AssistantError(fmt::format("The last invoice, {}, is in {}; this document is in {}.",
+                                         last->number,
+                                         last->currencyCode,
+                                         m_document.currencyCode));
+    }
+    const std::int32_t offset = nextSortIndex();
+    for (const LineItem* source : sortedItems(context, *last)) {
+        LineItem& copy = copiedLine(context, *source, m_document);
+        copy.sortIndex = source->sortIndex + offset;
+        for (const LineItem* child : sortedChildren(context, *source)) {
+            copiedLine(context, *child, m_document).parent = copy.ref;
+        }
+    }
+}
+
+void DocumentSession::applyDiscount(const Arguments& arguments)
+{
+    const std::optional<std::int32_t> percent = arguments.rate("discount_percent");
+    const std::optional<std::int64_t> amount = arguments.amount(
+        "discount_amount", "discount", m_document.currencyCode, Sign::notNegative, Limits::discountMinorUnits);
+    if (!percent && !amount) {
+        return;
+    }
+    if (percent.value_or(0) != 0 && amount.value_or(0) != 0) {
+        throw AssistantError("Give “discount_percent” or “discount_amount”, not both.");
+    }
+    Context& context = m_environment.context;
+    for (const Discount* discount : sortedDiscounts(context, m_document)) {
+        context.erase(*discount);
+    }
+    if (percent.value_or(0) == 0 && amount.value_or(0) == 0) {
+        return;
+    }
+    Discount& discount = context.insert<Discount>();
+    discount.document = m_document.ref;
+    discount.kindRaw = amount.value_or(0) != 0 ? 1 : 0;
+    discount.basisPoints = percent.value_or(0);
+    discount.amountMinorUnits = amount.value_or(0);
+}
+
+} // namespace Quillary

@@ -1,0 +1,301 @@
+#include "QuillaryCore/Assistant/DocumentSession.h"
+
+#include "QuillaryCore/Assistant/Lookup.h"
+#include "QuillaryCore/Assistant/ServiceDate.h"
+#include "QuillaryCore/Assistant/TaxNotes.h"
+#include "QuillaryCore/Assistant/ToolResult.h"
+#include "QuillaryCore/Billing/DocumentAmounts.h"
+#include "QuillaryCore/Billing/DocumentLimits.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/DeliveryKind.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/NumberedKind.h"
+#include "QuillaryCore/Model/Units.h"
+#include "QuillaryCore/Numbering/Numbering.h"
+#include "QuillaryCore/Numbering/NumberingError.h"
+
+#include <fmt/format.h>
+
+namespace Quillary {
+
+namespace {
+
+/// How long a quote stands when nobody says otherwise.
+constexpr int quoteValidityDays = 30;
+
+NumberedKind series(const Document& document)
+{
+    return numbered(kind(document).value_or(DocumentKind::invoice));
+}
+
+bool isQuote(const Document& document)
+{
+    return kind(document) == DocumentKind::quote;
+}
+
+} // namespace
+
+DocumentSession::DocumentSession(const AssistantEnvironment& environment, Document& document)
+    : m_environment(environment)
+    , m_document(document)
+{
+}
+
+const Business& DocumentSession::business() const
+{
+    return m_environment.ownBusiness();
+}
+
+const Client* DocumentSession::client() const
+{
+    return m_environment.context.find(m_document.client);
+}
+
+DocumentSession DocumentSession::create(const AssistantEnvironment& environment, std::string_view kindWord)
+{
+    Document& document = environment.context.insert<Document>();
+    DocumentSession session(environment, document);
+    const Business& business = session.business();
+    const bool quote = kindWord == "quote";
+    const Calendar& calendar = environment.calendar;
+
+    document.kindRaw = static_cast<std::int16_t>(quote ? DocumentKind::quote : DocumentKind::invoice);
+    document.statusRaw = static_cast<std::int16_t>(DocumentStatus::draft);
+    document.issueDate = calendar.noon(calendar.date(environment.clock.now()));
+    document.currencyCode = business.currencyCode;
+    document.languageCode = business.languageCode;
+    document.paymentTermsDays = business.paymentTermsDays;
+    document.introText = quote ? business.quoteIntroText : business.invoiceIntroText;
+    document.outroText = quote ? business.quoteOutroText : business.invoiceOutroText;
+    document.madeBy = environment.assistantName;
+    if (quote) {
+        document.validUntil = calendar.addingDays(*document.issueDate, quoteValidityDays);
+    }
+    if (business.taxExempt) {
+        session.setTreatment(TaxTreatment::exempt, business.taxExemptNote);
+    }
+    return session;
+}
+
+DocumentSession DocumentSession::open(const AssistantEnvironment& environment, const Document& document)
+{
+    if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
+        const bool invoice = kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+        throw AssistantError(fmt::format(
+            "{} is no draft any more, so it can't be changed.{}",
+            document.number.empty() ? "This document" : document.number,
+            invoice ? " To correct an invoice that was sent, make a credit note for it and a new invoice." : ""));
+    }
+    return {environment, environment.context.edit(document)};
+}
+
+void DocumentSession::apply(const Arguments& arguments)
+{
+    refuseUnavailable(arguments);
+    const std::optional<Instant> oldIssueDate = m_document.issueDate;
+    const Client* oldClient = client();
+    const DocumentLanguage oldLanguage = language(m_document);
+
+    applyClient(arguments);
+    applyTexts(arguments);
+    applyCurrency(arguments);
+    applyDates(arguments);
+    applyServiceDate(arguments);
+    applyTaxTreatment(arguments);
+    if (language(m_document) != oldLanguage) {
+        refreshWords(oldLanguage);
+    }
+    applyLines(arguments);
+    applyDiscount(arguments);
+    applyNumber(oldIssueDate, oldClient);
+
+    if (const std::optional<std::string> sentence = checkAggregates(m_environment.context, m_document)) {
+        throw AssistantError(*sentence);
+    }
+    updateCachedTotals(m_environment.context, m_document);
+}
+
+void DocumentSession::refuseUnavailable(const Arguments& arguments)
+{
+    if (arguments.flag("add_unbilled_time").value_or(false)) {
+        arguments.refuse("add_unbilled_time", "isn't available yet. Add the hours with add_lines.");
+    }
+}
+
+void DocumentSession::applyClient(const Arguments& arguments)
+{
+    const std::optional<std::string> named = arguments.line("client", Limits::lineLength);
+    if (!named) {
+        return;
+    }
+    const Client& chosen = Lookup::client(m_environment.context, *named);
+    m_document.client = chosen.ref;
+    const std::string name = displayName(chosen);
+    if (!chosen.languageCode.empty() && !arguments.has("language")) {
+        m_document.languageCode = chosen.languageCode;
+        m_filledIn.push_back(fmt::format("language {} (from {})", chosen.languageCode, name));
+    }
+    if (chosen.paymentTermsDays > 0 && !arguments.has("payment_terms_days")) {
+        m_document.paymentTermsDays = chosen.paymentTermsDays;
+        m_filledIn.push_back(fmt::format("payment terms {} days (from {})", chosen.paymentTermsDays, name));
+    }
+}
+
+void DocumentSession::applyTexts(const Arguments& arguments)
+{
+    if (auto title = arguments.line("title", Limits::lineLength)) {
+        m_document.title = std::move(*title);
+    }
+    if (auto intro = arguments.paragraphs("intro", Limits::textLength)) {
+        m_document.introText = std::move(*intro);
+    }
+    if (auto footer = arguments.paragraphs("footer", Limits::textLength)) {
+        m_document.outroText = std::move(*footer);
+    }
+    if (auto language = arguments.line("language", Limits::lineLength)) {
+        m_document.languageCode = std::move(*language);
+    }
+}
+
+void DocumentSession::applyDates(const Arguments& arguments)
+{
+    const Calendar& calendar = m_environment.calendar;
+    const std::optional<CalendarDate> issueDate = arguments.date("issue_date");
+    if (issueDate) {
+        if (isQuote(m_document) && m_document.validUntil && m_document.issueDate) {
+            const int validity = calendar.daysBetween(*m_document.issueDate, *m_document.validUntil);
+            m_document.validUntil = calendar.addingDays(calendar.noon(*issueDate), validity);
+        }
+        const bool isSameDay = m_document.issueDate && calendar.date(*m_document.issueDate) == *issueDate;
+        m_document.issueDate = isSameDay ? m_document.issueDate : calendar.noon(*issueDate);
+    }
+    if (const auto terms = arguments.wholeNumber("payment_terms_days", 0, Limits::paymentTermsDays)) {
+        if (isQuote(m_document)) {
+            arguments.refuse("payment_terms_days", "belongs to invoices: a quote asks for no payment.");
+        }
+        m_document.paymentTermsDays = static_cast<std::int16_t>(*terms);
+    }
+    if (!isQuote(m_document) && m_document.issueDate) {
+        m_document.dueDate = calendar.addingDays(*m_document.issueDate, m_document.paymentTermsDays);
+    }
+}
+
+void DocumentSession::applyServiceDate(const Arguments& arguments)
+{
+    const std::optional<std::string> text = arguments.line("service_date", Limits::lineLength);
+    if (!text) {
+        return;
+    }
+    const Calendar& calendar = m_environment.calendar;
+    const CalendarDate today = calendar.date(m_environment.clock.now());
+    const CalendarDate invoiceDate = m_document.issueDate ? calendar.date(*m_document.issueDate) : today;
+    const std::optional<ServiceDate> service = ServiceDate::parse(*text, today, invoiceDate);
+    if (!service) {
+        arguments.refuse("service_date",
+                         "must be a date such as 2026-03-31, a period such as 2026-03-01..2026-03-31, or today, "
+                         "yesterday, invoice_date, this_week, last_week, this_month or last_month.");
+    }
+    const DeliveryKind delivery = service->end ? DeliveryKind::servicePeriod : DeliveryKind::serviceDate;
+    m_document.deliveryKindRaw = static_cast<std::int16_t>(delivery);
+    m_document.deliveryStart = calendar.noon(service->start);
+    m_document.deliveryEnd = service->end ? std::optional(calendar.noon(*service->end)) : std::nullopt;
+}
+
+void DocumentSession::applyTaxTreatment(const Arguments& arguments)
+{
+    const std::optional<bool> reverseCharge = arguments.flag("reverse_charge");
+    const std::optional<bool> outsideEU = arguments.flag("outside_eu");
+    const std::optional<bool> exempt = arguments.flag("tax_exempt");
+    const int chosen = int{reverseCharge == true} + int{outsideEU == true} + int{exempt == true};
+    if (chosen > 1) {
+        throw AssistantError("Choose one of “reverse_charge”, “outside_eu” and “tax_exempt”.");
+    }
+    const DocumentLanguage printed = language(m_document);
+    const std::optional<std::string> note = arguments.paragraphs("tax_exempt_note", Limits::textLength);
+    if (reverseCharge == true) {
+        setTreatment(TaxTreatment::reverseCharge, std::string(taxNote(TaxTreatment::reverseCharge, printed)));
+    } else if (outsideEU == true) {
+        setTreatment(TaxTreatment::outsideEU, std::string(taxNote(TaxTreatment::outsideEU, printed)));
+    } else if (exempt == true) {
+        setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : m_document.taxExemptNote);
+    } else if (reverseCharge == false || outsideEU == false || exempt == false) {
+        const TaxTreatment current = taxTreatment(m_environment.context, m_document);
+        const bool takenBack = (current == TaxTreatment::reverseCharge && reverseCharge == false) ||
+                               (current == TaxTreatment::outsideEU && outsideEU == false) || exempt == false;
+        if (takenBack) {
+            setTreatment(TaxTreatment::standard, "");
+        }
+    }
+    if (note) {
+        if (!m_document.taxExempt && !note->empty()) {
+            arguments.refuse("tax_exempt_note", "needs a document without tax: set tax_exempt as well.");
+        }
+        m_document.taxExemptNote = *note;
+    }
+}
+
+void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& note)
+{
+    m_document.taxExempt = treatment != TaxTreatment::standard;
+    m_document.taxExemptNote = note;
+    setTaxTreatment(m_environment.context, m_document, treatment);
+}
+
+void DocumentSession::refreshWords(DocumentLanguage before)
+{
+    const UnitLibrary library(m_environment.context, business());
+    for (const LineItem* line : linesInOrder(m_environment.context, m_document)) {
+        if (!line->unit.empty()) {
+            Quillary::setUnit(m_environment.context.edit(*line), line->unit, library, language(m_document));
+        }
+    }
+    const TaxTreatment treatment = taxTreatment(m_environment.context, m_document);
+    const std::string_view oldNote = taxNote(treatment, before);
+    if (!oldNote.empty() && m_document.taxExemptNote == oldNote) {
+        m_document.taxExemptNote = taxNote(treatment, language(m_document));
+    }
+}
+
+void DocumentSession::applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient)
+{
+    Context& context = m_environment.context;
+    const Calendar& calendar = m_environment.calendar;
+    const Instant date = m_document.issueDate.value_or(m_environment.clock.now());
+    if (!m_document.number.empty()) {
+        if (oldIssueDate == m_document.issueDate && oldClient == client()) {
+            return;
+        }
+        // A draft's number moves with its date and client only while it is the newest: any other would leave a gap.
+        const bool released = Numbering::releaseIfNewest(context,
+                                                         m_document.number,
+                                                         series(m_document),
+                                                         oldIssueDate.value_or(date),
+                                                         oldClient,
+                                                         business(),
+                                                         calendar);
+        if (!released) {
+            return;
+        }
+        m_document.number.clear();
+    }
+    try {
+        m_document.number = Numbering::assign(context, series(m_document), date, client(), business(), calendar);
+    } catch (const NumberingError& error) {
+        // A pattern that counts per client numbers the draft once it has one.
+        const bool waitsForClient = error.reason() == NumberingError::Reason::missingClient ||
+                                    error.reason() == NumberingError::Reason::missingClientNumber;
+        if (!waitsForClient || client() != nullptr) {
+            throw AssistantError(error.message());
+        }
+    }
+}
+
+} // namespace Quillary

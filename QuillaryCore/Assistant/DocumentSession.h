@@ -1,0 +1,73 @@
+#pragma once
+
+#include "QuillaryCore/Assistant/Arguments.h"
+#include "QuillaryCore/Assistant/AssistantActions.h"
+#include "QuillaryCore/Model/DocumentLanguage.h"
+#include "QuillaryCore/Model/DocumentTaxTreatment.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillary {
+
+struct Client;
+struct Document;
+struct LineItem;
+
+/// Fills one draft from a call's arguments, and everything else from the client's and the business's settings.
+///
+/// Works inside the caller's scope: when an argument is refused the scope takes back all of it. Throws:
+/// `AssistantError`.
+class DocumentSession
+{
+public:
+    /// A new draft of "invoice" or "quote" with the business's defaults, not yet numbered.
+    [[nodiscard]] static DocumentSession create(const AssistantEnvironment& environment, std::string_view kindWord);
+
+    /// An existing draft. Throws when the document is no draft any more: what was issued is not changed.
+    [[nodiscard]] static DocumentSession open(const AssistantEnvironment& environment, const Document& document);
+
+    /// Applies all arguments, numbers the document and brings its figures up to date.
+    void apply(const Arguments& arguments);
+
+    [[nodiscard]] const Document& document() const { return m_document; }
+
+    /// What the settings filled in, in short texts for the answer.
+    [[nodiscard]] const std::vector<std::string>& filledIn() const { return m_filledIn; }
+
+private:
+    DocumentSession(const AssistantEnvironment& environment, Document& document);
+
+    void applyClient(const Arguments& arguments);
+    void applyTexts(const Arguments& arguments);
+    void applyCurrency(const Arguments& arguments);
+    void applyDates(const Arguments& arguments);
+    void applyServiceDate(const Arguments& arguments);
+    void applyTaxTreatment(const Arguments& arguments);
+    void applyLines(const Arguments& arguments);
+    void applyDiscount(const Arguments& arguments);
+    void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
+
+    void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);
+    void addLine(const Arguments& arguments);
+    void copyLastInvoice();
+    void fillLine(LineItem& line, const Arguments& arguments);
+    void setUnit(LineItem& line, const Arguments& arguments);
+    void setTreatment(TaxTreatment treatment, const std::string& note);
+    void refreshWords(DocumentLanguage before);
+    static void refuseUnavailable(const Arguments& arguments);
+
+    [[nodiscard]] const Business& business() const;
+    [[nodiscard]] const Client* client() const;
+    [[nodiscard]] std::int32_t defaultRate() const;
+    [[nodiscard]] std::int32_t nextSortIndex() const;
+
+    const AssistantEnvironment& m_environment;
+    Document& m_document;
+    std::vector<std::string> m_filledIn;
+};
+
+} // namespace Quillary

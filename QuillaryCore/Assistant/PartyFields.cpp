@@ -1,0 +1,43 @@
+#include "QuillaryCore/Assistant/PartyFields.h"
+
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Countries.h"
+#include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/Validation.h"
+
+namespace Quillary {
+
+std::optional<std::string> countryArgument(const Arguments& arguments)
+{
+    std::optional<std::string> country = arguments.line("country", Limits::lineLength);
+    if (country) {
+        *country = upperCasedASCII(*country);
+        if (!country->empty() && !Countries::isKnown(*country)) {
+            arguments.refuse("country", "must be a two-letter ISO country code such as DE.");
+        }
+    }
+    return country;
+}
+
+std::optional<std::string> emailArgument(const Arguments& arguments)
+{
+    std::optional<std::string> email = arguments.line("email", Limits::lineLength);
+    if (email && !email->empty() && !Validation::isValidEmail(*email)) {
+        arguments.refuse("email", "must be an email address such as name@example.com.");
+    }
+    return email;
+}
+
+std::optional<std::string> vatIDArgument(const Arguments& arguments)
+{
+    std::optional<std::string> vatID = arguments.line("vat_id", Limits::lineLength);
+    if (vatID && !vatID->empty()) {
+        *vatID = upperCasedASCII(replacing(*vatID, " ", ""));
+        if (!Validation::isValidVATID(*vatID)) {
+            arguments.refuse("vat_id", "doesn't have the form of a VAT ID, such as ATU12345678 or DE123456789.");
+        }
+    }
+    return vatID;
+}
+
+} // namespace Quillary

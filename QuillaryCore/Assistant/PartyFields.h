@@ -1,0 +1,45 @@
+#pragma once
+
+#include "QuillaryCore/Assistant/Arguments.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace Quillary {
+
+/// One plain text argument and the field of a business or client that it fills.
+template <class Record>
+struct TextField
+{
+    std::string_view argument;
+    std::string Record::* member;
+};
+
+// The checks that a business's and a client's details share. Each throws `AssistantError` that names the argument; an
+// empty text clears the field and needs no check.
+
+/// ISO 3166-1 alpha-2, upper-cased.
+[[nodiscard]] std::optional<std::string> countryArgument(const Arguments& arguments);
+
+/// An email address of the usual form.
+[[nodiscard]] std::optional<std::string> emailArgument(const Arguments& arguments);
+
+/// A VAT ID without spaces, upper-cased, in its country's form where that is known.
+[[nodiscard]] std::optional<std::string> vatIDArgument(const Arguments& arguments);
+
+/// Fills every given text field. True when one was given.
+template <class Record>
+void applyTexts(Record& record,
+                std::span<const TextField<Record>> fields,
+                const Arguments& arguments,
+                std::size_t limit)
+{
+    for (const TextField<Record>& field : fields) {
+        if (auto text = arguments.line(field.argument, limit)) {
+            record.*field.member = std::move(*text);
+        }
+    }
+}
+
+} // namespace Quillary

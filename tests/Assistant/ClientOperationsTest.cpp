@@ -1,0 +1,79 @@
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ContactPerson.h"
+#include "tests/Assistant/AssistantLibrary.h"
+
+namespace Quillary {
+namespace {
+
+TEST(ClientOperationsTest, checksEveryDetail)
+{
+    AssistantLibrary library;
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {R"({"email":"a@b.example"})", "Give the client a name: “name”, or “first_name” and “last_name”."},
+        {R"({"name":"  "})", "Give the client a name: “name”, or “first_name” and “last_name”."},
+        {R"({"name":"A","email":"nobody"})", "“email” must be an email address such as name@example.com."},
+        {R"({"name":"A","country":"Deutschland"})", "“country” must be a two-letter ISO country code such as DE."},
+        {R"({"name":"A","vat_id":"DE12"})",
+         "“vat_id” doesn't have the form of a VAT ID, such as ATU12345678 or DE123456789."},
+        {R"({"name":"A","currency":"EURO"})", "“currency” must be an ISO currency code such as EUR."},
+        {R"({"name":"A","language":"pt"})", "“language” must be one of: en, de, fr, es, nl, it."},
+        {R"({"name":"A","payment_terms_days":-1})", "“payment_terms_days” must be a whole number from 0 to 3650."},
+        {R"({"name":"A","hourly_rate":-1})", "“hourly_rate” can't be negative: a rate is 0 or more."},
+    };
+    for (const auto& [arguments, sentence] : cases) {
+        EXPECT_EQ(library.refusal("create_client", arguments), sentence) << arguments;
+    }
+    EXPECT_EQ(library.context.count<Client>(""), 0);
+    // The refused ones have used up no client number.
+    EXPECT_EQ(member(library.data("create_client", R"({"name":"A"})"), "number"), "\"C-0001\"");
+}
+
+TEST(ClientOperationsTest, splitsAndJoinsThePersonsName)
+{
+    AssistantLibrary library;
+    library.data("create_client", R"({"name":"Ana María López","is_person":true})");
+    const Client* person = library.context.first<Client>("");
+    EXPECT_EQ(person->firstName, "Ana María");
+    EXPECT_EQ(person->lastName, "López");
+    library.data("update_client", R"({"client":"López","is_person":false})");
+    EXPECT_EQ(library.context.first<Client>("")->name, "Ana María López");
+    library.data("update_client", R"({"client":"López","email":"ana@example.org"})");
+    EXPECT_EQ(library.context.first<Client>("")->name, "Ana María López");
+}
+
+TEST(ClientOperationsTest, doesNotMakeTheSameClientTwice)
+{
+    AssistantLibrary library;
+    library.data("create_client", R"({"name":"Schröder & Co","email":"info@s.example","vat_id":"ATU12345675"})");
+    for (const std::string_view arguments : {R"({"name":"SCHRODER & CO"})",
+                                             R"({"name":"Other","email":"INFO@s.example"})",
+                                             R"({"name":"Third","vat_id":"atu 1234 5675"})"}) {
+        EXPECT_TRUE(
+            library.refusal("create_client", arguments).starts_with("There already is a client Schröder & Co ["))
+            << arguments;
+    }
+}
+
+TEST(ClientOperationsTest, findsTheBestFirstAndNeverGuesses)
+{
+    AssistantLibrary library;
+    library.data("create_client", R"({"name":"Café Müller","city":"Bremen"})");
+    library.data("create_client", R"({"name":"Müller Bau","city":"Kiel"})");
+    library.data("create_client", R"({"name":"Muller"})");
+    library.data("create_client", R"({"name":"Hansa","city":"Müllheim"})");
+    std::string names;
+    const JSON found = library.data("find_clients", R"({"query":"mÜLLer"})");
+    for (const JSON& client : *found.find("clients")->array()) {
+        names += *client.find("name")->string() + ", ";
+    }
+    EXPECT_EQ(names, "Muller, Müller Bau, Café Müller, ");
+    // One exact hit is meant; several that merely hold the word are a question.
+    EXPECT_FALSE(library.call("create_document", R"({"kind":"quote","client":"muller"})").isError);
+    const std::string question = library.refusal("create_document", R"({"kind":"quote","client":"mül"})");
+    EXPECT_TRUE(question.starts_with("“mül” fits several. Which one? ")) << question;
+    EXPECT_EQ(library.refusal("create_document", R"({"kind":"quote","client":"Nobody"})"),
+              "There's no client “Nobody”. find_clients lists them, create_client adds one.");
+}
+
+} // namespace
+} // namespace Quillary

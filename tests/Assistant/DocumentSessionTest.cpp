@@ -1,0 +1,208 @@
+#include "QuillaryCore/Model/CatalogItem.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentTaxTreatment.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/NumberSequence.h"
+#include "QuillaryCore/Store/Store.h"
+#include "tests/Assistant/AssistantLibrary.h"
+
+#include <fmt/format.h>
+
+namespace Quillary {
+namespace {
+
+class DocumentSessionTest : public testing::Test
+{
+protected:
+    /// Updates the document that `create` made.
+    JSON update(std::string_view members)
+    {
+        return library.data("update_document", fmt::format(R"({{"document":"{}",{}}})", id, members));
+    }
+
+    std::string refusedUpdate(std::string_view members)
+    {
+        return library.refusal("update_document", fmt::format(R"({{"document":"{}",{}}})", id, members));
+    }
+
+    JSON create(std::string_view members)
+    {
+        JSON made = library.data("create_document", fmt::format("{{{}}}", members));
+        id = *made.find("id")->string();
+        return made;
+    }
+
+    const Document& document() { return *library.context.find<Document>(*UUID::parse(id)); }
+
+    AssistantLibrary library;
+    std::string id;
+};
+
+TEST_F(DocumentSessionTest, fillsADraftFromTheClientAndTheBusiness)
+{
+    library.data("create_client",
+                 R"({"name":"Lumière SARL","language":"fr","currency":"CHF","payment_terms_days":30})");
+    const JSON made = create(R"("kind":"invoice","client":"lumiere","add_lines":[{"title":"Conseil","quantity":1.5,
+                                "unit":"hour","unit_price":99.99}])");
+    EXPECT_EQ(member(made, "number"), "\"INV-2026-001\"");
+    EXPECT_EQ(member(made, "issue_date"), "\"2026-03-17\"");
+    EXPECT_EQ(member(made, "due_date"), "\"2026-04-16\"");
+    EXPECT_EQ(member(made, "currency"), "\"CHF\"");
+    EXPECT_EQ(member(made, "language"), "\"fr\"");
+    EXPECT_EQ(member(made, "net"), "149.99"); // 149.985, a tie
+    EXPECT_EQ(member(made, "total"), "178.49");
+    EXPECT_EQ(document().madeBy, "Test Assistant");
+    EXPECT_EQ(document().cachedTotalMinorUnits, 17849);
+    const LineItem* line = library.context.first<LineItem>("");
+    EXPECT_EQ(line->vatBasisPoints, 1900);
+    EXPECT_EQ(line->unitPlural, "heures");
+}
+
+TEST_F(DocumentSessionTest, takesBackEverythingWhenOneArgumentIsRefused)
+{
+    create(R"("kind":"invoice","add_lines":[{"title":"A","unit_price":10}])");
+    const std::string sentences[] = {
+        refusedUpdate(R"("title":"New","add_lines":[{"title":"B","unit_price":"1e30"}])"),
+        refusedUpdate(R"("title":"New","remove_lines":[1],"issue_date":"2026-02-30")"),
+        refusedUpdate(R"("title":"New","change_lines":[{"line":2,"quantity":3}])"),
+        refusedUpdate(R"("title":"New","reverse_charge":true,"tax_exempt":true)"),
+        refusedUpdate(R"("title":"New","add_lines":[{"unit":"furlong"}])"),
+        refusedUpdate(R"("title":"New","add_lines":[{"quantity":1000000000,"unit_price":100000000000}])"),
+        library.refusal("create_document", R"({"kind":"invoice","currency":"XYZ"})"),
+        library.refusal("create_document", R"({"kind":"quote","payment_terms_days":3})"),
+    };
+    for (const std::string& sentence : sentences) {
+        EXPECT_FALSE(sentence.empty());
+    }
+    EXPECT_FALSE(library.context.hasChanges());
+    EXPECT_EQ(document().title, "");
+    EXPECT_EQ(document().cachedTotalMinorUnits, 1190);
+    EXPECT_EQ(library.context.count<LineItem>(""), 1);
+    EXPECT_EQ(library.context.count<Document>(""), 1);
+    // A refused draft has used up no number.
+    EXPECT_EQ(member(create(R"("kind":"invoice")"), "number"), "\"INV-2026-002\"");
+}
+
+TEST_F(DocumentSessionTest, numbersLinesAsTheyStoodBeforeTheCall)
+{
+    create(R"("kind":"invoice","add_lines":[{"title":"A"},{"title":"B"},{"title":"C"}])");
+    const JSON changed = update(
+        R"("remove_lines":[1],"change_lines":[{"line":2,"title":"B2"},{"line":3,"quantity":2}],"add_lines":[{"title":"D"}])");
+    std::string titles;
+    for (const JSON& line : *changed.find("lines")->array()) {
+        titles += *line.find("title")->string() + "×" + line.find("quantity")->decimalText().value_or("?") + " ";
+    }
+    EXPECT_EQ(titles, "B2×1 C×2 D×1 ");
+}
+
+TEST_F(DocumentSessionTest, replacesAndRemovesTheDiscount)
+{
+    create(R"("kind":"invoice","discount_percent":10,"add_lines":[{"title":"A","unit_price":200}])");
+    EXPECT_EQ(member(update(R"("title":"T")"), "net"), "180.00");
+    EXPECT_EQ(member(update(R"("discount_amount":5)"), "net"), "195.00");
+    EXPECT_EQ(member(update(R"("discount_percent":0)"), "net"), "200.00");
+}
+
+TEST_F(DocumentSessionTest, keepsTheTaxTreatmentAndItsNoteInTheDocumentsLanguage)
+{
+    create(R"("kind":"invoice","reverse_charge":true,"language":"de","add_lines":[{"title":"A","unit_price":100}])");
+    EXPECT_EQ(document().cachedTotalMinorUnits, 10000);
+    EXPECT_TRUE(document().taxExemptNote.starts_with("Steuerschuldnerschaft"));
+    update(R"("language":"it")");
+    EXPECT_TRUE(document().taxExemptNote.starts_with("Inversione contabile"));
+    update(R"("tax_exempt_note":"Own words","language":"en")");
+    EXPECT_EQ(document().taxExemptNote, "Own words");
+    EXPECT_EQ(taxTreatment(library.context, document()), TaxTreatment::reverseCharge);
+    update(R"("outside_eu":false)"); // says nothing about reverse charge
+    EXPECT_EQ(taxTreatment(library.context, document()), TaxTreatment::reverseCharge);
+    update(R"("reverse_charge":false)");
+    EXPECT_EQ(taxTreatment(library.context, document()), TaxTreatment::standard);
+    EXPECT_EQ(document().cachedTotalMinorUnits, 11900);
+}
+
+TEST_F(DocumentSessionTest, movesTheNumberOnlyWhileItIsTheNewest)
+{
+    create(R"("kind":"invoice")");
+    EXPECT_EQ(member(update(R"("issue_date":"2025-12-31")"), "number"), "\"INV-2025-001\"");
+    EXPECT_EQ(member(update(R"("issue_date":"2026-01-02")"), "number"), "\"INV-2026-001\"");
+    const std::string first = id;
+    create(R"("kind":"invoice")");
+    id = first;
+    EXPECT_EQ(member(update(R"("issue_date":"2025-12-31")"), "number"), "\"INV-2026-001\"");
+}
+
+TEST_F(DocumentSessionTest, numbersADraftOnceItsPatternsClientIsKnown)
+{
+    library.context.edit(*library.context.find(library.business)).invoiceNumberFormat = "{client}-{###,c}";
+    library.context.save();
+    library.data("create_client", R"({"name":"Acme"})");
+    EXPECT_EQ(member(create(R"("kind":"invoice")"), "number"), "\"\"");
+    EXPECT_EQ(member(update(R"("client":"Acme")"), "number"), "\"C-0001-001\"");
+}
+
+TEST_F(DocumentSessionTest, keepsFiguresWhenTheCurrencyChanges)
+{
+    create(R"("kind":"invoice","currency":"EUR","add_lines":[{"title":"A","unit_price":90}])");
+    EXPECT_EQ(member(update(R"("currency":"JPY")"), "net"), "90");
+    EXPECT_EQ(member(update(R"("currency":"KWD")"), "net"), "90.000");
+    update(R"("change_lines":[{"line":1,"unit_price":90.125}])");
+    EXPECT_EQ(refusedUpdate(R"("currency":"EUR")"),
+              "The currency can't become EUR: the price 90.125 has more decimals than it.");
+}
+
+TEST_F(DocumentSessionTest, copiesTheLastInvoiceWithItsSubLines)
+{
+    library.data("create_client", R"({"name":"Acme"})");
+    create(
+        R"("kind":"invoice","client":"Acme","add_lines":[{"title":"A","unit_price":10},{"title":"B","unit_price":5}])");
+    const LineItem* first = library.context.first<LineItem>("title = ?", std::string("A"));
+    library.context.edit(*library.context.first<LineItem>("title = ?", std::string("B"))).parent = first->ref;
+    library.context.save();
+    const JSON copy = create(R"("kind":"invoice","client":"Acme","copy_last_invoice":true)");
+    EXPECT_EQ(member(copy, "net"), "15.00");
+    EXPECT_EQ(member(copy.find("lines")->array()->at(1), "sub_line"), "true");
+    EXPECT_EQ(library.context.count<LineItem>(""), 4);
+}
+
+TEST_F(DocumentSessionTest, fillsALineFromTheCatalog)
+{
+    CatalogItem& item = library.context.insert<CatalogItem>();
+    item.name = "Hosting";
+    item.unit = "month";
+    item.unitPriceMinorUnits = 1250;
+    item.currencyCode = "EUR";
+    library.context.save();
+    EXPECT_EQ(member(create(R"("kind":"quote","add_lines":[{"catalog_item":"hosting","quantity":12}])"), "net"),
+              "150.00");
+    EXPECT_EQ(library.refusal("create_document",
+                              R"({"kind":"quote","currency":"USD","add_lines":[{"catalog_item":"hosting"}]})"),
+              "“add_lines 1: unit_price” is needed: “Hosting” is priced in EUR, the document is in USD.");
+}
+
+TEST_F(DocumentSessionTest, leavesAnIssuedInvoiceAlone)
+{
+    create(R"("kind":"invoice","add_lines":[{"title":"A","unit_price":10}])");
+    library.context.edit(document()).statusRaw = 1;
+    library.context.save();
+    EXPECT_EQ(refusedUpdate(R"("title":"New")"),
+              "INV-2026-001 is no draft any more, so it can't be changed. To correct an invoice that was sent, make a "
+              "credit note for it and a new invoice.");
+}
+
+TEST_F(DocumentSessionTest, keepsWhatSomebodyElseIsTyping)
+{
+    create(R"("kind":"invoice")");
+    library.context.edit(document()).title = "half-typed";
+    library.refusal("update_document", fmt::format(R"({{"document":"{}","issue_date":"soon"}})", id));
+    EXPECT_EQ(document().title, "half-typed");
+    update(R"("footer":"Thanks")");
+    EXPECT_EQ(document().title, "half-typed");
+    EXPECT_TRUE(library.context.hasChanges()); // still unsaved, the footer is not
+    library.context.rollback();
+    EXPECT_EQ(document().title, "");
+    EXPECT_EQ(document().outroText, "Thanks");
+}
+
+} // namespace
+} // namespace Quillary
