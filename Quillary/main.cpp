@@ -1,0 +1,6 @@
+#include "Quillary/CommandLine.h"
+
+int main(int argumentCount, char** arguments)
+{
+    return Quillary::runCommandLine(argumentCount, arguments);
+}

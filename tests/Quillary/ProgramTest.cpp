@@ -1,0 +1,119 @@
+#include "tests/Support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <sys/wait.h>
+
+namespace Quillary {
+namespace {
+
+struct Answer
+{
+    int status = 0;
+    std::string output;
+};
+
+/// Runs the program as a shell would, standard error included.
+Answer quillary(const TempFolder& folder, const std::string& arguments)
+{
+    const std::string command = "cd '" + folder.path().string() +
+                                "' && HOME=\"$PWD\" XDG_DATA_HOME= LC_ALL=de_DE.UTF-8 '" + QUILLARY_PROGRAM + "' " +
+                                arguments + " 2>&1";
+    Answer answer;
+    FILE* pipe = popen(command.c_str(), "r"); // NOLINT(cert-env33-c): a shell is what is being imitated
+    std::array<char, 4096> buffer{};
+    for (std::size_t count = fread(buffer.data(), 1, buffer.size(), pipe); count > 0;
+         count = fread(buffer.data(), 1, buffer.size(), pipe)) {
+        answer.output.append(buffer.data(), count);
+    }
+    answer.status = WEXITSTATUS(pclose(pipe));
+    return answer;
+}
+
+TEST(ProgramTest, makesAnInvoiceFromThreeCommands)
+{
+    const TempFolder folder;
+    EXPECT_EQ(quillary(folder, "call update_business_profile --name Hof --country DE --vat-id DE136695976").status, 0);
+    EXPECT_EQ(quillary(folder, "call create_client --name Acme --email a@acme.example").status, 0);
+    const Answer made = quillary(folder,
+                                 "call --output json create_document --kind invoice --client acme --add-lines "
+                                 "'title=Design; quantity=2.5; unit=hour; unit_price=90' --reverse-charge=false");
+    EXPECT_EQ(made.status, 0) << made.output;
+    EXPECT_NE(made.output.find("\"total\": 267.75"), std::string::npos) << made.output;
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / ".local/share/quillary/Library.sqlite"));
+
+    const Answer saved = quillary(folder, "call export_document_pdf --document \"$(date +INV-%Y-001)\" --folder .");
+    EXPECT_EQ(saved.status, 0) << saved.output;
+    const Answer again = quillary(folder, "call export_document_pdf --document \"$(date +INV-%Y-001)\" --folder .");
+    EXPECT_NE(again.output.find(" (2).pdf"), std::string::npos) << again.output;
+
+    const Answer preview =
+        quillary(folder, "call preview_document --document \"$(date +INV-%Y-001)\" --image page.png");
+    EXPECT_EQ(preview.status, 0) << preview.output;
+    EXPECT_TRUE(std::filesystem::file_size(folder.path() / "page.png") > 10'000);
+}
+
+TEST(ProgramTest, answersMistakesWithOneSentenceAndAStatus)
+{
+    TempFolder folder;
+    folder.write("notes/Library.sqlite",
+                 "this is a shopping list, not a library, and longer than a header of SQLite is");
+    struct Case
+    {
+        std::string arguments;
+        int status;
+        std::string sentence;
+    };
+    const Case cases[] = {
+        {"call create_document", 1, "“kind” is missing: What to make.\n"},
+        {"call find_clients --json '{'", 1, "The arguments given with --json aren't readable as JSON.\n"},
+        {"call find_clients --limit many", 1, "“limit” must be a plain number such as 12.5.\n"},
+        {"call get_document --document nothing", 1, "There's no document with the id or number “nothing”.\n"},
+        {"call record_payment --document 1",
+         1,
+         "“Record a payment” (record_payment) isn't available yet in this version of Quillary.\n"},
+        {"call export_document_pdf --document 1 --folder /nowhere",
+         1,
+         "There's no document with the id or number “1”.\n"},
+        {"make-example missing.json", 1, "Couldn't open missing.json: No such file or directory.\n"},
+        {"--initialize-cloudkit-schema",
+         1,
+         "This build of Quillary mirrors to no cloud, so there is no schema to initialize.\n"},
+        {"call fly", 2, ""},
+        {"--nonsense", 2, ""},
+    };
+    for (const Case& example : cases) {
+        const Answer answer = quillary(folder, example.arguments);
+        EXPECT_EQ(answer.status, example.status) << example.arguments << "\n" << answer.output;
+        if (!example.sentence.empty()) {
+            EXPECT_EQ(answer.output, example.sentence) << example.arguments;
+        }
+    }
+    const Answer foreign = quillary(folder, "--library notes call find_clients");
+    EXPECT_EQ(foreign.status, 1) << foreign.output;
+    EXPECT_TRUE(folder.read("notes/Library.sqlite").starts_with("this is a shopping list"));
+}
+
+TEST(ProgramTest, keepsAndRestoresBackups)
+{
+    const TempFolder folder;
+    quillary(folder, "call create_client --name Before");
+    const Answer made = quillary(folder, "backup now");
+    EXPECT_EQ(made.status, 0) << made.output;
+    quillary(folder, "call create_client --name After");
+    const Answer listed = quillary(folder, "backup list");
+    EXPECT_NE(listed.output.find("Quillary Backup"), std::string::npos) << listed.output;
+    const std::string file = made.output.substr(made.output.find('/'));
+    EXPECT_EQ(quillary(folder, "backup restore '" + file.substr(0, file.find(".sqlite") + 7) + "'").status, 0);
+    const Answer clients = quillary(folder, "call find_clients");
+    EXPECT_NE(clients.output.find("Before"), std::string::npos) << clients.output;
+    EXPECT_EQ(clients.output.find("After"), std::string::npos) << clients.output;
+    EXPECT_NE(quillary(folder, "backup list").output.find("Quillary Before Restore"), std::string::npos);
+}
+
+} // namespace
+} // namespace Quillary
