@@ -1,0 +1,553 @@
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/DataModel.h"
+#include "QuillaryCore/Model/Discount.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentTaxTreatment.h"
+#include "QuillaryCore/Model/Fee.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/Payment.h"
+#include "QuillaryCore/Model/Reminder.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/Store.h"
+#include "bench/Support/LibraryGenerator.h"
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+// What the store costs beside bare SQLite doing the same work with the same tables, in the same run.
+
+namespace Quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int linesPerDocument = 6;
+
+/// A folder that goes with the object.
+struct Folder
+{
+    Folder() { fs::remove_all(path); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { fs::remove_all(path); }
+
+    fs::path path = fs::temp_directory_path() / fmt::format("quillary-bench-{}", std::rand());
+};
+
+/// An open library with its context.
+struct Library
+{
+    explicit Library(const fs::path& folder)
+        : store(Store::Location::directory(folder), DataModel::records(), DataModel::history(), clock, uuids)
+        , context(store, clock, uuids)
+    {
+    }
+
+    FixedClock clock{LibraryGenerator::today};
+    CountingUUIDSource uuids{1'000'000'000};
+    Store store;
+    Context context;
+};
+
+/// A made-up library, kept from one run to the next.
+fs::path madeLibrary(std::int64_t documents)
+{
+    const fs::path folder = fs::temp_directory_path() / fmt::format("quillary-bench-library-{}", documents);
+    LibraryGenerator::makeLibrary(folder, {static_cast<int>(documents), static_cast<int>(documents / 10)});
+    return folder;
+}
+
+void check(int code)
+{
+    if (code != SQLITE_OK && code != SQLITE_DONE && code != SQLITE_ROW) {
+        fmt::print(stderr, "SQLite {}\n", code);
+        std::abort();
+    }
+}
+
+/// The floor's statement: bound and stepped by hand.
+class BareStatement
+{
+public:
+    BareStatement(sqlite3* database, const std::string& sql)
+    {
+        check(sqlite3_prepare_v2(database, sql.c_str(), -1, &m_handle, nullptr));
+    }
+    BareStatement(const BareStatement&) = delete;
+    BareStatement& operator=(const BareStatement&) = delete;
+    ~BareStatement() { sqlite3_finalize(m_handle); }
+
+    [[nodiscard]] sqlite3_stmt* handle() const { return m_handle; }
+
+    void run()
+    {
+        check(sqlite3_step(m_handle));
+        check(sqlite3_reset(m_handle));
+    }
+
+private:
+    sqlite3_stmt* m_handle = nullptr;
+};
+
+std::string insertion(const Entity& entity)
+{
+    std::string names = "id";
+    std::string places = "?";
+    for (const Attribute& attribute : entity.attributes) {
+        names += ", " + attribute.name;
+        places += ", ?";
+    }
+    for (const Relationship& relationship : entity.relationships) {
+        names += ", " + relationship.name;
+        places += ", ?";
+    }
+    return fmt::format("INSERT INTO {} ({}) VALUES ({})", entity.name, names, places);
+}
+
+/// Writes documents with their lines into the tables of the model, every column bound, and nothing else.
+class BareWriter
+{
+public:
+    explicit BareWriter(sqlite3* database)
+        : m_document(database, insertion(*DataModel::model().entity("Document")))
+        , m_line(database, insertion(*DataModel::model().entity("LineItem")))
+    {
+    }
+
+    void write(const Document& document, const LineItem& line)
+    {
+        ++m_documentKey;
+        sqlite3_stmt* statement = m_document.handle();
+        int index = 1;
+        sqlite3_bind_int64(statement, index++, m_documentKey);
+        bindFields(statement, index, document);
+        sqlite3_bind_int64(statement, index++, 1);
+        sqlite3_bind_int64(statement, index++, 0);
+        m_document.run();
+        for (int number = 0; number < linesPerDocument; ++number) {
+            statement = m_line.handle();
+            index = 1;
+            sqlite3_bind_int64(statement, index++, ++m_lineKey);
+            bindFields(statement, index, line);
+            sqlite3_bind_int64(statement, index++, m_documentKey);
+            sqlite3_bind_int64(statement, index++, 0);
+            m_line.run();
+        }
+    }
+
+private:
+    template <class T>
+    void bindFields(sqlite3_stmt* statement, int& index, const T& record)
+    {
+        std::apply([&](const auto&... fields) { (bind(statement, index++, record.*fields.member), ...); }, T::fields());
+    }
+
+    void bind(sqlite3_stmt* statement, int index, const std::optional<UUID>& value)
+    {
+        if (value) {
+            // A fresh one each time, as every record has: the index over them grows at the end here and there.
+            m_uuid = value->bytes();
+            const std::uint64_t number = ++m_uuidCount;
+            for (std::size_t byte = 0; byte < 8; ++byte) {
+                m_uuid[15 - byte] = static_cast<std::uint8_t>(number >> (8 * byte));
+            }
+            sqlite3_bind_blob(statement, index, m_uuid.data(), 16, SQLITE_STATIC);
+        } else {
+            sqlite3_bind_null(statement, index);
+        }
+    }
+    static void bind(sqlite3_stmt* statement, int index, const std::optional<Instant>& value)
+    {
+        value ? sqlite3_bind_int64(statement, index, value->time_since_epoch().count())
+              : sqlite3_bind_null(statement, index);
+    }
+    static void bind(sqlite3_stmt* statement, int index, const std::string& value)
+    {
+        sqlite3_bind_text(statement, index, value.data(), static_cast<int>(value.size()), SQLITE_STATIC);
+    }
+    static void bind(sqlite3_stmt* statement, int index, std::int64_t value)
+    {
+        sqlite3_bind_int64(statement, index, value);
+    }
+
+    BareStatement m_document;
+    BareStatement m_line;
+    std::int64_t m_documentKey = 1'000'000;
+    std::int64_t m_lineKey = 10'000'000;
+    std::uint64_t m_uuidCount = 0;
+    UUID::Bytes m_uuid{};
+};
+
+Document sampleDocument()
+{
+    Document document;
+    document.uuid = UUID(UUID::Bytes{});
+    document.createdAt = LibraryGenerator::today;
+    document.issueDate = LibraryGenerator::today;
+    document.dueDate = LibraryGenerator::today;
+    document.number = "INV-2026-000123";
+    document.currencyCode = "EUR";
+    document.languageCode = "de";
+    document.title = "Website design for Müller";
+    document.introText = "Thank you for your order. We hereby charge as agreed:";
+    document.outroText = "Please pay within 14 days without deduction.";
+    document.cachedNetMinorUnits = 123'456;
+    document.cachedTotalMinorUnits = 146'913;
+    return document;
+}
+
+LineItem sampleLine()
+{
+    LineItem line;
+    line.uuid = UUID(UUID::Bytes{});
+    line.title = "Workshop and travel";
+    line.quantityThousandths = 2'500;
+    line.unitPriceMinorUnits = 9'900;
+    line.vatBasisPoints = 1'900;
+    line.unit = "hour";
+    line.unitSingular = "Stunde";
+    line.unitPlural = "Stunden";
+    return line;
+}
+
+void fill(Document& document)
+{
+    const Document sample = sampleDocument();
+    document.dueDate = sample.dueDate;
+    document.number = sample.number;
+    document.currencyCode = sample.currencyCode;
+    document.languageCode = sample.languageCode;
+    document.title = sample.title;
+    document.introText = sample.introText;
+    document.outroText = sample.outroText;
+    document.cachedNetMinorUnits = sample.cachedNetMinorUnits;
+    document.cachedTotalMinorUnits = sample.cachedTotalMinorUnits;
+}
+
+/// A document with its lines, as an operation of the model makes it.
+const Document& insertDocument(Context& context)
+{
+    auto& document = context.insert<Document>();
+    fill(document);
+    document.client = Ref<Client>(1);
+    const LineItem sample = sampleLine();
+    for (int number = 0; number < linesPerDocument; ++number) {
+        auto& line = context.insert<LineItem>();
+        line.document = document.ref;
+        line.sortIndex = number;
+        line.title = sample.title;
+        line.quantityThousandths = sample.quantityThousandths;
+        line.unitPriceMinorUnits = sample.unitPriceMinorUnits;
+        line.vatBasisPoints = sample.vatBasisPoints;
+        line.unit = sample.unit;
+        line.unitSingular = sample.unitSingular;
+        line.unitPlural = sample.unitPlural;
+    }
+    return document;
+}
+
+// Documents in one transaction: rows by bare statements, the same through the context, and each in a scope of its own
+// that also reads the lines back, as the operations of the model do.
+
+void insertFloor(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    sqlite3* database = library.store.connection().handle();
+    BareWriter writer(database);
+    const Document document = sampleDocument();
+    const LineItem line = sampleLine();
+    for ([[maybe_unused]] const auto iteration : state) {
+        check(sqlite3_exec(database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+        for (std::int64_t count = 0; count < state.range(0); ++count) {
+            writer.write(document, line);
+        }
+        check(sqlite3_exec(database, "COMMIT", nullptr, nullptr, nullptr));
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void insertRows(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    for ([[maybe_unused]] const auto iteration : state) {
+        for (std::int64_t count = 0; count < state.range(0); ++count) {
+            insertDocument(library.context);
+        }
+        library.context.save();
+        library.context.forgetUnchanged();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void insertThroughScopes(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    Context& context = library.context;
+    for ([[maybe_unused]] const auto iteration : state) {
+        auto whole = context.beginScope("Import");
+        for (std::int64_t count = 0; count < state.range(0); ++count) {
+            auto scope = context.beginScope("New invoice");
+            const Document& document = insertDocument(context);
+            std::int64_t sum = 0;
+            for (const LineItem* line : context.related<&LineItem::document>(document)) {
+                sum += line->unitPriceMinorUnits;
+            }
+            context.edit(document).cachedNetMinorUnits = sum;
+            scope.commit();
+        }
+        whole.commit();
+        context.forgetUnchanged();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+// One saved document: durable on return.
+
+void saveFloor(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    sqlite3* database = library.store.connection().handle();
+    BareWriter writer(database);
+    const Document document = sampleDocument();
+    const LineItem line = sampleLine();
+    BareStatement begin(database, "BEGIN IMMEDIATE");
+    BareStatement commit(database, "COMMIT");
+    for ([[maybe_unused]] const auto iteration : state) {
+        begin.run();
+        writer.write(document, line);
+        commit.run();
+    }
+}
+
+void saveInserted(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    for ([[maybe_unused]] const auto iteration : state) {
+        insertDocument(library.context);
+        library.context.save();
+    }
+}
+
+void saveInScope(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    for ([[maybe_unused]] const auto iteration : state) {
+        auto scope = library.context.beginScope("New invoice");
+        insertDocument(library.context);
+        scope.commit();
+    }
+}
+
+// One changed field, saved.
+
+void changeFloor(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    const std::int64_t key = insertDocument(library.context).ref.key();
+    library.context.save();
+    sqlite3* database = library.store.connection().handle();
+    BareStatement begin(database, "BEGIN IMMEDIATE");
+    BareStatement update(database, "UPDATE Document SET cachedNetMinorUnits = ? WHERE id = ?");
+    BareStatement commit(database, "COMMIT");
+    std::int64_t value = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        begin.run();
+        sqlite3_bind_int64(update.handle(), 1, ++value);
+        sqlite3_bind_int64(update.handle(), 2, key);
+        update.run();
+        commit.run();
+    }
+}
+
+void changeInScope(benchmark::State& state)
+{
+    const Folder folder;
+    Library library(folder.path);
+    const Document& document = insertDocument(library.context);
+    library.context.save();
+    std::int64_t value = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        auto scope = library.context.beginScope("Edit");
+        library.context.edit(document).cachedNetMinorUnits = ++value;
+        scope.commit();
+    }
+}
+
+// Opening a library and showing the newest hundred documents with status and amounts; the same with bare SQLite.
+
+constexpr const char* newestSQL =
+    "SELECT d.id, d.kindRaw, d.statusRaw, d.number, d.issueDate, d.dueDate, d.currencyCode, "
+    "d.cachedTotalMinorUnits, d.cachedPaidMinorUnits, d.cachedLateFeesMinorUnits, c.name "
+    "FROM Document d LEFT JOIN Client c ON c.id = d.client "
+    "ORDER BY d.issueDate DESC, d.id DESC LIMIT 100";
+
+void openFloor(benchmark::State& state)
+{
+    const fs::path file = madeLibrary(state.range(0)) / Store::fileName;
+    for ([[maybe_unused]] const auto iteration : state) {
+        sqlite3* database = nullptr;
+        check(sqlite3_open(file.c_str(), &database));
+        {
+            const BareStatement statement(database, newestSQL);
+            while (sqlite3_step(statement.handle()) == SQLITE_ROW) {
+                for (int column = 0; column < 11; ++column) {
+                    benchmark::DoNotOptimize(sqlite3_column_text(statement.handle(), column));
+                }
+            }
+        }
+        check(sqlite3_close(database));
+    }
+}
+
+void openAndList(benchmark::State& state)
+{
+    const fs::path folder = madeLibrary(state.range(0));
+    for ([[maybe_unused]] const auto iteration : state) {
+        Library library(folder);
+        std::size_t count = 0;
+        library.context.query(newestSQL, [&](const Statement& row) {
+            benchmark::DoNotOptimize(std::string(row.text(3)));
+            benchmark::DoNotOptimize(row.integer(7) + row.integer(9) - row.integer(8));
+            benchmark::DoNotOptimize(std::string(row.text(10)));
+            ++count;
+        });
+        if (count != 100) {
+            state.SkipWithError("the list is short");
+        }
+    }
+}
+
+// One document with everything that belongs to it, each time another one that isn't in memory.
+
+void loadFloor(benchmark::State& state)
+{
+    Library library(madeLibrary(state.range(0)));
+    sqlite3* database = library.store.connection().handle();
+    std::vector<std::unique_ptr<BareStatement>> statements;
+    for (const char* sql : {"SELECT * FROM Document WHERE id = ?",
+                            "SELECT * FROM LineItem WHERE document = ?",
+                            "SELECT * FROM Discount WHERE document = ?",
+                            "SELECT * FROM Fee WHERE document = ?",
+                            "SELECT * FROM Payment WHERE document = ?",
+                            "SELECT * FROM Reminder WHERE document = ?"}) {
+        statements.push_back(std::make_unique<BareStatement>(database, sql));
+    }
+    std::int64_t key = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        key = (key + 7919) % state.range(0);
+        for (const auto& statement : statements) {
+            sqlite3_bind_int64(statement->handle(), 1, key + 1);
+            while (sqlite3_step(statement->handle()) == SQLITE_ROW) {
+                for (int column = 0; column < sqlite3_column_count(statement->handle()); ++column) {
+                    benchmark::DoNotOptimize(sqlite3_column_blob(statement->handle(), column));
+                }
+            }
+            sqlite3_reset(statement->handle());
+        }
+    }
+}
+
+void loadDocument(benchmark::State& state)
+{
+    Library library(madeLibrary(state.range(0)));
+    Context& context = library.context;
+    std::int64_t key = 0;
+    for ([[maybe_unused]] const auto iteration : state) {
+        key = (key + 7919) % state.range(0);
+        const Document& document = *context.find(Ref<Document>(key + 1));
+        benchmark::DoNotOptimize(context.related<&LineItem::document>(document).size());
+        benchmark::DoNotOptimize(context.related<&Discount::document>(document).size());
+        benchmark::DoNotOptimize(context.related<&Fee::document>(document).size());
+        benchmark::DoNotOptimize(context.related<&Payment::document>(document).size());
+        benchmark::DoNotOptimize(context.related<&Reminder::document>(document).size());
+        if (key % 64 == 0) {
+            context.forgetUnchanged();
+        }
+    }
+}
+
+// Every line of every document, as a report reads them: bare in one scan, prefetched by the context, and one by one.
+
+void linesFloor(benchmark::State& state)
+{
+    Library library(madeLibrary(state.range(0)));
+    const BareStatement statement(library.store.connection().handle(),
+                                  "SELECT document, quantityThousandths, unitPriceMinorUnits FROM LineItem");
+    for ([[maybe_unused]] const auto iteration : state) {
+        std::int64_t sum = 0;
+        while (sqlite3_step(statement.handle()) == SQLITE_ROW) {
+            sum += sqlite3_column_int64(statement.handle(), 1) * sqlite3_column_int64(statement.handle(), 2);
+        }
+        benchmark::DoNotOptimize(sum);
+        sqlite3_reset(statement.handle());
+    }
+}
+
+template <bool isPrefetched>
+void linesOf(benchmark::State& state)
+{
+    Library library(madeLibrary(state.range(0)));
+    Context& context = library.context;
+    for ([[maybe_unused]] const auto iteration : state) {
+        const std::vector<const Document*> documents = context.fetch<Document>("");
+        if constexpr (isPrefetched) {
+            context.prefetch<&LineItem::document, Document>(documents);
+        }
+        std::int64_t sum = 0;
+        for (const Document* document : documents) {
+            for (const LineItem* line : context.related<&LineItem::document>(*document)) {
+                sum += line->quantityThousandths * line->unitPriceMinorUnits;
+            }
+        }
+        benchmark::DoNotOptimize(sum);
+        state.PauseTiming();
+        context.forgetUnchanged();
+        state.ResumeTiming();
+    }
+}
+
+void linesPrefetched(benchmark::State& state)
+{
+    linesOf<true>(state);
+}
+
+void linesOneByOne(benchmark::State& state)
+{
+    linesOf<false>(state);
+}
+
+BENCHMARK(insertFloor)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(insertRows)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(insertThroughScopes)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(saveFloor)->Unit(benchmark::kMicrosecond);
+BENCHMARK(saveInserted)->Unit(benchmark::kMicrosecond);
+BENCHMARK(saveInScope)->Unit(benchmark::kMicrosecond);
+BENCHMARK(changeFloor)->Unit(benchmark::kMicrosecond);
+BENCHMARK(changeInScope)->Unit(benchmark::kMicrosecond);
+BENCHMARK(openFloor)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(openAndList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(loadFloor)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(loadDocument)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(linesFloor)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(linesPrefetched)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(linesOneByOne)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace Quillary
