@@ -38,5 +38,9 @@ endif()
 
 find_program(QUILLARY_CCACHE ccache)
 if(QUILLARY_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${QUILLARY_CCACHE}")
+    # A clone in another folder finds what was compiled before, precompiled headers included.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
+        "${QUILLARY_CCACHE}"
+    )
 endif()

@@ -33,6 +33,7 @@ function(quillary_add_unit name)
     target_link_libraries(${target} PUBLIC QuillaryCompiler ${unit_USES} ${unit_LIBRARIES})
     target_link_libraries(${target} PRIVATE ${unit_PRIVATE_LIBRARIES})
     set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+    quillary_use_precompiled(${target})
 endfunction()
 
 # quillary_add_tests(Name SOURCES ... USES ...)
@@ -46,6 +47,7 @@ function(quillary_add_tests name)
     add_executable(${target} ${unit_SOURCES})
     list(TRANSFORM unit_USES PREPEND "Quillary")
     target_link_libraries(${target} PRIVATE QuillaryCompiler QuillaryTestSupport ${unit_USES} ${unit_LIBRARIES} GTest::gmock_main)
+    quillary_use_precompiled(${target})
     include(GoogleTest)
     gtest_discover_tests(
         ${target}
