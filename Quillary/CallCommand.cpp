@@ -88,6 +88,8 @@ void CallCommand::addTool(CLI::App& call, const AssistantTool& tool)
             [this, key = name](const std::vector<std::string>& values) { m_values[key] = values; },
             describe(property));
         option->type_name(*property.find("type")->string());
+        // Text in square brackets is the user's own and no list of the parser's.
+        option->allow_extra_args(false);
         option->expected(isFlag ? 0 : 1, 1)->take_all();
         if (isFlag) {
             option->default_str("true");

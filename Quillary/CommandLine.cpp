@@ -123,7 +123,12 @@ int parseAndRun(int argumentCount, char** arguments)
         // Help and version come as "errors" that exit with 0.
         return app.exit(error) == 0 ? 0 : statusMisunderstood;
     }
-    return commands.run(app);
+    const int status = commands.run(app);
+    // An answer that did not arrive (a full disk behind a pipe) is no success.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        throw UserError("The answer couldn't be written to standard output; what was asked for has been done.");
+    }
+    return status;
 }
 
 } // namespace

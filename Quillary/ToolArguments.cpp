@@ -65,16 +65,13 @@ JSON pairs(const JSON& schema, const std::string& name, const std::string& typed
     return object;
 }
 
-JSON element(const JSON& items, const std::string& name, const std::string& typed)
+JSON parsed(const std::string& name, const std::string& typed)
 {
-    if (!trimmed(typed).starts_with('{')) {
-        return pairs(items, name, typed);
-    }
-    std::optional<JSON> object = JSON::parse(typed);
-    if (!object) {
+    std::optional<JSON> value = JSON::parse(typed);
+    if (!value) {
         throw UserError(fmt::format("--{} isn't readable as JSON.", name));
     }
-    return std::move(*object);
+    return std::move(*value);
 }
 
 JSON list(const JSON& schema, const std::string& name, const std::vector<std::string>& typed)
@@ -82,12 +79,15 @@ JSON list(const JSON& schema, const std::string& name, const std::vector<std::st
     const JSON& items = *schema.find("items");
     JSON::Array values;
     for (const std::string& text : typed) {
-        if (typeOf(items) == "object") {
-            values.push_back(element(items, name, text));
-            continue;
-        }
-        for (const std::string_view piece : split(text, ',')) {
-            values.emplace_back(std::string(trimmed(piece)));
+        if (trimmed(text).starts_with('[')) {
+            const JSON array = parsed(name, text);
+            values.insert(values.end(), array.array()->begin(), array.array()->end());
+        } else if (typeOf(items) == "object") {
+            values.push_back(trimmed(text).starts_with('{') ? parsed(name, text) : pairs(items, name, text));
+        } else {
+            for (const std::string_view piece : split(text, ',')) {
+                values.emplace_back(std::string(trimmed(piece)));
+            }
         }
     }
     return {std::move(values)};

@@ -3,11 +3,13 @@
 #include "QuillaryCore/Assistant/ToolResult.h"
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Money/Quantity.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace Quillary {
@@ -24,27 +26,51 @@ constexpr std::size_t longestNumber = 60;
 /// Unit: bytes. Of one character as people count them; only hostile text has longer ones.
 constexpr std::size_t longestCharacter = 32;
 
-bool isControl(char character)
+/// A line break or another character that no printed text holds, at the front of a text.
+struct Control
 {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte < 0x20 || byte == 0x7F;
+    std::size_t length = 0; ///< Unit: bytes; 0 where the text begins with an ordinary character
+    bool isBreak = false;
+};
+
+/// Finds the control characters (general category Cc), Unicode's own line breaks, and the marks that turn the direction
+/// of what follows, by which a name could be shown as another. Joiners stay: emoji and Persian need them.
+Control controlAtFront(std::string_view text)
+{
+    const auto byte = [text](std::size_t index) {
+        return index < text.size() ? static_cast<unsigned char>(text[index]) : 0U;
+    };
+    const unsigned first = byte(0);
+    if (first == '\r' || first == '\n') {
+        return {.length = first == '\r' && byte(1) == '\n' ? 2U : 1U, .isBreak = true};
+    }
+    if (first < 0x20 || first == 0x7F) {
+        return {.length = 1};
+    }
+    if (first == 0xC2 && byte(1) >= 0x80 && byte(1) <= 0x9F) {
+        return {.length = 2, .isBreak = byte(1) == 0x85};
+    }
+    if (first == 0xE2 && byte(1) == 0x80 && byte(2) >= 0xA8 && byte(2) <= 0xAE) {
+        return {.length = 3, .isBreak = byte(2) <= 0xA9};
+    }
+    if (first == 0xE2 && byte(1) == 0x81 && byte(2) >= 0xA6 && byte(2) <= 0xA9) {
+        return {.length = 3};
+    }
+    return {};
 }
 
 std::string withoutControls(std::string_view text, LineBreaks lineBreaks)
 {
     std::string result;
     result.reserve(text.size());
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const char character = text[index];
-        const bool isBreak = character == '\n' || character == '\r';
-        if (character == '\r' && index + 1 < text.size() && text[index + 1] == '\n') {
-            continue;
-        }
-        if (lineBreaks == LineBreaks::kept && isBreak) {
-            result += '\n';
+    for (std::size_t index = 0; index < text.size();) {
+        const Control control = controlAtFront(text.substr(index));
+        if (control.length == 0) {
+            result += text[index];
         } else {
-            result += isControl(character) ? ' ' : character;
+            result += lineBreaks == LineBreaks::kept && control.isBreak ? '\n' : ' ';
         }
+        index += std::max<std::size_t>(control.length, 1);
     }
     return result;
 }
@@ -236,6 +262,9 @@ std::vector<std::int64_t> Arguments::wholeNumbers(std::string_view name, std::in
     const JSON* value = find(name);
     if (value == nullptr || value->array() == nullptr) {
         return result;
+    }
+    if (value->array()->size() > Limits::linesPerDocument) {
+        refuse(name, fmt::format("has too many entries: at most {}.", Limits::linesPerDocument));
     }
     for (const JSON& item : *value->array()) {
         const JSON holder = JSON::object({{std::string(name), item}});

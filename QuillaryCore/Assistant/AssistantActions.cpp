@@ -112,6 +112,8 @@ void AssistantActions::call(std::string_view name, const JSON& arguments, const 
         reply(ToolResult::error(error.message()));
     } catch (const std::bad_alloc&) {
         reply(ToolResult::error("There isn't enough memory for this."));
+    } catch (const std::exception& error) {
+        reply(ToolResult::error(fmt::format("That didn't work: {}", error.what())));
     }
 }
 

@@ -22,6 +22,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -57,6 +58,11 @@ LineItem& copiedLine(Context& context, const LineItem& source, const Document& d
     return copy;
 }
 
+[[noreturn]] void refuseLines()
+{
+    throw AssistantError(fmt::format("A document can have at most {} lines.", Limits::linesPerDocument));
+}
+
 } // namespace
 
 std::int32_t DocumentSession::defaultRate() const
@@ -71,10 +77,12 @@ std::int32_t DocumentSession::defaultRate() const
 std::int32_t DocumentSession::nextSortIndex() const
 {
     const std::vector<const LineItem*> lines = sortedItems(m_environment.context, m_document);
-    return lines.empty() ? 0 : lines.back()->sortIndex + 1;
+    // Damaged or foreign data may hold any number; the last places are then shared, and the lines keep their order.
+    constexpr std::int32_t last = std::numeric_limits<std::int32_t>::max() - Limits::linesPerDocument;
+    return lines.empty() ? 0 : std::min(lines.back()->sortIndex, last) + 1;
 }
 
-void DocumentSession::applyCurrency(const Arguments& arguments)
+void DocumentSession::applyCurrency(const Arguments& arguments, const Client* before)
 {
     std::string wanted = m_document.currencyCode;
     if (const auto named = arguments.line("currency", Limits::lineLength)) {
@@ -85,6 +93,8 @@ void DocumentSession::applyCurrency(const Arguments& arguments)
     } else if (arguments.has("client") && client() != nullptr && !client()->currencyCode.empty()) {
         wanted = client()->currencyCode;
         m_filledIn.push_back(fmt::format("currency {} (from {})", wanted, displayName(*client())));
+    } else if (before != nullptr && before != client() && before->currencyCode == wanted) {
+        wanted = business().currencyCode;
     }
     if (wanted == m_document.currencyCode) {
         return;
@@ -116,7 +126,13 @@ void DocumentSession::applyLines(const Arguments& arguments)
 {
     Context& context = m_environment.context;
     const std::vector<const LineItem*> lines = linesInOrder(context, m_document);
-    for (const Arguments& change : arguments.objects("change_lines")) {
+    const std::vector<Arguments> changes = arguments.objects("change_lines");
+    const std::vector<Arguments> added = arguments.objects("add_lines");
+    // Before anything is made of them: a list may be as long as a message.
+    if (added.size() > Limits::linesPerDocument || changes.size() > Limits::linesPerDocument) {
+        refuseLines();
+    }
+    for (const Arguments& change : changes) {
         changeLine(change, lines);
     }
     std::set<std::int64_t> removed;
@@ -139,11 +155,12 @@ void DocumentSession::applyLines(const Arguments& arguments)
     if (arguments.flag("copy_last_invoice").value_or(false)) {
         copyLastInvoice();
     }
-    for (const Arguments& added : arguments.objects("add_lines")) {
-        addLine(added);
+    std::int32_t sortIndex = added.empty() ? 0 : nextSortIndex();
+    for (const Arguments& line : added) {
+        addLine(line, sortIndex++);
     }
     if (linesInOrder(context, m_document).size() > Limits::linesPerDocument) {
-        throw AssistantError(fmt::format("A document can have at most {} lines.", Limits::linesPerDocument));
+        refuseLines();
     }
 }
 
@@ -159,10 +176,9 @@ void DocumentSession::changeLine(const Arguments& change, const std::vector<cons
     fillLine(m_environment.context.edit(*lines[static_cast<std::size_t>(*number - 1)]), change);
 }
 
-void DocumentSession::addLine(const Arguments& arguments)
+void DocumentSession::addLine(const Arguments& arguments, std::int32_t sortIndex)
 {
     Context& context = m_environment.context;
-    const std::int32_t sortIndex = nextSortIndex();
     LineItem& line = context.insert<LineItem>();
     line.document = m_document.ref;
     line.sortIndex = sortIndex;

@@ -69,7 +69,7 @@ DocumentSession DocumentSession::create(const AssistantEnvironment& environment,
 
     document.kindRaw = static_cast<std::int16_t>(quote ? DocumentKind::quote : DocumentKind::invoice);
     document.statusRaw = static_cast<std::int16_t>(DocumentStatus::draft);
-    document.issueDate = calendar.noon(calendar.date(environment.clock.now()));
+    document.issueDate = calendar.storedDay(calendar.date(environment.clock.now()));
     document.currencyCode = business.currencyCode;
     document.languageCode = business.languageCode;
     document.paymentTermsDays = business.paymentTermsDays;
@@ -102,12 +102,14 @@ void DocumentSession::apply(const Arguments& arguments)
     refuseUnavailable(arguments);
     const std::optional<Instant> oldIssueDate = m_document.issueDate;
     const Client* oldClient = client();
+    const std::int16_t oldTerms = m_document.paymentTermsDays;
     const DocumentLanguage oldLanguage = language(m_document);
 
-    applyClient(arguments);
+    applyClient(arguments, oldClient);
     applyTexts(arguments);
-    applyCurrency(arguments);
+    applyCurrency(arguments, oldClient);
     applyDates(arguments);
+    applyDueDate(oldIssueDate, oldTerms);
     applyServiceDate(arguments);
     applyTaxTreatment(arguments);
     if (language(m_document) != oldLanguage) {
@@ -130,7 +132,7 @@ void DocumentSession::refuseUnavailable(const Arguments& arguments)
     }
 }
 
-void DocumentSession::applyClient(const Arguments& arguments)
+void DocumentSession::applyClient(const Arguments& arguments, const Client* before)
 {
     const std::optional<std::string> named = arguments.line("client", Limits::lineLength);
     if (!named) {
@@ -139,6 +141,15 @@ void DocumentSession::applyClient(const Arguments& arguments)
     const Client& chosen = Lookup::client(m_environment.context, *named);
     m_document.client = chosen.ref;
     const std::string name = displayName(chosen);
+    // What another client brought along leaves with that client.
+    if (before != nullptr && before != &chosen) {
+        if (!before->languageCode.empty() && m_document.languageCode == before->languageCode) {
+            m_document.languageCode = business().languageCode;
+        }
+        if (before->paymentTermsDays > 0 && m_document.paymentTermsDays == before->paymentTermsDays) {
+            m_document.paymentTermsDays = business().paymentTermsDays;
+        }
+    }
     if (!chosen.languageCode.empty() && !arguments.has("language")) {
         m_document.languageCode = chosen.languageCode;
         m_filledIn.push_back(fmt::format("language {} (from {})", chosen.languageCode, name));
@@ -172,10 +183,10 @@ void DocumentSession::applyDates(const Arguments& arguments)
     if (issueDate) {
         if (isQuote(m_document) && m_document.validUntil && m_document.issueDate) {
             const int validity = calendar.daysBetween(*m_document.issueDate, *m_document.validUntil);
-            m_document.validUntil = calendar.addingDays(calendar.noon(*issueDate), validity);
+            m_document.validUntil = calendar.addingDays(calendar.storedDay(*issueDate), validity);
         }
         const bool isSameDay = m_document.issueDate && calendar.date(*m_document.issueDate) == *issueDate;
-        m_document.issueDate = isSameDay ? m_document.issueDate : calendar.noon(*issueDate);
+        m_document.issueDate = isSameDay ? m_document.issueDate : calendar.storedDay(*issueDate);
     }
     if (const auto terms = arguments.wholeNumber("payment_terms_days", 0, Limits::paymentTermsDays)) {
         if (isQuote(m_document)) {
@@ -183,8 +194,17 @@ void DocumentSession::applyDates(const Arguments& arguments)
         }
         m_document.paymentTermsDays = static_cast<std::int16_t>(*terms);
     }
-    if (!isQuote(m_document) && m_document.issueDate) {
-        m_document.dueDate = calendar.addingDays(*m_document.issueDate, m_document.paymentTermsDays);
+}
+
+void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
+{
+    if (isQuote(m_document) || !m_document.issueDate) {
+        return;
+    }
+    // A due date that the user picked stays until the dates that it hangs on change.
+    const bool hangsOnChange = m_document.issueDate != oldIssueDate || m_document.paymentTermsDays != oldTerms;
+    if (!m_document.dueDate || hangsOnChange) {
+        m_document.dueDate = m_environment.calendar.addingDays(*m_document.issueDate, m_document.paymentTermsDays);
     }
 }
 
@@ -205,8 +225,8 @@ void DocumentSession::applyServiceDate(const Arguments& arguments)
     }
     const DeliveryKind delivery = service->end ? DeliveryKind::servicePeriod : DeliveryKind::serviceDate;
     m_document.deliveryKindRaw = static_cast<std::int16_t>(delivery);
-    m_document.deliveryStart = calendar.noon(service->start);
-    m_document.deliveryEnd = service->end ? std::optional(calendar.noon(*service->end)) : std::nullopt;
+    m_document.deliveryStart = calendar.storedDay(service->start);
+    m_document.deliveryEnd = service->end ? std::optional(calendar.storedDay(*service->end)) : std::nullopt;
 }
 
 void DocumentSession::applyTaxTreatment(const Arguments& arguments)

@@ -41,10 +41,11 @@ public:
 private:
     DocumentSession(const AssistantEnvironment& environment, Document& document);
 
-    void applyClient(const Arguments& arguments);
+    void applyClient(const Arguments& arguments, const Client* before);
     void applyTexts(const Arguments& arguments);
-    void applyCurrency(const Arguments& arguments);
+    void applyCurrency(const Arguments& arguments, const Client* before);
     void applyDates(const Arguments& arguments);
+    void applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms);
     void applyServiceDate(const Arguments& arguments);
     void applyTaxTreatment(const Arguments& arguments);
     void applyLines(const Arguments& arguments);
@@ -52,7 +53,7 @@ private:
     void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
 
     void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);
-    void addLine(const Arguments& arguments);
+    void addLine(const Arguments& arguments, std::int32_t sortIndex);
     void copyLastInvoice();
     void fillLine(LineItem& line, const Arguments& arguments);
     void setUnit(LineItem& line, const Arguments& arguments);

@@ -72,7 +72,8 @@ fs::path existingFolder(const AssistantEnvironment& environment, const Arguments
     if (!fs::is_directory(folder, failure)) {
         throw AssistantError(fmt::format("There's no folder {}.", folder.string()));
     }
-    return fs::absolute(folder);
+    const fs::path whole = fs::absolute(folder, failure);
+    return failure ? folder : whole;
 }
 
 /// Takes a free name first, then moves the whole file onto it: nobody ever finds half a PDF.
@@ -111,8 +112,8 @@ void DocumentOperations::preview(const AssistantEnvironment& environment,
         }
         try {
             result.image = previewImage(host, std::get<Bytes>(outcome));
-        } catch (const UserError& error) {
-            reply(ToolResult::error(error.message()));
+        } catch (const std::exception& error) {
+            reply(ToolResult::error(error.what()));
             return;
         }
         reply(std::move(result));
@@ -141,8 +142,8 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
             result.documentID = uuid;
             result.summary = result.text;
             reply(std::move(result));
-        } catch (const UserError& error) {
-            reply(ToolResult::error(error.message()));
+        } catch (const std::exception& error) {
+            reply(ToolResult::error(error.what()));
         }
     };
     printer(environment).printPage(std::move(job), finish);

@@ -94,6 +94,13 @@ struct Calendar::Zone
     }
 
     [[nodiscard]] local_days day(Instant instant) const { return std::chrono::floor<days>(local(instant)); }
+
+    /// Ten o'clock in Greenwich, which is the same day from Hawaii to New Zealand in summer; local noon where it isn't.
+    [[nodiscard]] Instant storedDay(local_days number) const
+    {
+        const Instant everywhere = Instant(number.time_since_epoch()) + 10h;
+        return day(everywhere) == number ? everywhere : instant(LocalInstant(number) + 12h);
+    }
 };
 
 Calendar::Calendar(std::string_view timeZone)
@@ -145,9 +152,9 @@ Instant Calendar::startOfDay(Instant instant) const
     return m_zone->instant(LocalInstant(m_zone->day(instant)));
 }
 
-Instant Calendar::noon(CalendarDate date) const
+Instant Calendar::storedDay(CalendarDate date) const
 {
-    return m_zone->instant(LocalInstant(dayNumber(date)) + 12h);
+    return m_zone->storedDay(dayNumber(date));
 }
 
 int Calendar::daysBetween(Instant from, Instant to) const
@@ -162,7 +169,7 @@ Instant Calendar::addingDays(Instant instant, int count) const
     const std::int64_t first = firstDay.time_since_epoch().count();
     const std::int64_t last = lastDay.time_since_epoch().count();
     const local_days day{days(static_cast<int>(std::clamp(number, first, last)))};
-    return m_zone->instant(LocalInstant(day) + 12h);
+    return m_zone->storedDay(day);
 }
 
 } // namespace Quillary

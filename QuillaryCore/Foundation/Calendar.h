@@ -36,14 +36,14 @@ public:
     [[nodiscard]] Instant startOfDay(CalendarDate date) const;
     [[nodiscard]] Instant startOfDay(Instant instant) const;
 
-    /// Twelve o'clock of a day: how a day that a person picked is stored, so that it stays the same day when the
-    /// program runs in another time zone later.
-    [[nodiscard]] Instant noon(CalendarDate date) const;
+    /// An instant of a day: how a day that a person picked is stored. It stays the same day when the program runs in
+    /// another time zone later, as long as both lie between UTC-10 (Hawaii) and UTC+13:45 (Chatham in summer).
+    [[nodiscard]] Instant storedDay(CalendarDate date) const;
 
     /// Whole calendar days from the day of `from` to the day of `to`; negative when `to` is earlier.
     [[nodiscard]] int daysBetween(Instant from, Instant to) const;
 
-    /// The same number of calendar days later, at noon of that day.
+    /// The same number of calendar days later, as `storedDay` of that day.
     [[nodiscard]] Instant addingDays(Instant instant, int days) const;
 
 private:

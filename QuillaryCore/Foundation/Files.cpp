@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -102,7 +103,9 @@ fs::path replaceFile(const fs::path& path, std::string_view text)
     if (!folder.empty() && !fs::create_directories(folder, failure) && failure) {
         refuse("Couldn't make the folder", folder, failure.value());
     }
-    WorkingName working(fs::path(path) += fmt::format(".{}.part", getpid()));
+    // Short whatever the file's own name is: that may be as long as the file system allows already.
+    const std::size_t mark = std::hash<std::string>()(path.filename().string());
+    WorkingName working(folder / fmt::format(".{:x}-{}.part", mark, getpid()));
     constexpr mode_t everyone = 0666; // less what the user's mask takes away
     Descriptor file(::open(working.path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, everyone));
     if (!file.isOpen() || !writeAll(file.number(), text) || ::fsync(file.number()) != 0 || !file.close() ||

@@ -76,7 +76,10 @@ private:
     void addCreditNote(const Document& invoice);
     void addTemplate();
 
-    [[nodiscard]] Instant daysFromToday(int days) const { return m_calendar.addingDays(m_calendar.noon(today), days); }
+    [[nodiscard]] Instant daysFromToday(int days) const
+    {
+        return m_calendar.addingDays(m_calendar.storedDay(today), days);
+    }
 
     Context& m_context;
     const Calendar& m_calendar;
@@ -318,7 +321,7 @@ void Builder::addTemplate()
 } // namespace
 
 SampleLibrary::SampleLibrary(DocumentLanguage language, std::string_view currencyCode)
-    : m_clock(Calendar("UTC").noon(today))
+    : m_clock(Calendar("UTC").storedDay(today))
     , m_store(Store::Location::inMemory(), DataModel::records(), DataModel::history(), m_clock, m_uuids)
     , m_context(m_store, m_clock, m_uuids)
 {

@@ -97,6 +97,9 @@ TEST(ArgumentsTest, cleansTextAndCountsItsCharacters)
         {"\"  Two\\twords\\n\"", "Two words"},
         {"\"a\\u0000b\"", "a\uFFFDb"},
         {"4711", "4711"},
+        {"\"a\\u0085b\\u2028c\"", "a b c"},
+        {"\"a\\u202Eb\\u2066c\"", "a b c"},         // would show what follows backwards
+        {"\"x\\u200Cy\\u200D\"", "x\u200Cy\u200D"}, // joiners belong to the text
         {"\"12345678901\"", "“x” is too long: at most 10 characters."},
     };
     for (const auto& [literal, expected] : lines) {
@@ -114,6 +117,9 @@ TEST(ArgumentsTest, cleansTextAndCountsItsCharacters)
     EXPECT_EQ(read("\" a\\r\\nb\\rc\\u0007 \"",
                    [](const Arguments& arguments) { return arguments.paragraphs("x", 10).value_or("none"); }),
               "a\nb\nc");
+    EXPECT_EQ(read("\"a\\u2029b\\u009F\"",
+                   [](const Arguments& arguments) { return arguments.paragraphs("x", 10).value_or("none"); }),
+              "a\nb");
     const std::string huge = "\"" + std::string(10'000'000, 'x') + "\"";
     EXPECT_EQ(read(huge, [](const Arguments& arguments) { return arguments.line("x", 500).value_or("none"); }),
               "“x” is too long: at most 500 characters.");

@@ -59,6 +59,30 @@ TEST_F(DocumentSessionTest, fillsADraftFromTheClientAndTheBusiness)
     EXPECT_EQ(line->unitPlural, "heures");
 }
 
+TEST_F(DocumentSessionTest, leavesNothingOfAnotherClientBehind)
+{
+    library.data("create_client", R"({"name":"Lumière","language":"fr","currency":"CHF","payment_terms_days":60})");
+    library.data("create_client", R"({"name":"Plain"})");
+    create(R"("kind":"invoice","client":"lumiere")");
+    JSON moved = update(R"("client":"Plain")");
+    EXPECT_EQ(member(moved, "currency") + member(moved, "language") + member(moved, "due_date"),
+              R"("EUR""en""2026-03-31")");
+    create(R"("kind":"invoice","currency":"USD","client":"lumiere")"); // what was said outlives the client
+    moved = update(R"("client":"Plain")");
+    EXPECT_EQ(member(moved, "currency"), "\"USD\"");
+}
+
+TEST_F(DocumentSessionTest, refusesMoreLinesThanADocumentHoldsAtOnce)
+{
+    create(R"("kind":"invoice","add_lines":[{"title":"A"}])");
+    std::string many = "{}";
+    for (int count = 1; count < 60'000; ++count) {
+        many += ",{}";
+    }
+    EXPECT_EQ(refusedUpdate(R"("add_lines":[)" + many + "]"), "A document can have at most 5000 lines.");
+    EXPECT_EQ(library.context.count<LineItem>(""), 1);
+}
+
 TEST_F(DocumentSessionTest, takesBackEverythingWhenOneArgumentIsRefused)
 {
     create(R"("kind":"invoice","add_lines":[{"title":"A","unit_price":10}])");

@@ -1,4 +1,6 @@
 #include "QuillaryCore/Assistant/AssistantTool.h"
+#include "QuillaryCore/Foundation/Files.h"
+#include "tests/Support/Fixtures.h"
 
 #include <gtest/gtest.h>
 
@@ -72,6 +74,18 @@ TEST(ToolCatalogueTest, describesArgumentsThatExist)
 {
     for (const AssistantTool& tool : ToolCatalogue::tools()) {
         expectSoundSchema(tool.input, tool.name + ".");
+    }
+}
+
+TEST(ToolCatalogueTest, publishesEveryTextAsAgreed)
+{
+    // Assistants were tried with these very words, and prepared calls rely on the names: a change here is a decision.
+    const std::optional<JSON> agreed = JSON::parse(readFile(fixture("assistant-tools.json"), 100'000));
+    ASSERT_TRUE(agreed);
+    const JSON::Array& listed = *agreed->find("tools")->array();
+    ASSERT_EQ(listed.size(), ToolCatalogue::tools().size());
+    for (std::size_t index = 0; index < listed.size(); ++index) {
+        EXPECT_EQ(ToolCatalogue::tools()[index].listing().dump(), listed[index].dump());
     }
 }
 

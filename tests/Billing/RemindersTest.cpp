@@ -165,12 +165,12 @@ TEST_F(RemindersTest, proposesTheNextReminder)
     business.reminderPaymentDays = 10;
     remind(invoice, ReminderLevel::first, 0);
     const Calendar calendar("Europe/Berlin");
-    const Instant payBy = calendar.noon(std::chrono::year(2025) / 3 / 17);
+    const Instant payBy = calendar.storedDay(std::chrono::year(2025) / 3 / 17);
     EXPECT_EQ(nextReminder(context, invoice, business, start, calendar),
               (ReminderDetails{.level = ReminderLevel::second, .feeMinorUnits = 500, .payBy = payBy}));
     business.reminderPaymentDays = -3;
     EXPECT_EQ(nextReminder(context, invoice, business, start, calendar).payBy,
-              calendar.noon(std::chrono::year(2025) / 3 / 7));
+              calendar.storedDay(std::chrono::year(2025) / 3 / 7));
 }
 
 } // namespace Quillary

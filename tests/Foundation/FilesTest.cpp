@@ -49,6 +49,8 @@ TEST(FilesTest, writesWholeFilesWithTheirFolders)
     EXPECT_EQ(readFile(path, 3), std::string("\0\xFF\n", 3));
     replaceFile(path, "");
     EXPECT_EQ(readFile(path, 0), "");
+    const fs::path longest = folder / std::string(255, 'x'); // the working name must fit as well
+    EXPECT_EQ(replaceFile(longest, "whole"), longest);
 }
 
 TEST(FilesTest, newFilesObeyTheUsersMask)

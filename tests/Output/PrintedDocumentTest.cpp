@@ -121,7 +121,7 @@ protected:
     /// Noon of a day in March 2025.
     [[nodiscard]] Instant day(unsigned number) const
     {
-        return calendar.noon(std::chrono::year(2025) / std::chrono::March / std::chrono::day(number));
+        return calendar.storedDay(std::chrono::year(2025) / std::chrono::March / std::chrono::day(number));
     }
 
     PrintedDocument printed() { return PrintedDocument::from(context, *document, business, calendar); }

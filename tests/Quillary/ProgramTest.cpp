@@ -18,11 +18,11 @@ struct Answer
 };
 
 /// Runs the program as a shell would, standard error included.
-Answer quillary(const TempFolder& folder, const std::string& arguments)
+Answer quillary(const TempFolder& folder, const std::string& arguments, const std::string& environment = "")
 {
     const std::string command = "cd '" + folder.path().string() +
-                                "' && HOME=\"$PWD\" XDG_DATA_HOME= LC_ALL=de_DE.UTF-8 '" + QUILLARY_PROGRAM + "' " +
-                                arguments + " 2>&1";
+                                "' && HOME=\"$PWD\" XDG_DATA_HOME= LC_ALL=de_DE.UTF-8 " + environment + " '" +
+                                QUILLARY_PROGRAM + "' " + arguments + " 2>&1";
     Answer answer;
     FILE* pipe = popen(command.c_str(), "r"); // NOLINT(cert-env33-c): a shell is what is being imitated
     std::array<char, 4096> buffer{};
@@ -96,6 +96,37 @@ TEST(ProgramTest, answersMistakesWithOneSentenceAndAStatus)
     const Answer foreign = quillary(folder, "--library notes call find_clients");
     EXPECT_EQ(foreign.status, 1) << foreign.output;
     EXPECT_TRUE(folder.read("notes/Library.sqlite").starts_with("this is a shopping list"));
+}
+
+TEST(ProgramTest, takesTextInBracketsAsItStands)
+{
+    const TempFolder folder;
+    const Answer made = quillary(folder, "call create_client --name '[Acme] a, [b]' --city '[1, 2]'");
+    EXPECT_NE(made.output.find("Acme"), std::string::npos) << made.output;
+    const Answer found = quillary(folder, "call --output json find_clients");
+    EXPECT_NE(found.output.find("\"[Acme] a, [b]\""), std::string::npos) << found.output;
+    EXPECT_NE(found.output.find("\"[1, 2]\""), std::string::npos) << found.output;
+}
+
+TEST(ProgramTest, saysWhenItsAnswerDidNotArrive)
+{
+    const TempFolder folder;
+    EXPECT_EQ(quillary(folder, "call find_clients 2>/dev/null > /dev/full").status, 1);
+}
+
+TEST(ProgramTest, keepsTheDayInAnotherTimeZone)
+{
+    const TempFolder folder;
+    const std::string zones[] = {"America/Los_Angeles", "Pacific/Auckland", "Europe/Berlin"};
+    const auto in = [&](const std::string& zone, const std::string& arguments) {
+        return quillary(folder, arguments, "TZ=" + zone).output;
+    };
+    in(zones[0], "call create_document --kind invoice --issue-date 2026-12-31 --service-date 2026-12-30");
+    for (const std::string& zone : zones) {
+        const std::string shown = in(zone, "call --output json get_document --document INV-2026-001");
+        EXPECT_NE(shown.find("\"2026-12-31\""), std::string::npos) << zone << shown;
+        EXPECT_NE(shown.find("\"2026-12-30\""), std::string::npos) << zone << shown;
+    }
 }
 
 TEST(ProgramTest, keepsAndRestoresBackups)

@@ -35,6 +35,7 @@ TEST(ToolArgumentsTest, readsWhatIsTypedAtAShell)
         {{{"add_lines", {"title=A; quantity=2", R"({"title":"B"})"}}},
          R"({"add_lines":[{"title":"A","quantity":"2"},{"title":"B"}]})"},
         {{{"add_lines", {"title=Salt;; pepper;"}}}, R"({"add_lines":[{"title":"Salt; pepper"}]})"},
+        {{{"add_lines", {R"([{"title":"A"},{"title":"B"}])"}}}, R"({"add_lines":[{"title":"A"},{"title":"B"}]})"},
         {{{"add_lines", {"title=a=b"}}}, R"({"add_lines":[{"title":"a=b"}]})"},
         {{{"add_lines", {"{\"title\":"}}}, "--add_lines isn't readable as JSON."},
         {{{"add_lines", {"Design"}}},
