@@ -120,6 +120,7 @@ TEST(ArgumentsTest, cleansTextAndCountsItsCharacters)
     EXPECT_EQ(read("\"a\\u2029b\\u009F\"",
                    [](const Arguments& arguments) { return arguments.paragraphs("x", 10).value_or("none"); }),
               "a\nb");
+    // NOLINTNEXTLINE(bugprone-string-constructor): long on purpose
     const std::string huge = "\"" + std::string(10'000'000, 'x') + "\"";
     EXPECT_EQ(read(huge, [](const Arguments& arguments) { return arguments.line("x", 500).value_or("none"); }),
               "“x” is too long: at most 500 characters.");
