@@ -123,6 +123,44 @@ fs::path replaceFile(const fs::path& path, std::span<const std::uint8_t> bytes)
     return replaceFile(path, std::string(bytes.begin(), bytes.end()));
 }
 
+std::uint64_t appendLine(const fs::path& path, std::string_view line)
+{
+    constexpr mode_t ownerAlone = 0600;
+    Descriptor file(::open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_NOFOLLOW | O_CLOEXEC, ownerAlone));
+    struct stat facts = {};
+    if (!file.isOpen() || ::fstat(file.number(), &facts) != 0) {
+        refuse("Couldn't open", path, errno);
+    }
+    char last = '\n';
+    if (facts.st_size > 0 && ::pread(file.number(), &last, 1, facts.st_size - 1) < 0) {
+        refuse("Couldn't read", path, errno);
+    }
+    const std::string text = fmt::format("{}{}\n", last == '\n' ? "" : "\n", line);
+    if (!writeAll(file.number(), text) || !file.close()) {
+        refuse("Couldn't write", path, errno);
+    }
+    return static_cast<std::uint64_t>(facts.st_size) + text.size();
+}
+
+std::optional<FileStamp> fileStamp(const fs::path& path)
+{
+    struct stat facts = {};
+    if (::stat(path.c_str(), &facts) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR) {
+            return std::nullopt;
+        }
+        refuse("Couldn't look at", path, errno);
+    }
+    const auto nanoseconds = [](const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    return FileStamp{.device = facts.st_dev,
+                     .node = facts.st_ino,
+                     .modifiedNanoseconds = nanoseconds(facts.st_mtim),
+                     .changedNanoseconds = nanoseconds(facts.st_ctim),
+                     .size = static_cast<std::uint64_t>(facts.st_size)};
+}
+
 std::string readFile(const fs::path& path, std::size_t limit)
 {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
