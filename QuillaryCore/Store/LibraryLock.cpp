@@ -50,6 +50,11 @@ LibraryLock::LibraryLock(const std::filesystem::path& folder)
     }
 }
 
+std::unique_ptr<LibraryLock> LibraryLock::adopted(int descriptor)
+{
+    return std::unique_ptr<LibraryLock>(new LibraryLock(Adopted{descriptor}));
+}
+
 LibraryLock::~LibraryLock()
 {
     close(m_descriptor);

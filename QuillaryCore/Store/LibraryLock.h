@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 
 namespace Quillary {
 
@@ -13,11 +14,29 @@ public:
 
     /// Throws: `StoreError` when another program holds the library, or the file can't be made.
     explicit LibraryLock(const std::filesystem::path& folder);
+
+    /// A lock that another program took and passed on: `descriptor` is its lock file, which this object then owns. The
+    /// library is free again when both have let go.
+    [[nodiscard]] static std::unique_ptr<LibraryLock> adopted(int descriptor);
+
     LibraryLock(const LibraryLock&) = delete;
     LibraryLock& operator=(const LibraryLock&) = delete;
     ~LibraryLock();
 
+    /// To pass on; stays this object's own.
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
+
 private:
+    struct Adopted
+    {
+        int descriptor;
+    };
+
+    explicit LibraryLock(Adopted adopted)
+        : m_descriptor(adopted.descriptor)
+    {
+    }
+
     int m_descriptor;
 };
 

@@ -72,10 +72,15 @@ std::filesystem::path Store::Location::file() const
     return isInMemory() ? std::filesystem::path("/dev/null") : m_folder / fileName;
 }
 
-Store::Store(
-    Location location, const Records& records, const SchemaHistory& history, const Clock& clock, UUIDSource& uuids)
+Store::Store(Location location,
+             const Records& records,
+             const SchemaHistory& history,
+             const Clock& clock,
+             UUIDSource& uuids,
+             std::unique_ptr<LibraryLock> lock)
     : m_location(std::move(location))
     , m_records(records)
+    , m_lock(std::move(lock))
 {
     if (m_location.isInMemory()) {
         m_connection = Connection::inMemory();
@@ -125,7 +130,9 @@ void Store::openFolder(const SchemaHistory& history, const Clock& clock, UUIDSou
     if (error) {
         throw folderFailure(error, m_location.folder());
     }
-    m_lock = std::make_unique<LibraryLock>(m_location.folder());
+    if (m_lock == nullptr) {
+        m_lock = std::make_unique<LibraryLock>(m_location.folder());
+    }
     const std::filesystem::path file = m_location.file();
     requireNoOtherFile(file);
     m_upgradeBackup = DataMigration::upgradeIfNeeded(file, clock.now(), history);

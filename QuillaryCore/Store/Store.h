@@ -53,9 +53,14 @@ public:
     };
 
     /// Opens a library for reading and writing; makes it when there is none, upgrades it when it is older.
-    /// `records` outlives the store and describes the current schema of `history`.
-    Store(
-        Location location, const Records& records, const SchemaHistory& history, const Clock& clock, UUIDSource& uuids);
+    /// `records` outlives the store and describes the current schema of `history`. `lock` is the right to the folder,
+    /// where the caller holds it already.
+    Store(Location location,
+          const Records& records,
+          const SchemaHistory& history,
+          const Clock& clock,
+          UUIDSource& uuids,
+          std::unique_ptr<LibraryLock> lock = nullptr);
 
     /// Opens a library beside the program that holds it, to read what is saved. Nothing is made or upgraded.
     [[nodiscard]] static Store openReadOnly(Location location, const Records& records, const SchemaHistory& history);
@@ -67,6 +72,8 @@ public:
     [[nodiscard]] const Location& location() const { return m_location; }
     [[nodiscard]] const Records& records() const { return m_records; }
     [[nodiscard]] Connection& connection() { return *m_connection; }
+    /// Lets the lock outlive the store, for who closes the library and lends it, or opens it again. Null in memory.
+    [[nodiscard]] std::unique_ptr<LibraryLock> takeLock() { return std::move(m_lock); }
     [[nodiscard]] bool isReadOnly() const { return m_lock == nullptr && !m_location.isInMemory(); }
 
     /// The last failure to read or write since `forgetFailure`, also where a rule caught it and went on with nothing: a
