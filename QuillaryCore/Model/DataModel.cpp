@@ -15,15 +15,32 @@
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Model/Reminder.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/SavedView.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TextPreset.h"
 #include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Model/TimeEntryBilling.h"
 #include "QuillaryCore/Store/Fingerprint.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace Quillary::DataModel {
+
+namespace {
+
+/// Version 1 remembered neither answers that change no record nor which line billed a time entry.
+Schema firstVersion()
+{
+    Schema schema = records().schema(1);
+    std::erase_if(schema.entities, [](const Entity& entity) {
+        return entity.name == ReviewAnswer::entityName || entity.name == TimeEntryBilling::entityName;
+    });
+    return schema;
+}
+
+} // namespace
 
 const Records& records()
 {
@@ -45,13 +62,15 @@ const Records& records()
                                              Payment,
                                              Reminder,
                                              TimeEntry,
-                                             DocumentTaxTreatment>();
+                                             DocumentTaxTreatment,
+                                             ReviewAnswer,
+                                             TimeEntryBilling>();
     return types;
 }
 
 const SchemaHistory& history()
 {
-    static const SchemaHistory versions{records().schema(currentVersion), {}};
+    static const SchemaHistory versions{records().schema(currentVersion), {firstVersion()}};
     return versions;
 }
 

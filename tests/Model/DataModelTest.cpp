@@ -1,5 +1,13 @@
 #include "QuillaryCore/Model/DataModel.h"
 
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
+#include "QuillaryCore/Store/Connection.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/LibraryTables.h"
+#include "QuillaryCore/Store/Store.h"
+#include "tests/Support/TempFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -31,7 +39,7 @@ std::string description(const Entity& entity)
 
 // What is written here is what libraries out there hold. A change needs a new version, with this one kept among the
 // older models.
-TEST(DataModelTest, keepsTheSchemaOfVersionOne)
+TEST(DataModelTest, keepsTheSchemas)
 {
     const std::pair<std::string_view, std::string_view> entities[] = {
         {"Client",
@@ -95,6 +103,8 @@ TEST(DataModelTest, keepsTheSchemaOfVersionOne)
          "uuid UUID, createdAt DATE, start DATE, end DATE, note TEXT, isBillable BOOL, invoiceID UUID; "
          "client -> Client clear; project -> Project clear"},
         {"DocumentTaxTreatment", "uuid UUID, documentID UUID, treatmentRaw INT16"},
+        {"ReviewAnswer", "uuid UUID, documentID UUID, clientID UUID, topicRaw INT16, answer TEXT"},
+        {"TimeEntryBilling", "uuid UUID, entryID UUID, lineID UUID"},
     };
     const Schema& model = DataModel::model();
     ASSERT_EQ(model.entities.size(), std::size(entities));
@@ -102,11 +112,38 @@ TEST(DataModelTest, keepsTheSchemaOfVersionOne)
         EXPECT_EQ(model.entities[index].name, entities[index].first);
         EXPECT_EQ(description(model.entities[index]), entities[index].second) << entities[index].first;
     }
-    EXPECT_EQ(DataModel::fingerprint(model), "fd7e799ea062d8b986446d3ccd27ec19");
+    EXPECT_EQ(DataModel::fingerprint(model), "0089f53d3037172ebe17c9ccfbfce6f9");
+    EXPECT_EQ(DataModel::fingerprint(*DataModel::model(1)), "fd7e799ea062d8b986446d3ccd27ec19");
+}
+
+TEST(DataModelTest, upgradesALibraryOfTheFirstVersion)
+{
+    const TempFolder folder;
+    const FixedClock clock(Instant(std::chrono::hours(500'000)));
+    CountingUUIDSource uuids;
+    {
+        Connection old(folder / "Library.sqlite", Connection::Access::readWrite);
+        old.begin();
+        LibraryTables::createEntities(old, *DataModel::model(1));
+        LibraryTables::createInformation(old, UUID(UUID::Bytes{1}), clock.now(), 1);
+        old.execute("INSERT INTO Client (id, uuid, name) VALUES (1, x'00000000000000000000000000000007', 'Acme')");
+        old.commit();
+    }
+    Store store(Store::Location::directory(folder.path()), DataModel::records(), DataModel::history(), clock, uuids);
+    Context context(store, clock, uuids);
+    const Client* client = context.first<Client>("name = ?", std::string("Acme"));
+    ASSERT_NE(client, nullptr);
+    EXPECT_FALSE(ReviewAnswers::hasNoVATID(context, *client));
+    ReviewAnswers::setHasNoVATID(context, *client, true);
+    context.save();
+    EXPECT_TRUE(ReviewAnswers::hasNoVATID(context, *client));
+    context.erase(*client);
+    EXPECT_EQ(context.count<ReviewAnswer>(""), 0); // the answer goes with the client
 }
 
 TEST(DataModelTest, findsTheSchemaOfAVersion)
 {
+    EXPECT_EQ(DataModel::model(1)->entity("ReviewAnswer"), nullptr);
     EXPECT_EQ(DataModel::model(DataModel::currentVersion), &DataModel::model());
     EXPECT_EQ(DataModel::model(0), nullptr);
     EXPECT_EQ(DataModel::model(DataModel::currentVersion + 1), nullptr);
