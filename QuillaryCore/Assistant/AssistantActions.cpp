@@ -1,5 +1,6 @@
 #include "QuillaryCore/Assistant/AssistantActions.h"
 
+#include "QuillaryCore/Assistant/LibrarySearch.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/SchemaCheck.h"
 #include "QuillaryCore/Foundation/Precondition.h"
@@ -25,6 +26,7 @@ struct Operation
 {
     std::string_view name;
     ToolResult (*run)(const Environment&, const Arguments&);
+    Scope::Undo undo = Scope::Undo::possible;
 };
 
 /// An operation that answers when a page has been printed.
@@ -40,17 +42,25 @@ constexpr std::array operations = {
                   return BusinessOperations::profile(environment);
               }},
     Operation{"update_business_profile", BusinessOperations::update},
-    Operation{"find_clients", ClientOperations::find},
+    Operation{"find_clients", FindOperations::clients},
+    Operation{"find_catalog_items", FindOperations::catalogItems},
+    Operation{"find_documents", FindOperations::documents},
+    Operation{"get_unbilled_time", TimeOperations::unbilled},
+    Operation{"get_money_overview", OverviewOperations::money},
     Operation{"create_client", ClientOperations::create},
     Operation{"update_client", ClientOperations::update},
     Operation{"create_document", DocumentOperations::create},
     Operation{"update_document", DocumentOperations::update},
     Operation{"get_document", DocumentOperations::show},
+    Operation{"discard_document", SendingOperations::discard},
+    Operation{"mark_document_sent", SendingOperations::markSent, Scope::Undo::impossible},
+    Operation{"record_payment", SendingOperations::recordPayment},
 };
 
 constexpr std::array printingOperations = {
     PrintingOperation{"preview_document", DocumentOperations::preview},
     PrintingOperation{"export_document_pdf", DocumentOperations::exportPDF},
+    PrintingOperation{"email_document", SendingOperations::email},
 };
 
 ToolResult
@@ -61,7 +71,7 @@ perform(const Environment& environment, const AssistantTool& tool, const Operati
     }
     auto scope = environment.context.beginScope(tool.title);
     ToolResult result = operation.run(environment, Arguments(given));
-    scope.commit();
+    scope.commit(operation.undo);
     return result;
 }
 
@@ -94,10 +104,30 @@ const Business& AssistantEnvironment::ownBusiness() const
     return *record;
 }
 
+AssistantHost& AssistantEnvironment::printer() const
+{
+    if (host == nullptr) {
+        throw AssistantError("Pages can't be printed here.");
+    }
+    return *host;
+}
+
+LibrarySearch& AssistantEnvironment::librarySearch() const
+{
+    precondition(search != nullptr, "whoever runs an operation brings the search");
+    return *search;
+}
+
 AssistantActions::AssistantActions(AssistantEnvironment environment)
     : m_environment(std::move(environment))
 {
+    if (m_environment.search == nullptr) {
+        m_ownSearch = std::make_unique<LibrarySearch>(m_environment.context);
+        m_environment.search = m_ownSearch.get();
+    }
 }
+
+AssistantActions::~AssistantActions() = default;
 
 void AssistantActions::call(std::string_view name, const JSON& arguments, const Reply& reply)
 {

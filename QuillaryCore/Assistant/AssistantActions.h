@@ -10,13 +10,16 @@
 #include "QuillaryCore/Store/Context.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Quillary {
 
 struct Business;
+class LibrarySearch;
 
 /// What an operation works with. All of it is borrowed and outlives the call.
 struct AssistantEnvironment
@@ -27,10 +30,17 @@ struct AssistantEnvironment
     std::string assistantName;     ///< kept as `Document::madeBy`; empty for the user's own commands
     const Clock& clock;
     Calendar calendar;
-    Locale locale; ///< for number and date text
+    Locale locale;                   ///< for number and date text
+    LibrarySearch* search = nullptr; ///< shared by all who work on the context; null: `AssistantActions` makes its own
 
     /// The business's record. A library without one is a programmer's mistake.
     [[nodiscard]] const Business& ownBusiness() const;
+
+    /// `host`. Throws: `AssistantError` where there is none.
+    [[nodiscard]] AssistantHost& printer() const;
+
+    /// `search`. Null is a programmer's mistake.
+    [[nodiscard]] LibrarySearch& librarySearch() const;
 };
 
 /// The operations that an assistant, a script or a test may run on the user's data.
@@ -42,9 +52,15 @@ public:
     using Reply = std::function<void(ToolResult)>;
 
     explicit AssistantActions(AssistantEnvironment environment);
+    AssistantActions(const AssistantActions&) = delete;
+    AssistantActions& operator=(const AssistantActions&) = delete;
+    ~AssistantActions();
 
     /// The catalogue, in the order in which it is listed.
     [[nodiscard]] static const std::vector<AssistantTool>& tools() { return ToolCatalogue::tools(); }
+
+    /// From now on, see `AssistantEnvironment::assistantName`.
+    void setAssistantName(std::string name) { m_environment.assistantName = std::move(name); }
 
     /// Runs the tool of exactly this name and hands its result to `reply`: at once, or later when a page has to be
     /// printed first; always on the calling thread and never as an exception.
@@ -52,6 +68,7 @@ public:
 
 private:
     AssistantEnvironment m_environment;
+    std::unique_ptr<LibrarySearch> m_ownSearch;
 };
 
 } // namespace Quillary

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QuillaryCore/Output/MailDraft.h"
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Store/Field.h"
 
@@ -24,6 +25,16 @@ struct PageJob
 /// A finished PDF, or the sentence that says why there is none.
 using PageOutcome = std::variant<Bytes, std::string>;
 
+/// An email that lies before the user.
+struct PreparedEmail
+{
+    std::filesystem::path file; ///< the draft; empty where a window shows it
+    bool isOpened = false;      ///< it is on the screen
+};
+
+/// A prepared email, or the sentence that says why there is none.
+using EmailOutcome = std::variant<PreparedEmail, std::string>;
+
 /// The application side of the operations that need its printer, its windows or the user's folders.
 class AssistantHost
 {
@@ -35,6 +46,10 @@ public:
 
     /// Prints a page and hands over the outcome later, on the same thread.
     virtual void printPage(PageJob job, std::function<void(PageOutcome)> reply) = 0;
+
+    /// Lays an email before the user to check and send, and hands over the outcome later, on the same thread. It sends
+    /// nothing. `name` is that of a file for it, without ending.
+    virtual void prepareEmail(MailDraft mail, std::string name, std::function<void(EmailOutcome)> reply) = 0;
 
     /// A page of a PDF as PNG, `pixelWidth` wide. Throws: `UserError`.
     [[nodiscard]] virtual Bytes pageImage(const Bytes& pdf, int pageIndex, int pixelWidth) = 0;

@@ -1,6 +1,7 @@
-#include "QuillaryCore/Assistant/BusinessReview.h"
+#include "QuillaryCore/Assistant/DocumentReview.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/PartyFields.h"
+#include "QuillaryCore/Assistant/VATArea.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/BusinessDefaults.h"
@@ -176,8 +177,8 @@ void appendProblems(const AssistantEnvironment& environment, std::string& answer
 {
     const Business& own = environment.ownBusiness();
     JSON::Array problems;
-    for (const ReviewProblem& entry :
-         businessProblems(own, own.countryCode, Countries::isInEU(own.countryCode), own.taxExempt)) {
+    const bool inEU = VATArea::of(own, Supply::services).isInEU();
+    for (const ReviewProblem& entry : DocumentReview::businessProblems(own, own.countryCode, inEU, own.taxExempt)) {
         if (problems.empty()) {
             answer += "Missing for legally complete invoices:\n";
         }

@@ -1,6 +1,9 @@
+#include "QuillaryCore/Assistant/ClientDescription.h"
+#include "QuillaryCore/Assistant/LibrarySearch.h"
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/PartyFields.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
@@ -8,6 +11,8 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/NumberedKind.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
+#include "QuillaryCore/Model/Validation.h"
 #include "QuillaryCore/Money/Currencies.h"
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Numbering/Numbering.h"
@@ -16,6 +21,7 @@
 #include <fmt/format.h>
 
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,9 +29,6 @@
 namespace Quillary {
 
 namespace {
-
-constexpr std::int64_t defaultLimit = 10;
-constexpr std::int64_t largestLimit = 100;
 
 constexpr std::array textFields = {TextField<Client>{"phone", &Client::phone},
                                    TextField<Client>{"address_line", &Client::addressLine},
@@ -111,95 +114,97 @@ void applyFields(Client& client, const Business& business, const Arguments& argu
     }
 }
 
-/// Somebody with the same email, VAT ID or name is most likely the same client, so it isn't made twice.
-void refuseDuplicate(Context& context, const Client& made)
+/// Whoever has no VAT ID isn't asked for it again.
+void rememberVATID(Context& context, const Client& client, const Arguments& arguments)
 {
-    const std::string name = folded(displayName(made));
-    for (const Client* other : context.fetch<Client>("")) {
-        const bool same = other->ref != made.ref &&
-                          ((!made.email.empty() && folded(other->email) == folded(made.email)) ||
-                           (!made.vatID.empty() && other->vatID == made.vatID) || folded(displayName(*other)) == name);
-        if (same) {
-            throw AssistantError(
-                fmt::format("There already is a client {} [{}] with this name, email or VAT ID. Change "
-                            "it with update_client, or give the new one a name that tells it apart.",
-                            displayName(*other),
-                            Lookup::idText(other->uuid)));
+    if (const auto vatID = arguments.line("vat_id", Limits::lineLength)) {
+        ReviewAnswers::setHasNoVATID(context, client, saysNone(*vatID));
+    }
+}
+
+/// What a new client shares with one that is there: most likely it is the same.
+struct Likeness
+{
+    const Client* client;
+    std::string advice; ///< how to add it all the same
+};
+
+bool isSame(const std::string& left, const std::string& right)
+{
+    return !left.empty() && folded(trimmed(left)) == folded(trimmed(right));
+}
+
+std::optional<Likeness> likeness(const Client& made, const Client& other)
+{
+    if (isSame(displayName(made), displayName(other))) {
+        return Likeness{&other, "give it a name that tells the two apart, such as the name with the city"};
+    }
+    if (isSame(made.vatID, Validation::compactIBAN(other.vatID))) {
+        return Likeness{&other, "add it without the VAT ID and fill that in with update_client"};
+    }
+    if (isSame(made.email, other.email)) {
+        return Likeness{&other, "add it without the email address and fill that in with update_client"};
+    }
+    return std::nullopt;
+}
+
+std::optional<Likeness> findLike(const AssistantEnvironment& environment, const Client& made)
+{
+    for (const std::string& text : {displayName(made), made.vatID, made.email}) {
+        if (text.empty()) {
+            continue;
+        }
+        for (const TextIndex::Hit& hit : environment.librarySearch().clients(text, TextIndex::Slips::notForgiven)) {
+            const bool isClose = hit.isOwn && hit.rank == TextIndex::Rank::exact;
+            const Client* other = isClose ? environment.context.find(Ref<Client>(hit.key)) : nullptr;
+            if (other != nullptr) {
+                if (auto found = likeness(made, *other)) {
+                    return found;
+                }
+            }
         }
     }
+    return std::nullopt;
 }
 
-JSON clientData(const Client& client)
+/// Nothing was added, and nothing is wrong: the assistant goes on with the client that is there.
+ToolResult alreadyThere(const Likeness& found)
 {
-    return JSON::object({{"id", Lookup::idText(client.uuid)},
-                         {"number", client.number},
-                         {"name", displayName(client)},
-                         {"email", client.email},
-                         {"phone", client.phone},
-                         {"address_line", client.addressLine},
-                         {"postal_code", client.postalCode},
-                         {"city", client.city},
-                         {"state", client.state},
-                         {"country", client.countryCode},
-                         {"vat_id", client.vatID},
-                         {"tax_id", client.taxID},
-                         {"currency", client.currencyCode},
-                         {"language", client.languageCode},
-                         {"payment_terms_days", client.paymentTermsDays}});
-}
-
-std::string clientText(const Client& client)
-{
-    std::string text = fmt::format("{} [{}]", displayName(client), Lookup::idText(client.uuid));
-    const std::array facts = {client.number.empty() ? "" : "no. " + client.number,
-                              client.email,
-                              client.addressLine,
-                              std::string(trimmed(client.postalCode + " " + client.city)),
-                              client.countryCode,
-                              client.vatID};
-    for (const std::string& fact : facts) {
-        text += fact.empty() ? "" : ", " + fact;
-    }
-    return text;
+    ToolResult result;
+    result.text = fmt::format("Nothing was added, because this client seems to be there already: {}\nUse it, and fill "
+                              "in what is missing with update_client. If it really is another client, {}.",
+                              clientText(*found.client),
+                              found.advice);
+    result.data = JSON::object({{"added", false}, {"existing", clientData(*found.client)}});
+    result.summary = fmt::format("Found {} already there", plainText(displayName(*found.client)));
+    return result;
 }
 
 ToolResult saved(const Client& client, std::string_view verb)
 {
     ToolResult result{.text = fmt::format("{} {}", verb, clientText(client))};
     result.data = clientData(client);
-    result.summary = fmt::format("{} {}", verb, displayName(client));
+    result.summary = fmt::format("{} {}", verb, plainText(displayName(client)));
     return result;
 }
 
 } // namespace
 
-ToolResult ClientOperations::find(const AssistantEnvironment& environment, const Arguments& arguments)
-{
-    const std::string query = arguments.line("query", Limits::lineLength).value_or("");
-    const auto limit = static_cast<std::size_t>(arguments.wholeNumber("limit", 1, largestLimit).value_or(defaultLimit));
-    const std::vector<const Client*> found = Lookup::clients(environment.context, query, limit);
-    ToolResult result;
-    JSON::Array clients;
-    for (const Client* client : found) {
-        result.text += clientText(*client) + "\n";
-        clients.push_back(clientData(*client));
-    }
-    if (found.empty()) {
-        result.text = query.empty() ? "There are no clients yet; create_client adds one."
-                                    : fmt::format("No client fits “{}”; create_client adds one.", query);
-    }
-    result.data = JSON::object({{"clients", std::move(clients)}});
-    return result;
-}
-
 ToolResult ClientOperations::create(const AssistantEnvironment& environment, const Arguments& arguments)
 {
-    Context& context = environment.context;
-    Client& client = context.insert<Client>();
-    applyFields(client, environment.ownBusiness(), arguments);
-    refuseDuplicate(context, client);
+    Client details;
+    applyFields(details, environment.ownBusiness(), arguments);
+    if (const std::optional<Likeness> found = findLike(environment, details)) {
+        return alreadyThere(*found);
+    }
+    Client& client = environment.context.insert<Client>();
+    details.ref = client.ref;
+    details.uuid = client.uuid;
+    details.createdAt = client.createdAt;
+    client = std::move(details);
+    rememberVATID(environment.context, client, arguments);
     try {
-        client.number = Numbering::assign(context,
+        client.number = Numbering::assign(environment.context,
                                           NumberedKind::client,
                                           environment.clock.now(),
                                           nullptr,
@@ -214,8 +219,9 @@ ToolResult ClientOperations::create(const AssistantEnvironment& environment, con
 ToolResult ClientOperations::update(const AssistantEnvironment& environment, const Arguments& arguments)
 {
     const std::string named = arguments.line("client", Limits::lineLength).value_or("");
-    Client& client = environment.context.edit(Lookup::client(environment.context, named));
+    Client& client = environment.context.edit(Lookup::client(environment, named));
     applyFields(client, environment.ownBusiness(), arguments);
+    rememberVATID(environment.context, client, arguments);
     return saved(client, "Changed the client");
 }
 

@@ -1,6 +1,7 @@
 #include "QuillaryCore/Assistant/DocumentDescription.h"
 
 #include "QuillaryCore/Assistant/Lookup.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Billing/DocumentAmounts.h"
 #include "QuillaryCore/Billing/Totals.h"
@@ -28,6 +29,12 @@
 namespace Quillary {
 
 namespace {
+
+/// Of an intro, a footer or the details of a line; the data holds all of it.
+constexpr std::size_t shownLetters = 1000;
+/// Kept for the totals and payments below the lines. Unit: bytes.
+constexpr std::size_t roomBelowLines = 15'000;
+constexpr std::size_t shownPayments = 50;
 
 /// Assembles text and data side by side, so that they can't say different things.
 class Describer
@@ -79,7 +86,7 @@ private:
     {
         if (!value.empty()) {
             m_result.data.set(key, value);
-            m_result.text += fmt::format("{}: {}\n", label, value);
+            m_result.text += fmt::format("{}: {}\n", label, plainText(value, shownLetters));
         }
     }
 
@@ -88,6 +95,7 @@ private:
     void describeLines();
     void describeTotals();
     void describePayments();
+    [[nodiscard]] std::string lineText(std::size_t number, const LineItem& line, std::string_view unit) const;
 
     Context& m_context;
     const Document& m_document;
@@ -97,37 +105,17 @@ private:
     DocumentDescription m_result;
 };
 
-/// The kinds as the tools' arguments write them.
-std::string_view kindWord(DocumentKind documentKind)
-{
-    switch (documentKind) {
-    case DocumentKind::invoice:
-        return "invoice";
-    case DocumentKind::quote:
-        return "quote";
-    case DocumentKind::creditNote:
-        return "credit_note";
-    case DocumentKind::recurring:
-        return "recurring";
-    }
-    stopProgram("a document kind is one of the four", std::source_location::current());
-}
-
 void Describer::describeHeading()
 {
     const std::optional<DocumentKind> documentKind = kind(m_document);
-    const std::string_view kindTitle = documentKind ? title(*documentKind) : std::string_view("Document");
     const std::string statusTitle(title(m_status, documentKind));
-    const std::string number = m_document.number.empty() ? "without a number" : m_document.number;
     const Client* client = m_context.find(m_document.client);
-    m_result.heading =
-        fmt::format("{} {} [{}], {}, {}",
-                    kindTitle,
-                    number,
-                    Lookup::idText(m_document.uuid),
-                    statusTitle,
-                    client != nullptr ? fmt::format("for {} [{}]", displayName(*client), Lookup::idText(client->uuid))
-                                      : "without a client");
+    m_result.heading = fmt::format(
+        "{}, {}, {}",
+        Lookup::reference(m_document),
+        statusTitle,
+        client != nullptr ? fmt::format("for {} [{}]", plainText(displayName(*client)), Lookup::idText(client->uuid))
+                          : "without a client");
     m_result.text = m_result.heading + "\n";
     m_result.data = JSON::object({{"id", Lookup::idText(m_document.uuid)},
                                   {"kind", documentKind ? JSON(kindWord(*documentKind)) : JSON()},
@@ -158,10 +146,30 @@ void Describer::describeTerms()
     }
 }
 
+std::string Describer::lineText(std::size_t number, const LineItem& line, std::string_view unit) const
+{
+    std::string text = fmt::format("{}. {}{}: {}{}{} × {} = {}, tax {}",
+                                   number,
+                                   line.parent ? "(sub-line) " : "",
+                                   line.title.empty() ? "(no description)" : plainText(line.title),
+                                   Quantity::plainText(line.quantityThousandths),
+                                   unit.empty() ? "" : " ",
+                                   plainText(unit),
+                                   amount(line.unitPriceMinorUnits),
+                                   amount(m_totals.lineAmounts[number - 1]),
+                                   Percent::format(line.vatBasisPoints));
+    if (!line.details.empty()) {
+        text += "\n   " + plainText(line.details, shownLetters);
+    }
+    return text;
+}
+
 void Describer::describeLines()
 {
     JSON::Array lines;
     m_result.text += "Lines:\n";
+    ResultLines shown(m_result.text, roomBelowLines);
+    std::size_t left = 0;
     const std::vector<const LineItem*> items = linesInOrder(m_context, m_document);
     for (std::size_t index = 0; index < items.size(); ++index) {
         const LineItem& line = *items[index];
@@ -180,19 +188,10 @@ void Describer::describeLines()
             data.set("sub_line", true);
         }
         lines.push_back(std::move(data));
-        m_result.text += fmt::format("{}. {}{}: {}{}{} × {} = {}, tax {}\n",
-                                     index + 1,
-                                     line.parent ? "(sub-line) " : "",
-                                     line.title.empty() ? "(no description)" : line.title,
-                                     quantity,
-                                     unit.empty() ? "" : " ",
-                                     unit,
-                                     amount(line.unitPriceMinorUnits),
-                                     amount(m_totals.lineAmounts[index]),
-                                     Percent::format(line.vatBasisPoints));
-        if (!line.details.empty()) {
-            m_result.text += fmt::format("   {}\n", replacing(line.details, "\n", "\n   "));
-        }
+        left += shown.add(lineText(index + 1, line, unit)) ? 0U : 1U;
+    }
+    if (left > 0) {
+        m_result.text += fmt::format("… and {} more lines\n", left);
     }
     if (items.empty()) {
         m_result.text += "(none yet)\n";
@@ -211,10 +210,11 @@ void Describer::describeTotals()
     }
     row("net", "Net", m_totals.net);
     JSON::Array taxes;
+    ResultLines shown(m_result.text, roomBelowLines / 2);
     for (const Totals::TaxLine& tax : m_totals.taxLines) {
         const std::string rate = Percent::format(tax.basisPoints);
         taxes.push_back(JSON::object({{"rate", rate}, {"base", number(tax.base)}, {"tax", number(tax.tax)}}));
-        m_result.text += fmt::format("Tax {} on {}: {}\n", rate, amount(tax.base), amount(tax.tax));
+        shown.add(fmt::format("Tax {} on {}: {}", rate, amount(tax.base), amount(tax.tax)));
     }
     m_result.data.set("taxes", std::move(taxes));
     row("total", "Total", m_totals.total);
@@ -227,16 +227,36 @@ void Describer::describePayments()
     }
     JSON::Array payments;
     for (const Payment* payment : sortedPayments(m_context, m_document)) {
+        if (payments.size() == shownPayments) {
+            m_result.text += "… and more payments\n";
+        }
         const std::string date = payment->date ? isoText(m_calendar.date(*payment->date)) : "";
         payments.push_back(
             JSON::object({{"date", date}, {"amount", number(payment->amountMinorUnits)}, {"method", payment->method}}));
-        m_result.text += fmt::format("Paid {} on {}\n", amount(payment->amountMinorUnits), date);
+        if (payments.size() <= shownPayments) {
+            m_result.text += fmt::format("Paid {} on {}\n", amount(payment->amountMinorUnits), date);
+        }
     }
     m_result.data.set("payments", std::move(payments));
     row("amount_due", "Amount due", amountDueMinorUnits(m_context, m_document));
 }
 
 } // namespace
+
+std::string_view kindWord(DocumentKind documentKind)
+{
+    switch (documentKind) {
+    case DocumentKind::invoice:
+        return "invoice";
+    case DocumentKind::quote:
+        return "quote";
+    case DocumentKind::creditNote:
+        return "credit_note";
+    case DocumentKind::recurring:
+        return "recurring";
+    }
+    stopProgram("a document kind is one of the four", std::source_location::current());
+}
 
 DocumentDescription
 DocumentDescription::describe(Context& context, const Document& document, Instant today, const Calendar& calendar)

@@ -4,11 +4,17 @@
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Store/Context.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Quillary {
 
 struct Document;
+enum class DocumentKind : std::int16_t;
+
+/// The kinds as the tools' arguments write them: "invoice", "credit_note".
+[[nodiscard]] std::string_view kindWord(DocumentKind documentKind);
 
 /// A document in full, as assistants and terminals read it: English, ids in brackets, dates as YYYY-MM-DD, amounts as
 /// plain numbers. Lines are numbered from 1 in print order, sub-lines included.

@@ -1,5 +1,6 @@
 #include "QuillaryCore/Assistant/DocumentSession.h"
 #include "QuillaryCore/Assistant/Lookup.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Assistant/ToolResult.h"
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Foundation/Text.h"
@@ -10,14 +11,17 @@
 #include "QuillaryCore/Model/Discount.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Fee.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Model/Units.h"
 #include "QuillaryCore/Money/Currencies.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Schedules/TimeBilling.h"
 
 #include <fmt/format.h>
 
@@ -92,7 +96,7 @@ void DocumentSession::applyCurrency(const Arguments& arguments, const Client* be
         }
     } else if (arguments.has("client") && client() != nullptr && !client()->currencyCode.empty()) {
         wanted = client()->currencyCode;
-        m_filledIn.push_back(fmt::format("currency {} (from {})", wanted, displayName(*client())));
+        m_filledIn.push_back(fmt::format("currency {} (from {})", wanted, plainText(displayName(*client()))));
     } else if (before != nullptr && before != client() && before->currencyCode == wanted) {
         wanted = business().currencyCode;
     }
@@ -149,11 +153,15 @@ void DocumentSession::applyLines(const Arguments& arguments)
                                         return lines[static_cast<std::size_t>(other)]->ref == line.parent;
                                     });
         if (!goesWithParent) {
+            TimeBilling::release(context, line);
             context.erase(line);
         }
     }
     if (arguments.flag("copy_last_invoice").value_or(false)) {
         copyLastInvoice();
+    }
+    if (arguments.flag("add_unbilled_time").value_or(false)) {
+        addUnbilledTime();
     }
     std::int32_t sortIndex = added.empty() ? 0 : nextSortIndex();
     for (const Arguments& line : added) {
@@ -173,7 +181,21 @@ void DocumentSession::changeLine(const Arguments& change, const std::vector<cons
     if (!number) {
         change.refuse("line", "is missing: the line's number as get_document shows it.");
     }
-    fillLine(m_environment.context.edit(*lines[static_cast<std::size_t>(*number - 1)]), change);
+    LineItem& line = m_environment.context.edit(*lines[static_cast<std::size_t>(*number - 1)]);
+    fillLine(line, change);
+    rememberLineAnswers(line, change);
+}
+
+/// A price or rate of 0 that somebody sets on a line is meant; one that a new line starts with may only be unknown.
+void DocumentSession::rememberLineAnswers(const LineItem& line, const Arguments& change)
+{
+    Context& context = m_environment.context;
+    if (change.has("unit_price") && line.unitPriceMinorUnits == 0) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::freeLine, Lookup::idText(line.uuid));
+    }
+    if (change.has("tax_rate") && line.vatBasisPoints == 0) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::untaxedLine, Lookup::idText(line.uuid));
+    }
 }
 
 void DocumentSession::addLine(const Arguments& arguments, std::int32_t sortIndex)
@@ -193,7 +215,7 @@ void DocumentSession::addLine(const Arguments& arguments, std::int32_t sortIndex
             if (item.currencyCode != m_document.currencyCode) {
                 arguments.refuse("unit_price",
                                  fmt::format("is needed: “{}” is priced in {}, the document is in {}.",
-                                             item.name,
+                                             plainText(item.name),
                                              item.currencyCode,
                                              m_document.currencyCode));
             }
@@ -258,21 +280,41 @@ void DocumentSession::copyLastInvoice()
                                 m_document.client.key(),
                                 m_document.ref.key());
     if (last == nullptr) {
-        throw AssistantError(fmt::format("{} has no earlier invoice to copy.", displayName(*client())));
+        throw AssistantError(fmt::format("{} has no earlier invoice to copy.", plainText(displayName(*client()))));
     }
     if (last->currencyCode != m_document.currencyCode) {
         throw AssistantError(fmt::format("The last invoice, {}, is in {}; this document is in {}.",
-                                         last->number,
+                                         plainText(last->number),
                                          last->currencyCode,
                                          m_document.currencyCode));
     }
     const std::int32_t offset = nextSortIndex();
+    const bool isIssued = status(*last).value_or(DocumentStatus::draft) != DocumentStatus::draft;
     for (const LineItem* source : sortedItems(context, *last)) {
         LineItem& copy = copiedLine(context, *source, m_document);
         copy.sortIndex = source->sortIndex + offset;
+        const Ref<LineItem> copyRef = copy.ref;
+        std::vector<const LineItem*> copies = {&copy};
         for (const LineItem* child : sortedChildren(context, *source)) {
-            copiedLine(context, *child, m_document).parent = copy.ref;
+            LineItem& childCopy = copiedLine(context, *child, m_document);
+            childCopy.parent = copyRef;
+            copies.push_back(&childCopy);
         }
+        if (isIssued) {
+            std::ranges::for_each(copies, [this](const LineItem* line) { keepLineAnswers(*line); });
+        }
+    }
+}
+
+/// What an issued invoice bills at 0, or without tax, was meant like that.
+void DocumentSession::keepLineAnswers(const LineItem& copy)
+{
+    Context& context = m_environment.context;
+    if (copy.unitPriceMinorUnits == 0) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::freeLine, Lookup::idText(copy.uuid));
+    }
+    if (copy.vatBasisPoints == 0) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::untaxedLine, Lookup::idText(copy.uuid));
     }
 }
 

@@ -3,29 +3,39 @@
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Limits.h"
 
 #include <fmt/format.h>
 
+#include <utility>
+
 namespace Quillary {
 
 namespace {
+
+/// What a draft still lacks, appended to the answer that shows it. What was issued lacks nothing any more.
+void appendReview(const AssistantEnvironment& environment,
+                  const Document& document,
+                  const std::vector<std::string>& filledIn,
+                  DocumentDescription& description)
+{
+    if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
+        return;
+    }
+    const DocumentReview review = DocumentOperations::reviewed(environment, document, filledIn);
+    description.text += "\n" + review.text();
+    description.data.set("review", review.json());
+}
 
 ToolResult described(const AssistantEnvironment& environment, const DocumentSession& session, std::string_view verb)
 {
     const Document& document = session.document();
     DocumentDescription description =
         DocumentDescription::describe(environment.context, document, environment.clock.now(), environment.calendar);
+    appendReview(environment, document, session.filledIn(), description);
     ToolResult result;
     result.text = fmt::format("{} {}", verb, description.text);
-    JSON::Array filledIn;
-    if (!session.filledIn().empty()) {
-        result.text += fmt::format("Filled in: {}\n", fmt::join(session.filledIn(), "; "));
-    }
-    for (const std::string& text : session.filledIn()) {
-        filledIn.emplace_back(text);
-    }
-    description.data.set("filled_in", std::move(filledIn));
     result.data = std::move(description.data);
     result.documentID = document.uuid;
     result.summary = fmt::format("{} {}", verb, description.heading);
@@ -33,6 +43,15 @@ ToolResult described(const AssistantEnvironment& environment, const DocumentSess
 }
 
 } // namespace
+
+DocumentReview DocumentOperations::reviewed(const AssistantEnvironment& environment,
+                                            const Document& document,
+                                            const std::vector<std::string>& filledIn)
+{
+    const Instant today = environment.calendar.startOfDay(environment.clock.now());
+    return DocumentReview::review(
+        environment.context, document, environment.ownBusiness(), today, environment.locale, filledIn);
+}
 
 ToolResult DocumentOperations::create(const AssistantEnvironment& environment, const Arguments& arguments)
 {
@@ -45,7 +64,7 @@ ToolResult DocumentOperations::create(const AssistantEnvironment& environment, c
 ToolResult DocumentOperations::update(const AssistantEnvironment& environment, const Arguments& arguments)
 {
     const std::string named = arguments.line("document", Limits::lineLength).value_or("");
-    DocumentSession session = DocumentSession::open(environment, Lookup::document(environment.context, named));
+    DocumentSession session = DocumentSession::open(environment, Lookup::document(environment, named));
     session.apply(arguments);
     return described(environment, session, "Changed the draft:");
 }
@@ -53,9 +72,10 @@ ToolResult DocumentOperations::update(const AssistantEnvironment& environment, c
 ToolResult DocumentOperations::show(const AssistantEnvironment& environment, const Arguments& arguments)
 {
     const std::string named = arguments.line("document", Limits::lineLength).value_or("");
-    const Document& document = Lookup::document(environment.context, named);
+    const Document& document = Lookup::document(environment, named);
     DocumentDescription description =
         DocumentDescription::describe(environment.context, document, environment.clock.now(), environment.calendar);
+    appendReview(environment, document, {}, description);
     ToolResult result;
     result.text = std::move(description.text);
     result.data = std::move(description.data);

@@ -1,6 +1,8 @@
 #include "QuillaryCore/Assistant/DocumentSession.h"
 
+#include "QuillaryCore/Assistant/DocumentReviewer.h"
 #include "QuillaryCore/Assistant/Lookup.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Assistant/ServiceDate.h"
 #include "QuillaryCore/Assistant/TaxNotes.h"
 #include "QuillaryCore/Assistant/ToolResult.h"
@@ -18,6 +20,8 @@
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/NumberedKind.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
+#include "QuillaryCore/Model/TaxLabel.h"
 #include "QuillaryCore/Model/Units.h"
 #include "QuillaryCore/Numbering/Numbering.h"
 #include "QuillaryCore/Numbering/NumberingError.h"
@@ -30,6 +34,9 @@ namespace {
 
 /// How long a quote stands when nobody says otherwise.
 constexpr int quoteValidityDays = 30;
+
+/// What is shown of a longer reason for charging no tax. Unit: characters.
+constexpr std::size_t longestReason = 80;
 
 NumberedKind series(const Document& document)
 {
@@ -81,6 +88,9 @@ DocumentSession DocumentSession::create(const AssistantEnvironment& environment,
     }
     if (business.taxExempt) {
         session.setTreatment(TaxTreatment::exempt, business.taxExemptNote);
+        const std::string reason = plainText(business.taxExemptNote, longestReason);
+        session.m_filledIn.push_back(
+            fmt::format("no {}: {}", taxLabelText(business), reason.empty() ? "(no reason given)" : reason));
     }
     return session;
 }
@@ -91,7 +101,7 @@ DocumentSession DocumentSession::open(const AssistantEnvironment& environment, c
         const bool invoice = kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
         throw AssistantError(fmt::format(
             "{} is no draft any more, so it can't be changed.{}",
-            document.number.empty() ? "This document" : document.number,
+            document.number.empty() ? "This document" : plainText(document.number),
             invoice ? " To correct an invoice that was sent, make a credit note for it and a new invoice." : ""));
     }
     return {environment, environment.context.edit(document)};
@@ -99,7 +109,6 @@ DocumentSession DocumentSession::open(const AssistantEnvironment& environment, c
 
 void DocumentSession::apply(const Arguments& arguments)
 {
-    refuseUnavailable(arguments);
     const std::optional<Instant> oldIssueDate = m_document.issueDate;
     const Client* oldClient = client();
     const std::int16_t oldTerms = m_document.paymentTermsDays;
@@ -117,6 +126,9 @@ void DocumentSession::apply(const Arguments& arguments)
     }
     applyLines(arguments);
     applyDiscount(arguments);
+    if (client() != nullptr && client() == oldClient) {
+        rememberAnswers(arguments);
+    }
     applyNumber(oldIssueDate, oldClient);
 
     if (const std::optional<std::string> sentence = checkAggregates(m_environment.context, m_document)) {
@@ -125,22 +137,15 @@ void DocumentSession::apply(const Arguments& arguments)
     updateCachedTotals(m_environment.context, m_document);
 }
 
-void DocumentSession::refuseUnavailable(const Arguments& arguments)
-{
-    if (arguments.flag("add_unbilled_time").value_or(false)) {
-        arguments.refuse("add_unbilled_time", "isn't available yet. Add the hours with add_lines.");
-    }
-}
-
 void DocumentSession::applyClient(const Arguments& arguments, const Client* before)
 {
     const std::optional<std::string> named = arguments.line("client", Limits::lineLength);
     if (!named) {
         return;
     }
-    const Client& chosen = Lookup::client(m_environment.context, *named);
+    const Client& chosen = Lookup::client(m_environment, *named);
     m_document.client = chosen.ref;
-    const std::string name = displayName(chosen);
+    const std::string name = plainText(displayName(chosen));
     // What another client brought along leaves with that client.
     if (before != nullptr && before != &chosen) {
         if (!before->languageCode.empty() && m_document.languageCode == before->languageCode) {
@@ -245,12 +250,15 @@ void DocumentSession::applyTaxTreatment(const Arguments& arguments)
     } else if (outsideEU == true) {
         setTreatment(TaxTreatment::outsideEU, std::string(taxNote(TaxTreatment::outsideEU, printed)));
     } else if (exempt == true) {
-        setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : m_document.taxExemptNote);
+        setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : ownReason());
     } else if (reverseCharge == false || outsideEU == false || exempt == false) {
         const TaxTreatment current = taxTreatment(m_environment.context, m_document);
         const bool takenBack = (current == TaxTreatment::reverseCharge && reverseCharge == false) ||
                                (current == TaxTreatment::outsideEU && outsideEU == false) || exempt == false;
-        if (takenBack) {
+        if (takenBack && business().taxExempt && exempt != false) {
+            setTreatment(TaxTreatment::exempt, business().taxExemptNote);
+        } else if (takenBack) {
+            // The lines have kept their rates all the while, so that the tax is back as it was.
             setTreatment(TaxTreatment::standard, "");
         }
     }
@@ -260,6 +268,27 @@ void DocumentSession::applyTaxTreatment(const Arguments& arguments)
         }
         m_document.taxExemptNote = *note;
     }
+}
+
+/// Answers that leave the document as it is. They count once the client is known: before that nothing was asked.
+void DocumentSession::rememberAnswers(const Arguments& arguments)
+{
+    Context& context = m_environment.context;
+    if (arguments.has("currency")) {
+        ReviewAnswers::remember(
+            context, m_document, ReviewTopic::currency, currencyAnswer(*client(), m_document.currencyCode));
+    }
+    const bool isDeclined = arguments.flag("reverse_charge") == false || arguments.flag("outside_eu") == false;
+    if (isDeclined && !m_document.taxExempt) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::taxTreatment, taxTreatmentAnswer(*client()));
+    }
+}
+
+/// The note, unless it is the one we print for another treatment.
+std::string DocumentSession::ownReason() const
+{
+    const std::string_view printed = taxNote(taxTreatment(m_environment.context, m_document), language(m_document));
+    return !printed.empty() && m_document.taxExemptNote == printed ? "" : m_document.taxExemptNote;
 }
 
 void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& note)

@@ -4,6 +4,7 @@
 #include "QuillaryCore/Assistant/AssistantActions.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/DocumentTaxTreatment.h"
+#include "QuillaryCore/Schedules/TimeInvoicing.h"
 
 #include <cstdint>
 #include <optional>
@@ -16,6 +17,7 @@ namespace Quillary {
 struct Client;
 struct Document;
 struct LineItem;
+struct TimeEntry;
 
 /// Fills one draft from a call's arguments, and everything else from the client's and the business's settings.
 ///
@@ -48,6 +50,7 @@ private:
     void applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms);
     void applyServiceDate(const Arguments& arguments);
     void applyTaxTreatment(const Arguments& arguments);
+    void rememberAnswers(const Arguments& arguments);
     void applyLines(const Arguments& arguments);
     void applyDiscount(const Arguments& arguments);
     void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
@@ -55,16 +58,20 @@ private:
     void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);
     void addLine(const Arguments& arguments, std::int32_t sortIndex);
     void copyLastInvoice();
+    void keepLineAnswers(const LineItem& copy);
+    void rememberLineAnswers(const LineItem& line, const Arguments& change);
+    void addUnbilledTime();
+    void addTimeLine(const TimeInvoicing::Line& proposed, const std::vector<const TimeEntry*>& entries);
     void fillLine(LineItem& line, const Arguments& arguments);
     void setUnit(LineItem& line, const Arguments& arguments);
     void setTreatment(TaxTreatment treatment, const std::string& note);
     void refreshWords(DocumentLanguage before);
-    static void refuseUnavailable(const Arguments& arguments);
 
     [[nodiscard]] const Business& business() const;
     [[nodiscard]] const Client* client() const;
     [[nodiscard]] std::int32_t defaultRate() const;
     [[nodiscard]] std::int32_t nextSortIndex() const;
+    [[nodiscard]] std::string ownReason() const;
 
     const AssistantEnvironment& m_environment;
     Document& m_document;

@@ -1,13 +1,16 @@
 #include "QuillaryCore/Assistant/Lookup.h"
 
+#include "QuillaryCore/Assistant/CatalogSearch.h"
+#include "QuillaryCore/Assistant/LibrarySearch.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Assistant/ToolResult.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
-#include "QuillaryCore/Model/ContactPerson.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryCore/Model/Limits.h"
 
 #include <fmt/format.h>
 
@@ -15,114 +18,71 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Quillary {
 
 namespace {
 
+using Hit = TextIndex::Hit;
+using Rank = TextIndex::Rank;
+
 constexpr std::size_t listedCandidates = 5;
 
-std::string quoted(std::string_view text)
+/// Leaves those that bear exactly this name, if there are any; else those that hold it as it was asked for.
+void keepMeant(std::vector<Hit>& hits)
 {
-    constexpr std::size_t longest = 60;
-    const std::string clean = repairedUTF8(text.substr(0, longest * 16));
-    const std::string_view shown = graphemePrefix(clean, longest);
-    return fmt::format("“{}{}”", shown, shown.size() < text.size() ? "…" : "");
+    const auto isExact = [](const Hit& hit) {
+        return hit.rank == Rank::exact && hit.isOwn;
+    };
+    const auto isWhole = [](const Hit& hit) {
+        return hit.rank < Rank::words;
+    };
+    if (std::ranges::any_of(hits, isExact)) {
+        std::erase_if(hits, [&](const Hit& hit) { return !isExact(hit); });
+    } else if (std::ranges::any_of(hits, isWhole)) {
+        std::erase_if(hits, [&](const Hit& hit) { return !isWhole(hit); });
+    }
 }
 
-std::string describe(const Client& client)
+/// Whether the only hit is what was meant: its name, or a word of it, begins with what was asked for. A few letters
+/// from the middle, a city or a slip in typing name nobody.
+bool isMeant(const std::vector<Hit>& hits)
 {
-    return fmt::format(
-        "{}{} [{}]", displayName(client), client.city.empty() ? "" : ", " + client.city, Lookup::idText(client.uuid));
-}
-
-std::string describe(const Document& document)
-{
-    const std::optional<DocumentKind> documentKind = kind(document);
-    return fmt::format(
-        "{} {} [{}]", documentKind ? title(*documentKind) : "Document", document.number, Lookup::idText(document.uuid));
-}
-
-std::string describe(const CatalogItem& item)
-{
-    return fmt::format("{} [{}]", item.name, Lookup::idText(item.uuid));
+    return hits.size() == 1 && hits.front().isOwn && hits.front().rank <= Rank::word;
 }
 
 template <class Record>
-const Record& onlyOne(const std::vector<const Record*>& candidates, std::string_view asked)
+std::string listed(Context& context, std::vector<Hit> hits)
 {
-    if (candidates.size() == 1) {
-        return *candidates.front();
-    }
+    const std::size_t count = hits.size();
+    LibrarySearch::keepBest(hits, listedCandidates);
     std::string list;
-    for (std::size_t index = 0; index < std::min(candidates.size(), listedCandidates); ++index) {
-        list += list.empty() ? "" : "; ";
-        list += describe(*candidates[index]);
-    }
-    if (candidates.size() > listedCandidates) {
-        list += fmt::format("; and {} more", candidates.size() - listedCandidates);
-    }
-    throw AssistantError(fmt::format("{} fits several. Which one? {}.", quoted(asked), list));
-}
-
-/// How well a text answers a query: 0 is the same, 1 begins with it, 2 has a word that begins with it, 3 holds it.
-std::optional<int> rank(std::string_view text, std::string_view foldedQuery)
-{
-    if (text.empty()) {
-        return std::nullopt;
-    }
-    const std::string candidate = folded(text);
-    const std::size_t position = candidate.find(foldedQuery);
-    if (position == std::string::npos) {
-        return std::nullopt;
-    }
-    if (position == 0) {
-        return candidate.size() == foldedQuery.size() ? 0 : 1;
-    }
-    return candidate[position - 1] == ' ' ? 2 : 3;
-}
-
-std::optional<int> better(std::optional<int> left, std::optional<int> right)
-{
-    if (!left || !right) {
-        return left ? left : right;
-    }
-    return std::min(*left, *right);
-}
-
-std::optional<int> rank(Context& context, const Client& client, std::string_view foldedQuery)
-{
-    std::optional<int> best = rank(displayName(client), foldedQuery);
-    for (const std::string* text : {&client.number, &client.email, &client.city, &client.name}) {
-        best = better(best, rank(*text, foldedQuery));
-    }
-    for (const ContactPerson* contact : context.related<&ContactPerson::client>(client)) {
-        best = better(best, better(rank(contact->name, foldedQuery), rank(contact->email, foldedQuery)));
-    }
-    return best;
-}
-
-/// A client that answers a query, and where it stood before the best were put first.
-struct Hit
-{
-    int rank;
-    std::size_t order;
-    const Client* client;
-};
-
-std::vector<Hit> rankedClients(Context& context, std::string_view query)
-{
-    const std::string foldedQuery = folded(trimmed(query));
-    const std::vector<const Client*> all = context.fetch<Client>("1 ORDER BY createdAt DESC, id DESC");
-    context.prefetch<&ContactPerson::client>(std::span(all));
-    std::vector<Hit> found;
-    for (const Client* client : all) {
-        if (const std::optional<int> place = rank(context, *client, foldedQuery)) {
-            found.push_back({.rank = *place, .order = found.size(), .client = client});
+    for (const Hit& hit : hits) {
+        if (const Record* record = context.find(Ref<Record>(hit.key))) {
+            list += (list.empty() ? "" : "; ") + Lookup::reference(*record);
         }
     }
-    std::ranges::sort(found, {}, [](const Hit& hit) { return std::pair(hit.rank, hit.order); });
-    return found;
+    return count > listedCandidates ? fmt::format("{}; and {} more", list, count - listedCandidates) : list;
+}
+
+/// Throws the question that a name leaves open: which of several, or whether it is one of these at all.
+template <class Record>
+[[noreturn]] void
+ask(Context& context, const std::vector<Hit>& hits, std::string_view asked, std::string_view otherwise)
+{
+    const std::string list = listed<Record>(context, hits);
+    const bool isNear = hits.size() == 1 || hits.front().rank == Rank::similar;
+    throw AssistantError(
+        isNear ? fmt::format("Nothing is called {}. Did you mean {}? {}", Quillary::quoted(asked), list, otherwise)
+               : fmt::format("{} fits several. Which one? {}.", Quillary::quoted(asked), list));
+}
+
+template <class Record>
+const Record* named(Context& context, std::string_view asked)
+{
+    const std::optional<UUID> uuid = UUID::parse(asked);
+    return uuid ? context.find<Record>(*uuid) : nullptr;
 }
 
 } // namespace
@@ -132,83 +92,108 @@ std::string Lookup::idText(const std::optional<UUID>& uuid)
     return uuid ? uuid->text() : "no id";
 }
 
-const Document& Lookup::document(Context& context, std::string_view idOrNumber)
+std::string Lookup::reference(const Client& client)
 {
-    const std::string_view asked = trimmed(idOrNumber);
-    if (const std::optional<UUID> uuid = UUID::parse(asked)) {
-        if (const Document* found = context.find<Document>(*uuid)) {
-            return *found;
-        }
-    }
-    const std::vector<const Document*> found =
-        asked.empty() ? std::vector<const Document*>() : context.fetch<Document>("number = ?", std::string(asked));
-    if (found.empty()) {
-        throw AssistantError(fmt::format("There's no document with the id or number {}.", quoted(asked)));
-    }
-    return onlyOne(found, asked);
+    const std::string city = plainText(client.city);
+    return fmt::format(
+        "{}{}{} [{}]", plainText(displayName(client)), city.empty() ? "" : ", ", city, idText(client.uuid));
 }
 
-const Client& Lookup::client(Context& context, std::string_view idOrName)
+std::string Lookup::reference(const Document& document)
 {
-    const std::string_view asked = trimmed(idOrName);
-    if (const std::optional<UUID> uuid = UUID::parse(asked)) {
-        if (const Client* found = context.find<Client>(*uuid)) {
-            return *found;
-        }
+    const std::optional<DocumentKind> documentKind = kind(document);
+    const std::string number = plainText(document.number);
+    return fmt::format("{} {} [{}]",
+                       documentKind ? title(*documentKind) : "Document",
+                       number.empty() ? "without a number" : number,
+                       idText(document.uuid));
+}
+
+std::string Lookup::reference(const CatalogItem& item)
+{
+    return fmt::format("{} [{}]", plainText(item.name), idText(item.uuid));
+}
+
+const Document& Lookup::document(const AssistantEnvironment& environment, std::string_view idOrNumber)
+{
+    Context& context = environment.context;
+    const std::string_view asked = trimmed(idOrNumber);
+    if (asked.empty()) {
+        throw AssistantError("Which document? Give an id or a number.");
     }
+    if (const Document* found = named<Document>(context, asked)) {
+        return *found;
+    }
+    const std::string number(asked);
+    const std::vector<const Document*> same = context.fetch<Document>("number = ?", number);
+    if (same.size() == 1) {
+        return *same.front();
+    }
+    std::vector<Hit> hits = environment.librarySearch().documents(asked);
+    // A title or a client names no document: what is meant bears this number, in whatever spelling.
+    keepMeant(hits);
+    std::erase_if(hits, [](const Hit& hit) { return !hit.isOwn; });
+    if (hits.empty()) {
+        throw AssistantError(fmt::format("There's no document with the id or number {}. find_documents lists them.",
+                                         Quillary::quoted(asked)));
+    }
+    const Document* only = context.find(Ref<Document>(hits.front().key));
+    if (hits.size() == 1 && only != nullptr && folded(only->number) == folded(asked)) {
+        return *only;
+    }
+    ask<Document>(context, hits, asked, "find_documents lists all.");
+}
+
+const Document& Lookup::document(const AssistantEnvironment& environment, const Arguments& arguments)
+{
+    return document(environment, arguments.line("document", Limits::lineLength).value_or(""));
+}
+
+const Client& Lookup::client(const AssistantEnvironment& environment, std::string_view idOrName)
+{
+    Context& context = environment.context;
+    const std::string_view asked = trimmed(idOrName);
     if (asked.empty()) {
         throw AssistantError("Which client? Give an id or a name.");
     }
-    const std::vector<Hit> ranked = rankedClients(context, asked);
-    if (ranked.empty()) {
-        throw AssistantError(
-            fmt::format("There's no client {}. find_clients lists them, create_client adds one.", quoted(asked)));
+    if (const Client* found = named<Client>(context, asked)) {
+        return *found;
     }
-    std::vector<const Client*> best;
-    for (const Hit& hit : ranked) {
-        // Who bears exactly this name is meant; of those that only hold it none is guessed at.
-        if (hit.rank == ranked.front().rank || ranked.front().rank != 0) {
-            best.push_back(hit.client);
+    std::vector<Hit> hits = environment.librarySearch().clients(asked);
+    keepMeant(hits);
+    if (hits.empty()) {
+        throw AssistantError(fmt::format("There's no client {}. find_clients lists them, create_client adds one.",
+                                         Quillary::quoted(asked)));
+    }
+    if (isMeant(hits)) {
+        if (const Client* only = context.find(Ref<Client>(hits.front().key))) {
+            return *only;
         }
     }
-    return onlyOne(best, asked);
+    ask<Client>(context, hits, asked, "If not, create_client adds one.");
 }
 
 const CatalogItem& Lookup::catalogItem(Context& context, std::string_view idOrName)
 {
     const std::string_view asked = trimmed(idOrName);
-    if (const std::optional<UUID> uuid = UUID::parse(asked)) {
-        if (const CatalogItem* found = context.find<CatalogItem>(*uuid)) {
-            return *found;
+    if (asked.empty()) {
+        throw AssistantError("Which catalog item? Give an id or a name.");
+    }
+    if (const CatalogItem* found = named<CatalogItem>(context, asked)) {
+        return *found;
+    }
+    std::vector<Hit> hits = findCatalogItems(context, asked);
+    keepMeant(hits);
+    if (hits.empty()) {
+        throw AssistantError(
+            fmt::format("There's no catalog item {}. find_catalog_items lists them.", Quillary::quoted(asked)));
+    }
+    if (isMeant(hits)) {
+        if (const CatalogItem* only = context.find(Ref<CatalogItem>(hits.front().key))) {
+            return *only;
         }
     }
-    std::vector<const CatalogItem*> same;
-    std::vector<const CatalogItem*> similar;
-    const std::string foldedQuery = folded(asked);
-    for (const CatalogItem* item : context.fetch<CatalogItem>("1 ORDER BY name, id")) {
-        if (const std::optional<int> place = rank(item->name, foldedQuery)) {
-            (*place == 0 ? same : similar).push_back(item);
-        }
-    }
-    if (same.empty() && (similar.empty() || asked.empty())) {
-        throw AssistantError(fmt::format("There's no catalog item {}.", quoted(asked)));
-    }
-    return onlyOne(same.empty() ? similar : same, asked);
-}
-
-std::vector<const Client*> Lookup::clients(Context& context, std::string_view query, std::size_t limit)
-{
-    if (trimmed(query).empty()) {
-        return context.fetch<Client>("1 ORDER BY createdAt DESC, id DESC LIMIT ?", static_cast<std::int64_t>(limit));
-    }
-    std::vector<const Client*> result;
-    for (const Hit& hit : rankedClients(context, query)) {
-        if (result.size() == limit) {
-            break;
-        }
-        result.push_back(hit.client);
-    }
-    return result;
+    ask<CatalogItem>(context, hits, asked, "find_catalog_items lists all.");
 }
 
 } // namespace Quillary

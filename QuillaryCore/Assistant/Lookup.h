@@ -1,12 +1,11 @@
 #pragma once
 
-#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Assistant/Arguments.h"
+#include "QuillaryCore/Assistant/AssistantActions.h"
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Quillary {
 
@@ -15,20 +14,23 @@ struct Client;
 struct Document;
 
 /// How a call names a record: by the id in brackets, a number or a name. A name that fits several records is never
-/// guessed at; the sentence lists them.
+/// guessed at; the sentence lists them, and for a name that fits none it lists those that come near.
 namespace Lookup {
 
 /// The id as every answer shows it in brackets.
 [[nodiscard]] std::string idText(const std::optional<UUID>& uuid);
 
-/// Throws: `AssistantError` when none or several fit.
-[[nodiscard]] const Document& document(Context& context, std::string_view idOrNumber);
-[[nodiscard]] const Client& client(Context& context, std::string_view idOrName);
-[[nodiscard]] const CatalogItem& catalogItem(Context& context, std::string_view idOrName);
+/// A record as the sentences and lists name it, with its id in brackets.
+[[nodiscard]] std::string reference(const Client& client);
+[[nodiscard]] std::string reference(const Document& document);
+[[nodiscard]] std::string reference(const CatalogItem& item);
 
-/// Clients whose name, number, email, city or contact person holds `query` (without case and accents), the best first:
-/// exact number or name, then beginnings, then inside; at most `limit`. An empty query gives the newest.
-[[nodiscard]] std::vector<const Client*> clients(Context& context, std::string_view query, std::size_t limit);
+/// Throws: `AssistantError` when none or several fit.
+[[nodiscard]] const Document& document(const AssistantEnvironment& environment, std::string_view idOrNumber);
+/// What the argument “document” names.
+[[nodiscard]] const Document& document(const AssistantEnvironment& environment, const Arguments& arguments);
+[[nodiscard]] const Client& client(const AssistantEnvironment& environment, std::string_view idOrName);
+[[nodiscard]] const CatalogItem& catalogItem(Context& context, std::string_view idOrName);
 
 } // namespace Lookup
 

@@ -31,6 +31,9 @@ std::optional<std::string> emailArgument(const Arguments& arguments)
 std::optional<std::string> vatIDArgument(const Arguments& arguments)
 {
     std::optional<std::string> vatID = arguments.line("vat_id", Limits::lineLength);
+    if (vatID && saysNone(*vatID)) {
+        return "";
+    }
     if (vatID && !vatID->empty()) {
         *vatID = upperCasedASCII(replacing(*vatID, " ", ""));
         if (!Validation::isValidVATID(*vatID)) {
@@ -38,6 +41,11 @@ std::optional<std::string> vatIDArgument(const Arguments& arguments)
         }
     }
     return vatID;
+}
+
+bool saysNone(std::string_view vatID)
+{
+    return lowerCasedASCII(trimmed(vatID)) == "none";
 }
 
 } // namespace Quillary

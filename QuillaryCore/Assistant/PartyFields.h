@@ -25,8 +25,11 @@ struct TextField
 /// An email address of the usual form.
 [[nodiscard]] std::optional<std::string> emailArgument(const Arguments& arguments);
 
-/// A VAT ID without spaces, upper-cased, in its country's form where that is known.
+/// A VAT ID without spaces, upper-cased, in its country's form where that is known. "none" clears the field.
 [[nodiscard]] std::optional<std::string> vatIDArgument(const Arguments& arguments);
+
+/// "none": there is no VAT ID, which is more than not knowing one.
+[[nodiscard]] bool saysNone(std::string_view vatID);
 
 /// Fills every given text field. True when one was given.
 template <class Record>

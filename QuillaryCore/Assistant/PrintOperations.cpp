@@ -2,7 +2,6 @@
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/PageJobs.h"
-#include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Limits.h"
@@ -25,19 +24,6 @@ namespace fs = std::filesystem;
 constexpr std::array previewWidths = {1200, 1000, 800, 600};
 constexpr std::size_t largestPreview = 500'000;
 
-const Document& namedDocument(const AssistantEnvironment& environment, const Arguments& arguments)
-{
-    return Lookup::document(environment.context, arguments.line("document", Limits::lineLength).value_or(""));
-}
-
-AssistantHost& printer(const AssistantEnvironment& environment)
-{
-    if (environment.host == nullptr) {
-        throw AssistantError("Pages can't be printed here.");
-    }
-    return *environment.host;
-}
-
 Bytes previewImage(AssistantHost& host, const Bytes& pdf)
 {
     Bytes image;
@@ -54,13 +40,13 @@ fs::path chosenFolder(const AssistantEnvironment& environment, const Arguments& 
 {
     const std::optional<std::string> named = arguments.line("folder", Limits::pathLength);
     if (!named || named->empty()) {
-        return printer(environment).downloadsFolder();
+        return environment.printer().downloadsFolder();
     }
     if (*named == "~") {
-        return printer(environment).homeFolder();
+        return environment.printer().homeFolder();
     }
     if (named->starts_with("~/")) {
-        return printer(environment).homeFolder() / named->substr(2);
+        return environment.printer().homeFolder() / named->substr(2);
     }
     return *named;
 }
@@ -76,27 +62,14 @@ fs::path existingFolder(const AssistantEnvironment& environment, const Arguments
     return failure ? folder : whole;
 }
 
-/// Takes a free name first, then moves the whole file onto it: nobody ever finds half a PDF.
-fs::path saveUnique(const fs::path& folder, const std::string& name, const Bytes& pdf)
-{
-    const fs::path path = uniqueFilePath(folder, name, "pdf");
-    try {
-        return replaceFile(path, pdf);
-    } catch (const UserError&) {
-        std::error_code ignored;
-        fs::remove(path, ignored);
-        throw;
-    }
-}
-
 } // namespace
 
 void DocumentOperations::preview(const AssistantEnvironment& environment,
                                  const Arguments& arguments,
                                  const AssistantActions::Reply& reply)
 {
-    const Document& document = namedDocument(environment, arguments);
-    AssistantHost& host = printer(environment);
+    const Document& document = Lookup::document(environment, arguments);
+    AssistantHost& host = environment.printer();
     DocumentDescription description =
         DocumentDescription::describe(environment.context, document, environment.clock.now(), environment.calendar);
     ToolResult result;
@@ -124,7 +97,7 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
                                    const Arguments& arguments,
                                    const AssistantActions::Reply& reply)
 {
-    const Document& document = namedDocument(environment, arguments);
+    const Document& document = Lookup::document(environment, arguments);
     const fs::path folder = existingFolder(environment, arguments);
     const std::string name =
         pdfFileName(environment.context, document, environment.ownBusiness(), environment.calendar);
@@ -136,7 +109,7 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
             return;
         }
         try {
-            const fs::path path = saveUnique(folder, name, std::get<Bytes>(outcome));
+            const fs::path path = saveUniqueFile(folder, name, "pdf", std::get<Bytes>(outcome));
             ToolResult result{.text = fmt::format("Saved {}", path.string())};
             result.data = JSON::object({{"path", path.string()}});
             result.documentID = uuid;
@@ -146,7 +119,7 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
             reply(ToolResult::error(error.what()));
         }
     };
-    printer(environment).printPage(std::move(job), finish);
+    environment.printer().printPage(std::move(job), finish);
 }
 
 } // namespace Quillary

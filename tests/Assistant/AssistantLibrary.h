@@ -6,6 +6,7 @@
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
+#include "tests/Assistant/FakeHost.h"
 
 #include <gtest/gtest.h>
 
@@ -27,7 +28,7 @@ public:
         , business(makeFirstBusiness(context, Locale("en_DE")).ref)
         , actions({.context = context,
                    .business = business,
-                   .host = nullptr,
+                   .host = &host,
                    .assistantName = "Test Assistant",
                    .clock = clock,
                    .calendar = calendar,
@@ -73,6 +74,7 @@ public:
     Context context;
     Calendar calendar;
     Ref<Business> business;
+    FakeHost host;
     AssistantActions actions;
 };
 

@@ -1,4 +1,4 @@
-#include "QuillaryCore/Assistant/BusinessReview.h"
+#include "QuillaryCore/Assistant/DocumentReview.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "tests/Assistant/AssistantLibrary.h"
@@ -75,7 +75,7 @@ TEST(BusinessReviewTest, saysWhatTheBusinessLacks)
     for (const Case& example : cases) {
         std::vector<std::string> problems;
         for (const ReviewProblem& found :
-             businessProblems(example.business, example.country, example.inEU, example.taxExempt)) {
+             DocumentReview::businessProblems(example.business, example.country, example.inEU, example.taxExempt)) {
             problems.push_back(found.problem);
             EXPECT_EQ(found.fix, "Set it once with update_business_profile, or in Quillary › Settings › Business.");
         }

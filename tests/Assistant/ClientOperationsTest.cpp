@@ -45,13 +45,23 @@ TEST(ClientOperationsTest, doesNotMakeTheSameClientTwice)
 {
     AssistantLibrary library;
     library.data("create_client", R"({"name":"Schröder & Co","email":"info@s.example","vat_id":"ATU12345675"})");
-    for (const std::string_view arguments : {R"({"name":"SCHRODER & CO"})",
-                                             R"({"name":"Other","email":"INFO@s.example"})",
-                                             R"({"name":"Third","vat_id":"atu 1234 5675"})"}) {
-        EXPECT_TRUE(
-            library.refusal("create_client", arguments).starts_with("There already is a client Schröder & Co ["))
-            << arguments;
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {R"({"name":"SCHRODER & CO"})", "give it a name that tells the two apart"},
+        {R"({"name":"Other","email":"INFO@s.example"})", "add it without the email address"},
+        {R"({"name":"Third","vat_id":"atu 1234 5675"})", "add it without the VAT ID"},
+    };
+    for (const auto& [arguments, advice] : cases) {
+        const ToolResult result = library.call("create_client", arguments);
+        EXPECT_FALSE(result.isError) << arguments;
+        EXPECT_NE(result.text.find("Schröder & Co ["), std::string::npos) << result.text;
+        EXPECT_NE(result.text.find(advice), std::string::npos) << result.text;
+        EXPECT_EQ(member(*result.data, "added"), "false");
     }
+    EXPECT_EQ(library.context.count<Client>(""), 1);
+    // The way to insist that the answer names.
+    library.data("create_client", R"({"name":"Schröder & Co, Kiel"})");
+    library.data("update_client", R"({"client":"Schröder & Co, Kiel","email":"info@s.example"})");
+    EXPECT_EQ(library.context.count<Client>(""), 2);
 }
 
 TEST(ClientOperationsTest, findsTheBestFirstAndNeverGuesses)

@@ -145,6 +145,44 @@ TEST_F(DocumentSessionTest, keepsTheTaxTreatmentAndItsNoteInTheDocumentsLanguage
     EXPECT_EQ(document().cachedTotalMinorUnits, 11900);
 }
 
+TEST_F(DocumentSessionTest, printsTheReasonThatBelongsToTheTreatment)
+{
+    const std::pair<std::string_view, std::pair<std::string_view, std::string_view>> mentions[] = {
+        {"en", {"Reverse charge", "Article 44 of Directive 2006/112/EC"}},
+        {"de", {"Steuerschuldnerschaft des Leistungsempfängers", "Artikel 44 der Richtlinie 2006/112/EG"}},
+        {"fr", {"Autoliquidation", "article 44 de la directive 2006/112/CE"}},
+        {"es", {"Inversión del sujeto pasivo", "artículo 44 de la Directiva 2006/112/CE"}},
+        {"nl", {"Btw verlegd", "artikel 44 van Richtlijn 2006/112/EG"}},
+        {"it", {"Inversione contabile", "articolo 44 della direttiva 2006/112/CE"}},
+    };
+    create(
+        R"("kind":"invoice","add_lines":[{"title":"A","unit_price":100},{"title":"B","unit_price":1,"tax_rate":7}])");
+    for (const auto& [language, mention] : mentions) {
+        update(fmt::format(R"("language":"{}","reverse_charge":true)", language));
+        EXPECT_TRUE(document().taxExemptNote.starts_with(mention.first)) << document().taxExemptNote;
+        update(R"("outside_eu":true)");
+        EXPECT_NE(document().taxExemptNote.find(mention.second), std::string::npos) << document().taxExemptNote;
+    }
+    update(R"("tax_exempt":true)"); // another reason than the one that was printed
+    EXPECT_EQ(document().taxExemptNote, "");
+    EXPECT_EQ(taxTreatment(library.context, document()), TaxTreatment::exempt);
+    update(R"("tax_exempt":false)"); // each line has its own rate again
+    EXPECT_EQ(document().cachedTotalMinorUnits, 12007);
+    EXPECT_EQ(document().taxExemptNote, "");
+}
+
+TEST_F(DocumentSessionTest, goesBackToTheBusinesssOwnExemption)
+{
+    library.data("update_business_profile", R"({"tax_exempt":true,"tax_exempt_note":"§ 19 UStG"})");
+    const JSON made = create(R"("kind":"invoice","add_lines":[{"title":"A","unit_price":100}])");
+    EXPECT_EQ(member(*made.find("review"), "filled_in"), R"(["no VAT: § 19 UStG"])");
+    update(R"("reverse_charge":true)");
+    EXPECT_TRUE(document().taxExemptNote.starts_with("Reverse charge"));
+    update(R"("reverse_charge":false)");
+    EXPECT_EQ(document().taxExemptNote, "§ 19 UStG");
+    EXPECT_EQ(taxTreatment(library.context, document()), TaxTreatment::exempt);
+}
+
 TEST_F(DocumentSessionTest, movesTheNumberOnlyWhileItIsTheNewest)
 {
     create(R"("kind":"invoice")");
