@@ -1,0 +1,92 @@
+#include "QuillaryUI/Assistant/ListeningSocket.h"
+
+#include "QuillaryChannel/AssistantChannel.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace Quillary {
+
+namespace {
+
+using Reason = AssistantServerError::Reason;
+using AssistantChannel::Address;
+
+/// How many connections may wait to be accepted. That is quick, yet on a busy machine dozens of clients may connect
+/// before the accepting thread gets its turn, and one that connects without blocking is refused when the queue is full.
+constexpr int backlog = 128;
+
+constexpr mode_t ownerOnly = 0600;
+
+AssistantServerError cannotListen(const std::filesystem::path& path)
+{
+    return {Reason::cannotListen, "Couldn't listen at " + path.string()};
+}
+
+AssistantServerError alreadyRunning()
+{
+    return {Reason::alreadyRunning, "Quillary is already running."};
+}
+
+Descriptor lockBeside(const std::filesystem::path& path)
+{
+    const std::string file = path.string() + ".lock";
+    Descriptor lock(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
+    if (!lock.isOpen()) {
+        throw cannotListen(path);
+    }
+    if (flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
+        throw errno == EWOULDBLOCK ? alreadyRunning() : cannotListen(path);
+    }
+    return lock;
+}
+
+Descriptor newSocket(const std::filesystem::path& path)
+{
+    Descriptor result(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!result.isOpen()) {
+        throw cannotListen(path);
+    }
+    return result;
+}
+
+/// Whether somebody answers at the path: a server whose lock file was swept away is still one.
+bool isListenedOn(const std::filesystem::path& path, const Address& address)
+{
+    const Descriptor probe = newSocket(path);
+    return connect(probe.number(), address.pointer(), address.length) == 0 || errno == EAGAIN;
+}
+
+} // namespace
+
+ListeningSocket ListeningSocket::open(const std::filesystem::path& path)
+{
+    const auto address = AssistantChannel::address(path.string());
+    if (!address) {
+        throw AssistantServerError(Reason::pathTooLong, "The socket path is too long.");
+    }
+    ListeningSocket result;
+    result.lock = lockBeside(path);
+    if (isListenedOn(path, *address)) {
+        throw alreadyRunning();
+    }
+    unlink(path.c_str());
+    result.socket = newSocket(path);
+    // The mode before binding closes the moment in which the file would have that of the process's mask; what the mask
+    // takes away from it is given back afterwards.
+    const int number = result.socket.number();
+    if (fchmod(number, ownerOnly) != 0 || bind(number, address->pointer(), address->length) != 0) {
+        throw cannotListen(path);
+    }
+    if (listen(number, backlog) != 0 || chmod(path.c_str(), ownerOnly) != 0) {
+        unlink(path.c_str());
+        throw cannotListen(path);
+    }
+    return result;
+}
+
+} // namespace Quillary
