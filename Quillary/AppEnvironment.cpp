@@ -73,12 +73,25 @@ fs::path homeDirectory()
     return user == nullptr ? "/" : user->pw_dir;
 }
 
+/// One of the user's base folders (XDG base directories): a relative path in the environment counts for nothing.
+fs::path baseFolder(const char* name, const fs::path& home, const char* usual)
+{
+    const std::string value = variable(name);
+    return value.starts_with('/') ? fs::path(value) : home / usual;
+}
+
+/// A desktop is running, and nobody asked to draw without it.
+bool hasScreen()
+{
+    const bool hasDesktop = !variable("DISPLAY").empty() || !variable("WAYLAND_DISPLAY").empty();
+    const std::string platform = variable("QT_QPA_PLATFORM");
+    return hasDesktop && platform != "offscreen" && platform != "minimal";
+}
+
 /// The folder that the desktop calls XDG_DOWNLOAD_DIR, written as XDG_DOWNLOAD_DIR="$HOME/Downloads".
 fs::path configuredDownloads(const fs::path& home)
 {
-    const std::string configured = variable("XDG_CONFIG_HOME");
-    const fs::path configuration = configured.empty() ? home / ".config" : fs::path(configured);
-    std::ifstream file(configuration / "user-dirs.dirs");
+    std::ifstream file(baseFolder("XDG_CONFIG_HOME", home, ".config") / "user-dirs.dirs");
     constexpr std::string_view key = "XDG_DOWNLOAD_DIR=\"";
     for (std::string line; std::getline(file, line);) {
         if (!line.starts_with(key) || !line.ends_with('"')) {
@@ -96,14 +109,23 @@ AppEnvironment::AppEnvironment()
     : m_calendar(hostTimeZone())
     , m_locale(localeIdentifier(m_calendar.timeZone()))
     , m_home(homeDirectory())
+    , m_hasDisplay(hasScreen())
 {
 }
 
 fs::path AppEnvironment::libraryFolder() const
 {
-    const std::string data = variable("XDG_DATA_HOME");
-    const fs::path base = data.starts_with('/') ? fs::path(data) : m_home / ".local/share";
-    return base / "quillary";
+    return baseFolder("XDG_DATA_HOME", m_home, ".local/share") / "quillary";
+}
+
+fs::path AppEnvironment::configurationFolder() const
+{
+    return baseFolder("XDG_CONFIG_HOME", m_home, ".config") / "quillary";
+}
+
+fs::path AppEnvironment::stateFolder() const
+{
+    return baseFolder("XDG_STATE_HOME", m_home, ".local/state") / "quillary";
 }
 
 fs::path AppEnvironment::programFile() const

@@ -24,8 +24,15 @@ public:
 
     /// "quillary" in the user's data folder (XDG base directories).
     [[nodiscard]] std::filesystem::path libraryFolder() const;
+    /// "quillary" in the user's folder for settings, and in the one for what a program remembers by itself.
+    [[nodiscard]] std::filesystem::path configurationFolder() const;
+    [[nodiscard]] std::filesystem::path stateFolder() const;
+
     [[nodiscard]] std::filesystem::path downloadsFolder() const;
     [[nodiscard]] std::filesystem::path homeFolder() const { return m_home; }
+
+    /// Whether there is a screen to show something on.
+    [[nodiscard]] bool hasDisplay() const { return m_hasDisplay; }
 
     /// The file that this program was started from.
     [[nodiscard]] std::filesystem::path programFile() const;
@@ -36,6 +43,7 @@ private:
     Calendar m_calendar;
     Locale m_locale;
     std::filesystem::path m_home;
+    bool m_hasDisplay;
 };
 
 } // namespace Quillary

@@ -1,9 +1,9 @@
 #include "Quillary/BackupCommand.h"
 
 #include "Quillary/AppEnvironment.h"
+#include "Quillary/Control/LibraryClaim.h"
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Store/Backups.h"
-#include "QuillaryCore/Store/LibraryLock.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
@@ -37,8 +37,8 @@ int makeNow(const Backups& backups, const AppEnvironment& environment)
 
 int restore(const Backups& backups, const fs::path& library, const fs::path& file, const AppEnvironment& environment)
 {
-    const LibraryLock lock(library);
-    const std::optional<fs::path> kept = backups.restore(file, environment.clock().now(), lock);
+    const LibraryClaim claim = claimLibrary(library);
+    const std::optional<fs::path> kept = backups.restore(file, environment.clock().now(), *claim.lock);
     fmt::print("Restored {}\n", file.string());
     if (kept) {
         fmt::print("The library as it was before is kept as {}\n", kept->string());

@@ -1,11 +1,13 @@
 #include "Quillary/CommandLine.h"
 
 #include "Quillary/AppEnvironment.h"
+#include "Quillary/AssistantsCommand.h"
 #include "Quillary/BackupCommand.h"
 #include "Quillary/BuildInfo.h"
 #include "Quillary/CallCommand.h"
 #include "Quillary/ExampleCommand.h"
 #include "Quillary/SamplesCommand.h"
+#include "Quillary/ServeCommand.h"
 #include "QuillaryCore/Assistant/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
@@ -31,6 +33,7 @@ struct Flags
     std::string library;
     bool buildInfo = false;
     bool assistantTools = false;
+    bool showAssistants = false;
     bool initializeCloudKitSchema = false;
 };
 
@@ -40,6 +43,8 @@ void addFlags(CLI::App& app, Flags& flags)
         ->type_name("FOLDER");
     app.add_flag("--print-build-info", flags.buildInfo, "Prints the version and what it was built with.");
     app.add_flag("--print-assistant-tools", flags.assistantTools, "Prints the tools/list answer as JSON.");
+    app.add_flag(
+        "--show-assistants", flags.showAssistants, "Prints what AI assistants may do, and how to connect them.");
     app.add_flag("--initialize-cloudkit-schema", flags.initializeCloudKitSchema, "Prepares the cloud mirror's schema.");
 }
 
@@ -60,7 +65,9 @@ public:
         : m_call(app)
         , m_example(app)
         , m_backup(app)
+        , m_assistants(app)
         , m_samples(app)
+        , m_serve(app)
     {
         addFlags(app, m_flags);
     }
@@ -93,6 +100,12 @@ private:
         if (m_call.wasGiven()) {
             return m_call.run(library, environment);
         }
+        if (m_serve.wasGiven()) {
+            return m_serve.run(library, environment);
+        }
+        if (m_assistants.wasGiven() || m_flags.showAssistants) {
+            return m_assistants.run(environment);
+        }
         if (m_backup.wasGiven()) {
             return m_backup.run(library, environment);
         }
@@ -108,7 +121,9 @@ private:
     CallCommand m_call;
     ExampleCommand m_example;
     BackupCommand m_backup;
+    AssistantsCommand m_assistants;
     SamplesCommand m_samples;
+    ServeCommand m_serve;
 };
 
 int parseAndRun(int argumentCount, char** arguments)

@@ -13,17 +13,25 @@
 
 #include <cstdio>
 #include <tuple>
+#include <utility>
 
 namespace Quillary {
 
 namespace fs = std::filesystem;
 
 OpenLibrary::OpenLibrary(const fs::path& folder, AppEnvironment& environment)
-    : m_store(Store::Location::directory(folder),
+    : OpenLibrary(folder, environment, fs::is_directory(folder) ? claimLibrary(folder) : LibraryClaim())
+{
+}
+
+OpenLibrary::OpenLibrary(const fs::path& folder, AppEnvironment& environment, LibraryClaim claim)
+    : m_lender(std::move(claim.lender))
+    , m_store(Store::Location::directory(folder),
               DataModel::records(),
               DataModel::history(),
               environment.clock(),
-              environment.uuids())
+              environment.uuids(),
+              std::move(claim.lock))
     , m_context(m_store, environment.clock(), environment.uuids())
 {
     if (Quillary::business(m_context) == nullptr) {
@@ -31,6 +39,11 @@ OpenLibrary::OpenLibrary(const fs::path& folder, AppEnvironment& environment)
         makeFirstBusiness(m_context, environment.locale());
         scope.commit(Scope::Undo::impossible);
     }
+}
+
+std::unique_ptr<LibraryLock> OpenLibrary::close(std::unique_ptr<OpenLibrary> library)
+{
+    return library->m_store.takeLock();
 }
 
 const Business& OpenLibrary::business()
@@ -48,7 +61,8 @@ AssistantEnvironment OpenLibrary::actionsEnvironment(AppEnvironment& environment
             .assistantName = {},
             .clock = environment.clock(),
             .calendar = environment.calendar(),
-            .locale = environment.locale()};
+            .locale = environment.locale(),
+            .search = &m_search};
 }
 
 void OpenLibrary::backUpIfDue(AppEnvironment& environment)

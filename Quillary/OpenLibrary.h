@@ -1,10 +1,13 @@
 #pragma once
 
+#include "Quillary/Control/LibraryClaim.h"
 #include "QuillaryCore/Assistant/AssistantActions.h"
+#include "QuillaryCore/Assistant/LibrarySearch.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace Quillary {
 
@@ -20,6 +23,12 @@ public:
     /// Throws: `StoreError`.
     OpenLibrary(const std::filesystem::path& folder, AppEnvironment& environment);
 
+    /// With a right that the caller has already. Throws: `StoreError`.
+    OpenLibrary(const std::filesystem::path& folder, AppEnvironment& environment, LibraryClaim claim);
+
+    /// Closes the library and keeps the right to it.
+    [[nodiscard]] static std::unique_ptr<LibraryLock> close(std::unique_ptr<OpenLibrary> library);
+
     [[nodiscard]] Context& context() { return m_context; }
     [[nodiscard]] const Business& business();
 
@@ -31,8 +40,10 @@ public:
     void backUpIfDue(AppEnvironment& environment);
 
 private:
+    Descriptor m_lender; ///< goes on with the library when this one is closed
     Store m_store;
     Context m_context;
+    LibrarySearch m_search{m_context};
 };
 
 } // namespace Quillary

@@ -2,12 +2,14 @@
 
 #include "Quillary/AppEnvironment.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryUI/Printing/PagePrinter.h"
 #include "QuillaryUI/Printing/ProgramFolders.h"
 #include "QuillaryUI/Printing/QuietMessages.h"
 
 #include <QEventLoop>
 #include <QGuiApplication>
+#include <QProcess>
 
 #include <array>
 #include <filesystem>
@@ -34,26 +36,23 @@ void drawWithoutScreen()
     }
 }
 
+/// Opens a file with the program that the desktop has for it, which lives on without this one. False: there is none.
+bool openWithDesktop(const std::filesystem::path& file)
+{
+    QProcess opener;
+    opener.setProgram(QStringLiteral("xdg-open"));
+    opener.setArguments({QString::fromStdString(file.string())});
+    opener.setStandardOutputFile(QProcess::nullDevice());
+    opener.setStandardErrorFile(QProcess::nullDevice());
+    return opener.startDetached();
+}
+
 } // namespace
 
-struct PrintingHost::Engine
+struct PrintingHost::Application
 {
-    /// The module comes first: the web engine prepares Qt's drawing while it is loaded, and can't once Qt has started.
-    explicit Engine(const ProgramFolders& folders)
-        : printer(loadPagePrinter(folders.modules))
-        , application(std::make_unique<QGuiApplication>(arguments.count, arguments.values.data()))
-    {
-    }
-    Engine(const Engine&) = delete;
-    Engine& operator=(const Engine&) = delete;
-    ~Engine()
-    {
-        printer.reset(); // it lives on Qt's events
-    }
-
     ProgramArguments arguments;
-    std::unique_ptr<PagePrinter> printer;
-    std::unique_ptr<QGuiApplication> application;
+    QGuiApplication application{arguments.count, arguments.values.data()};
 };
 
 PrintingHost::PrintingHost(const AppEnvironment& environment)
@@ -63,16 +62,30 @@ PrintingHost::PrintingHost(const AppEnvironment& environment)
 
 PrintingHost::~PrintingHost() = default;
 
-PrintingHost::Engine& PrintingHost::engine()
+void PrintingHost::startApplication()
 {
-    if (m_engine == nullptr) {
+    usePageFonts(ProgramFolders::of(m_environment.programFile()));
+    drawWithoutScreen();
+    // What the web engine asks for when it is loaded later than Qt was started.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    const QuietMessages quiet; // a shell without a desktop lacks folders that Qt would remark on
+    m_application = std::make_unique<Application>();
+}
+
+PagePrinter& PrintingHost::printer()
+{
+    if (m_printer == nullptr) {
         const ProgramFolders folders = ProgramFolders::of(m_environment.programFile());
+        const QuietMessages quiet;
         usePageFonts(folders);
         drawWithoutScreen();
-        const QuietMessages quiet; // a shell without a desktop lacks folders that Qt would remark on
-        m_engine = std::make_unique<Engine>(folders);
+        // The module comes first where nothing has started Qt yet: it then prepares Qt's drawing itself.
+        m_printer = loadPagePrinter(folders.modules);
+        if (m_application == nullptr) {
+            m_application = std::make_unique<Application>();
+        }
     }
-    return *m_engine;
+    return *m_printer;
 }
 
 PrintJob PrintingHost::printJob(PageJob job) const
@@ -88,7 +101,7 @@ PrintJob PrintingHost::printJob(PageJob job) const
 
 void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply)
 {
-    engine().printer->print(printJob(std::move(job)), [reply = std::move(reply)](PrintResult result) {
+    printer().print(printJob(std::move(job)), [reply = std::move(reply)](PrintResult result) {
         if (PrintedPDF* pdf = std::get_if<PrintedPDF>(&result)) {
             reply(std::move(pdf->bytes));
         } else {
@@ -99,12 +112,25 @@ void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply
 
 Bytes PrintingHost::printAndWait(PageJob job)
 {
-    return engine().printer->printAndWait(printJob(std::move(job))).bytes;
+    return printer().printAndWait(printJob(std::move(job))).bytes;
 }
 
 Bytes PrintingHost::pageImage(const Bytes& pdf, int pageIndex, int pixelWidth)
 {
-    return engine().printer->pageImage(pdf, pageIndex, pixelWidth);
+    return printer().pageImage(pdf, pageIndex, pixelWidth);
+}
+
+void PrintingHost::prepareEmail(MailDraft mail, std::string name, std::function<void(EmailOutcome)> reply)
+{
+    const std::string message = mail.message();
+    try {
+        PreparedEmail email;
+        email.file = saveUniqueFile(downloadsFolder(), name, "eml", Bytes(message.begin(), message.end()));
+        email.isOpened = m_environment.hasDisplay() && openWithDesktop(email.file);
+        reply(std::move(email));
+    } catch (const UserError& error) {
+        reply(error.message());
+    }
 }
 
 std::filesystem::path PrintingHost::downloadsFolder() const

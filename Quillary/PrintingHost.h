@@ -8,6 +8,7 @@
 namespace Quillary {
 
 class AppEnvironment;
+class PagePrinter;
 struct PrintJob;
 
 /// Prints for commands that run without windows. The web engine is started by the first page, so that a command that
@@ -19,9 +20,13 @@ public:
     ~PrintingHost() override;
 
     void printPage(PageJob job, std::function<void(PageOutcome)> reply) override;
+    void prepareEmail(MailDraft mail, std::string name, std::function<void(EmailOutcome)> reply) override;
     [[nodiscard]] Bytes pageImage(const Bytes& pdf, int pageIndex, int pixelWidth) override;
     [[nodiscard]] std::filesystem::path downloadsFolder() const override;
     [[nodiscard]] std::filesystem::path homeFolder() const override;
+
+    /// Starts Qt's event loop's application for programs that stay, before anything is printed.
+    void startApplication();
 
     /// Prints a page and waits for it. Throws: `UserError`.
     [[nodiscard]] Bytes printAndWait(PageJob job);
@@ -30,12 +35,13 @@ public:
     void runUntil(const std::function<bool()>& isDone);
 
 private:
-    struct Engine;
-    Engine& engine();
+    struct Application;
+    PagePrinter& printer();
     [[nodiscard]] PrintJob printJob(PageJob job) const;
 
     const AppEnvironment& m_environment;
-    std::unique_ptr<Engine> m_engine;
+    std::unique_ptr<Application> m_application;
+    std::unique_ptr<PagePrinter> m_printer; ///< goes before the application, whose events it lives on
 };
 
 } // namespace Quillary

@@ -1,38 +1,13 @@
+#include "tests/Quillary/RunProgram.h"
 #include "tests/Support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <string>
-#include <sys/wait.h>
 
 namespace Quillary {
 namespace {
-
-struct Answer
-{
-    int status = 0;
-    std::string output;
-};
-
-/// Runs the program as a shell would, standard error included.
-Answer quillary(const TempFolder& folder, const std::string& arguments, const std::string& environment = "")
-{
-    const std::string command = "cd '" + folder.path().string() +
-                                "' && HOME=\"$PWD\" XDG_DATA_HOME= LC_ALL=de_DE.UTF-8 " + environment + " '" +
-                                QUILLARY_PROGRAM + "' " + arguments + " 2>&1";
-    Answer answer;
-    FILE* pipe = popen(command.c_str(), "r"); // NOLINT(cert-env33-c): a shell is what is being imitated
-    std::array<char, 4096> buffer{};
-    for (std::size_t count = fread(buffer.data(), 1, buffer.size(), pipe); count > 0;
-         count = fread(buffer.data(), 1, buffer.size(), pipe)) {
-        answer.output.append(buffer.data(), count);
-    }
-    answer.status = WEXITSTATUS(pclose(pipe));
-    return answer;
-}
 
 TEST(ProgramTest, makesAnInvoiceFromThreeCommands)
 {
@@ -72,13 +47,15 @@ TEST(ProgramTest, answersMistakesWithOneSentenceAndAStatus)
         {"call create_document", 1, "“kind” is missing: What to make.\n"},
         {"call find_clients --json '{'", 1, "The arguments given with --json aren't readable as JSON.\n"},
         {"call find_clients --limit many", 1, "“limit” must be a plain number such as 12.5.\n"},
-        {"call get_document --document nothing", 1, "There's no document with the id or number “nothing”.\n"},
+        {"call get_document --document nothing",
+         1,
+         "There's no document with the id or number “nothing”. find_documents lists them.\n"},
         {"call record_payment --document 1",
          1,
-         "“Record a payment” (record_payment) isn't available yet in this version of Quillary.\n"},
+         "There's no document with the id or number “1”. find_documents lists them.\n"},
         {"call export_document_pdf --document 1 --folder /nowhere",
          1,
-         "There's no document with the id or number “1”.\n"},
+         "There's no document with the id or number “1”. find_documents lists them.\n"},
         {"make-example missing.json", 1, "Couldn't open missing.json: No such file or directory.\n"},
         {"--initialize-cloudkit-schema",
          1,

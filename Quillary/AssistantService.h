@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Quillary/Control/ControlSocket.h"
+#include "Quillary/Handover.h"
+#include "Quillary/OpenLibrary.h"
+#include "Quillary/TerminalAsker.h"
+#include "Quillary/TimerDelay.h"
+#include "QuillaryCore/Assistant/ActivityLog.h"
+#include "QuillaryCore/Assistant/AppLock.h"
+#include "QuillaryCore/Assistant/AssistantGate.h"
+#include "QuillaryCore/Assistant/AssistantSettingsFile.h"
+#include "QuillaryUI/Assistant/AssistantServer.h"
+
+#include <QTimer>
+
+#include <chrono>
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+namespace Quillary {
+
+class AppEnvironment;
+class PrintingHost;
+
+/// Serves one library to assistant apps, and lends it to the user's own commands between their calls.
+///
+/// Belongs to the main thread and needs its event loop. Whoever holds a library offers three things over its control
+/// socket: to lend it ("lend"), which a command asks for; to hand everything over ("hand over"), which a Quillary asks
+/// for that stays; and nothing else.
+class AssistantService
+{
+public:
+    struct Options
+    {
+        std::filesystem::path library;
+        std::filesystem::path socket;
+        std::filesystem::path settings;
+        std::filesystem::path log;
+        /// Started for a helper and without a user in front of it: gives way to a Quillary that somebody started.
+        bool isBackground = false;
+        /// A background service ends after this long without a connection.
+        std::chrono::milliseconds idleTime = std::chrono::minutes(5);
+        ApprovalAsker* asker = nullptr; ///< null: nobody can be asked
+    };
+
+    /// `end` is called when there is nothing more to serve, with the program's exit status.
+    AssistantService(Options options, AppEnvironment& environment, PrintingHost& host, std::function<void(int)> end);
+    AssistantService(const AssistantService&) = delete;
+    AssistantService& operator=(const AssistantService&) = delete;
+    ~AssistantService();
+
+    /// Opens the library, or takes it over from a Quillary in the background, and listens.
+    /// Throws: `UserError`.
+    void start();
+
+    /// The program was asked to end.
+    void stop();
+
+    [[nodiscard]] const std::filesystem::path& socketPath() const { return m_socketPath; }
+
+private:
+    [[nodiscard]] bool takeOver();
+    void openLibrary(LibraryClaim claim);
+    void listen();
+    [[nodiscard]] std::unique_ptr<MCPSession> makeSession();
+    void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result);
+
+    void didAsk(const ControlMessage& request, Descriptor asker);
+    void serveNext();
+    void lend(Descriptor asker, AssistantServer::Handover assistants);
+    void handOver(Descriptor asker, AssistantServer::Handover assistants);
+    void goOn(std::unique_ptr<LibraryLock> lock, AssistantServer::Handover assistants);
+    void endWhenIdle();
+
+    struct Request
+    {
+        bool isHandover;
+        Descriptor asker;
+    };
+
+    Options m_options;
+    AppEnvironment& m_environment;
+    PrintingHost& m_host;
+    std::function<void(int)> m_end;
+    std::filesystem::path m_socketPath;
+    NoAppLock m_lock;
+    TimerDelay m_delay;
+    AssistantSettingsFile m_settings;
+    ActivityLog m_log;
+    AssistantGate m_gate;
+    std::unique_ptr<OpenLibrary> m_library;
+    std::unique_ptr<AssistantServer> m_server; ///< goes before the library that its sessions work on
+    std::unique_ptr<ControlServer> m_control;
+    std::deque<Request> m_requests; ///< the first is being served
+    QTimer m_idle;
+    int m_idleLooks = 0; ///< in a row, without a connection
+    QTimer m_backups;
+};
+
+} // namespace Quillary

@@ -1,0 +1,239 @@
+#include "QuillaryCore/Foundation/JSON.h"
+#include "tests/Quillary/RunProgram.h"
+#include "tests/QuillaryChannel/HelperProcess.h"
+#include "tests/Support/TempFolder.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace Quillary {
+namespace {
+
+using std::chrono::milliseconds;
+using testing::HasSubstr;
+
+constexpr std::chrono::seconds patience{20};
+
+/// A user's home with a library, settings and a socket of its own.
+class Home
+{
+public:
+    explicit Home(const std::string& access = "everything")
+    {
+        run("assistants on --access " + access);
+        run("assistants allow Claude");
+    }
+
+    Answer run(const std::string& arguments) const { return quillary(folder, arguments); }
+
+    [[nodiscard]] std::vector<std::string> environment() const
+    {
+        return {"HOME=" + folder.path().string(),
+                "PATH=/usr/bin:/bin",
+                "LC_ALL=de_DE.UTF-8",
+                "QUILLARY_ASSISTANT_SOCKET=" + socket().string()};
+    }
+
+    [[nodiscard]] std::filesystem::path socket() const { return folder / "assistants.socket"; }
+
+    [[nodiscard]] std::unique_ptr<HelperProcess> server(const std::vector<std::string>& options = {}) const
+    {
+        std::vector<std::string> command = {QUILLARY_PROGRAM, "serve"};
+        command.insert(command.end(), options.begin(), options.end());
+        return std::make_unique<HelperProcess>(
+            HelperProcess::Options{.command = command, .environment = environment()});
+    }
+
+    [[nodiscard]] bool waitForSocket() const
+    {
+        const auto end = std::chrono::steady_clock::now() + patience;
+        while (!std::filesystem::exists(socket())) {
+            if (std::chrono::steady_clock::now() > end) {
+                return false;
+            }
+            std::this_thread::sleep_for(milliseconds(5));
+        }
+        return true;
+    }
+
+    TempFolder folder;
+};
+
+/// An assistant app: the real helper, one request after another.
+class Assistant
+{
+public:
+    explicit Assistant(const Home& home, const std::string& name = "claude")
+        : m_helper({.environment = home.environment()})
+    {
+        hello =
+            ask("initialize", fmt::format(R"({{"protocolVersion":"2025-06-18","clientInfo":{{"name":"{}"}}}})", name));
+    }
+
+    /// False: the helper has gone.
+    bool send(std::string_view bytes) { return writeWhole(m_helper.input(), bytes); }
+
+    /// The next line; empty at the end.
+    std::string line()
+    {
+        std::string text;
+        char byte = 0;
+        while (::read(m_helper.output(), &byte, 1) == 1 && byte != '\n') {
+            text += byte;
+        }
+        return text;
+    }
+
+    JSON ask(std::string_view method, std::string_view parameters)
+    {
+        if (!send(fmt::format("{{\"jsonrpc\":\"2.0\",\"id\":{},\"method\":\"{}\",\"params\":{}}}\n",
+                              ++m_lastID,
+                              method,
+                              parameters))) {
+            return {};
+        }
+        const std::optional<JSON> answer = JSON::parse(line());
+        const JSON* result = answer ? answer->find("result") : nullptr;
+        return result == nullptr ? JSON() : *result;
+    }
+
+    /// The text of a tool's result; empty when there was no answer.
+    std::string call(std::string_view tool, std::string_view arguments)
+    {
+        const JSON result = ask("tools/call", fmt::format(R"({{"name":"{}","arguments":{}}})", tool, arguments));
+        const JSON* content = result.find("content");
+        return content == nullptr ? "" : *content->array()->front().find("text")->string();
+    }
+
+    [[nodiscard]] HelperProcess& helper() { return m_helper; }
+
+    JSON hello;
+
+private:
+    HelperProcess m_helper;
+    int m_lastID = 0;
+};
+
+TEST(ServeTest, handsOverWithoutTheAssistantNoticing)
+{
+    const Home home;
+    const auto background = home.server({"--background"});
+    ASSERT_TRUE(home.waitForSocket());
+    Assistant assistant(home);
+    EXPECT_THAT(assistant.call("create_client", R"({"name":"Before"})"), HasSubstr("Added the client Before"));
+
+    // A command gets the library in the middle of a line.
+    EXPECT_TRUE(assistant.send(R"({"jsonrpc":"2.0","id":"half",)"));
+    EXPECT_THAT(home.run("call find_clients").output, HasSubstr("Before"));
+    EXPECT_EQ(home.run("call create_client --name Between").status, 0);
+    EXPECT_TRUE(assistant.send("\"method\":\"ping\"}\n"));
+    EXPECT_EQ(assistant.line(), R"({"jsonrpc":"2.0","id":"half","result":{}})");
+
+    // A Quillary that somebody starts takes everything over, what the client said of itself included.
+    EXPECT_TRUE(assistant.send(R"({"jsonrpc":"2.0","id":"over",)"));
+    const auto window = home.server();
+    EXPECT_EQ(background->statusWithin(patience), 0);
+    EXPECT_TRUE(assistant.send("\"method\":\"ping\"}\n"));
+    EXPECT_EQ(assistant.line(), R"({"jsonrpc":"2.0","id":"over","result":{}})");
+    EXPECT_THAT(assistant.call("find_clients", R"({"query":"between"})"), HasSubstr("Between"));
+    EXPECT_THAT(home.run("assistants log").output, HasSubstr("Claude"));
+
+    const Answer second = home.run("serve");
+    EXPECT_EQ(second.status, 1);
+    EXPECT_EQ(second.output, "Quillary is already running.\n");
+
+    kill(window->id(), SIGTERM);
+    EXPECT_EQ(window->statusWithin(patience), 0);
+    EXPECT_EQ(assistant.line(), "");
+    EXPECT_EQ(assistant.helper().statusWithin(patience), 0);
+    EXPECT_FALSE(std::filesystem::exists(home.socket()));
+}
+
+TEST(ServeTest, keepsToWhatTheUserAllows)
+{
+    const Home home("drafts");
+    const auto server = home.server();
+    ASSERT_TRUE(home.waitForSocket());
+    Assistant known(home);
+    Assistant stranger(home, "goose");
+    EXPECT_EQ(known.call("mark_document_sent", R"({"document":"1"})"),
+              "In Quillary, assistants may make and change drafts, but not mark as sent. The user can change this in "
+              "Quillary › Settings › AI.");
+    EXPECT_THAT(stranger.call("find_clients", "{}"), HasSubstr("The user didn't allow Goose to use Quillary."));
+    EXPECT_THAT(home.run("assistants").output, HasSubstr("Goose"));
+    // The user's word counts for the next call, without a restart.
+    home.run("assistants allow goose");
+    EXPECT_THAT(stranger.call("create_client", R"({"name":"Gans"})"), HasSubstr("Added the client Gans"));
+    home.run("assistants off");
+    EXPECT_EQ(known.call("find_clients", "{}"),
+              "AI assistants are turned off in Quillary. The user can turn them on in Quillary › Settings › AI.");
+    EXPECT_THAT(home.run("call find_clients").output, HasSubstr("Gans")) << "the user's own commands know no gate";
+}
+
+TEST(ServeTest, endsInTheBackgroundWhenNobodyIsThere)
+{
+    const Home home;
+    const auto server = home.server({"--background", "--idle-seconds", "0.4"});
+    ASSERT_TRUE(home.waitForSocket());
+    {
+        Assistant assistant(home);
+        EXPECT_EQ(server->statusWithin(milliseconds(1200)), std::nullopt) << "somebody is there";
+    }
+    EXPECT_EQ(server->statusWithin(patience), 0);
+}
+
+/// Every draft that was told of is there, under a number of its own, whatever was killed in between.
+TEST(ServeTest, losesNothingThatItAcknowledged)
+{
+    constexpr int rounds = 12;
+    const Home home;
+    std::signal(SIGPIPE, SIG_IGN); // writing to a helper that was killed is an answer, not an end
+    std::mt19937 random(7);        // NOLINT(cert-msc51-cpp): the same kills every time
+    std::vector<std::string> told;
+    for (int round = 0; round < rounds; ++round) {
+        const auto server = home.server();
+        ASSERT_TRUE(home.waitForSocket());
+        Assistant first(home);
+        Assistant second(home);
+        std::thread killer([&, wait = milliseconds(20 + (random() % 120))] {
+            std::this_thread::sleep_for(wait);
+            kill(round % 3 == 0 ? first.helper().id() : server->id(), SIGKILL);
+        });
+        for (int turn = 0; turn < 40; ++turn) {
+            Assistant& assistant = turn % 2 == 0 ? first : second;
+            const std::string text = assistant.call("create_document", R"({"kind":"invoice"})");
+            const std::size_t number = text.find("INV-");
+            if (number == std::string::npos) {
+                break;
+            }
+            told.push_back(text.substr(number, text.find(' ', number) - number));
+        }
+        killer.join();
+        kill(server->id(), SIGKILL);
+        std::ignore = server->statusWithin(patience);
+        std::filesystem::remove(home.socket()); // what is left of it must not pass for the next one's
+    }
+    ASSERT_GT(told.size(), 20U);
+    EXPECT_EQ(std::set(told.begin(), told.end()).size(), told.size()) << "a number was given out twice";
+    for (const std::string& number : {told.front(), told[told.size() / 2], told.back()}) {
+        EXPECT_EQ(home.run("call get_document --document " + number).status, 0) << number;
+    }
+    EXPECT_EQ(home.run("backup now").status, 0) << "a backup is opened and checked";
+}
+
+} // namespace
+} // namespace Quillary
