@@ -1,5 +1,6 @@
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 
+#include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Numbering/FileNameFormat.h"
 
@@ -120,6 +121,21 @@ std::filesystem::path moveToUniquePath(const std::filesystem::path& finished,
         throw failure(error.value(), folder);
     }
     return file;
+}
+
+std::filesystem::path saveUniqueFile(const std::filesystem::path& folder,
+                                     std::string_view name,
+                                     std::string_view extension,
+                                     std::span<const std::uint8_t> bytes)
+{
+    const std::filesystem::path path = uniqueFilePath(folder, name, extension);
+    try {
+        return replaceFile(path, bytes);
+    } catch (const UserError&) {
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+        throw;
+    }
 }
 
 } // namespace Quillary

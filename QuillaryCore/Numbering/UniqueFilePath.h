@@ -2,7 +2,9 @@
 
 #include "QuillaryCore/Foundation/UserError.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -48,5 +50,12 @@ std::filesystem::path moveToUniquePath(const std::filesystem::path& finished,
                                        const std::filesystem::path& folder,
                                        std::string_view name,
                                        std::string_view extension);
+
+/// Writes a file under a name as `uniqueFilePath` finds it: nobody ever sees half of it. Returns where it lies.
+/// Throws: `UserError`; then nothing is left of the attempt.
+std::filesystem::path saveUniqueFile(const std::filesystem::path& folder,
+                                     std::string_view name,
+                                     std::string_view extension,
+                                     std::span<const std::uint8_t> bytes);
 
 } // namespace Quillary
