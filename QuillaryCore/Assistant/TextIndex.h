@@ -56,7 +56,7 @@ public:
     enum class Slips { forgiven, notForgiven };
 
     /// The records that hold a query, in no order; without any such, those that hold it but for a slip in typing, as far
-    /// as they are among the first 10,000 that come near it.
+    /// as they are among the first 5,000 that come near it.
     [[nodiscard]] std::vector<Hit> find(std::string_view query, Slips slips = Slips::forgiven) const;
 
     /// All records, in no order, as if they were exact.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <utility>
 
 namespace Quillary {
@@ -53,6 +54,15 @@ std::u32string swappedAt(std::u32string_view word, std::size_t border)
     return result;
 }
 
+std::uint64_t marksOf(std::u32string_view letters)
+{
+    std::uint64_t marks = 0;
+    for (const char32_t letter : letters) {
+        marks |= std::uint64_t{1} << (letter % 64);
+    }
+    return marks;
+}
+
 } // namespace
 
 int TypingSlips::allowed(std::size_t letters)
@@ -70,14 +80,15 @@ int TypingSlips::between(std::u32string_view left, std::u32string_view right, in
         return limit + 1;
     }
     // Optimal string alignment, three rows of the table at a time.
-    std::array<std::array<int, longestCompared>, 3> rows{};
+    std::array<std::array<int, longestCompared>, 3>
+        rows; // NOLINT(cppcoreguidelines-pro-type-member-init): written first
     for (std::size_t column = 0; column <= right.size(); ++column) {
         rows[1][column] = static_cast<int>(column);
     }
     for (std::size_t row = 1; row <= left.size(); ++row) {
-        const auto& before = rows[0];
-        const auto& above = rows[1];
-        auto& here = rows[2];
+        const auto& before = rows[(row - 1) % 3];
+        const auto& above = rows[row % 3];
+        auto& here = rows[(row + 1) % 3];
         here[0] = static_cast<int>(row);
         int least = here[0];
         for (std::size_t column = 1; column <= right.size(); ++column) {
@@ -93,9 +104,8 @@ int TypingSlips::between(std::u32string_view left, std::u32string_view right, in
         if (least > limit) {
             return limit + 1;
         }
-        std::ranges::rotate(rows, rows.begin() + 1);
     }
-    return std::min(rows[1][right.size()], limit + 1);
+    return std::min(rows[(left.size() + 1) % 3][right.size()], limit + 1);
 }
 
 std::vector<std::string> TypingSlips::probes(std::u32string_view word, int slips)
@@ -116,6 +126,44 @@ std::vector<std::string> TypingSlips::probes(std::u32string_view word, int slips
             utf8(std::u32string_view(atFirst).substr(0, second)),
             utf8(std::u32string_view(atSecond).substr(first)),
             utf8(swappedAt(atFirst, second))};
+}
+
+TypingSlips::Word::Word(std::string_view text, int limit)
+    : m_letters(TypingSlips::letters(text))
+    , m_marks(marksOf(m_letters))
+    , m_limit(limit)
+{
+}
+
+std::optional<int> TypingSlips::Word::slipsTo(std::string_view text) const
+{
+    std::array<char32_t, longestCompared>
+        room; // NOLINT(cppcoreguidelines-pro-type-member-init): read as far as written
+    const std::size_t most = std::min(room.size(), m_letters.size() + static_cast<std::size_t>(m_limit));
+    if (text.size() + static_cast<std::size_t>(m_limit) < m_letters.size()) {
+        return std::nullopt;
+    }
+    std::size_t count = 0;
+    while (!text.empty()) {
+        if (count == most) {
+            return std::nullopt;
+        }
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            room[count++] = static_cast<unsigned char>(text.front());
+            text.remove_prefix(1);
+            continue;
+        }
+        const DecodedCharacter character = decodeFirst(text);
+        room[count++] = character.scalar.value_or(0xFFFD);
+        text.remove_prefix(character.length);
+    }
+    const std::u32string_view letters(room.data(), count);
+    // A slip takes away one letter and brings another at most, so most texts are too far at a glance.
+    if (std::popcount(m_marks ^ marksOf(letters)) > 2 * m_limit) {
+        return std::nullopt;
+    }
+    const int slips = between(m_letters, letters, m_limit);
+    return slips > m_limit ? std::nullopt : std::optional(slips);
 }
 
 std::u32string TypingSlips::letters(std::string_view text)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +21,21 @@ namespace Quillary::TypingSlips {
 [[nodiscard]] std::vector<std::string> probes(std::u32string_view word, int slips);
 
 [[nodiscard]] std::u32string letters(std::string_view text);
+
+/// A text made ready to be compared with many.
+class Word
+{
+public:
+    /// As few slips as `limit` are forgiven, at most 6.
+    Word(std::string_view text, int limit);
+
+    /// The slips between this word and a text. No value: more than are forgiven.
+    [[nodiscard]] std::optional<int> slipsTo(std::string_view text) const;
+
+private:
+    std::u32string m_letters;
+    std::uint64_t m_marks; ///< a bit for each of its letters
+    int m_limit;
+};
 
 } // namespace Quillary::TypingSlips

@@ -14,6 +14,9 @@ Answer quillary(const TempFolder& folder, const std::string& arguments, const st
                                 environment + " '" + QUILLARY_PROGRAM + "' " + arguments + " 2>&1";
     Answer answer;
     FILE* pipe = popen(command.c_str(), "r"); // NOLINT(cert-env33-c): a shell is what is being imitated
+    if (pipe == nullptr) {
+        return {.status = -1, .output = "no shell"};
+    }
     std::array<char, 4096> buffer{};
     for (std::size_t count = fread(buffer.data(), 1, buffer.size(), pipe); count > 0;
          count = fread(buffer.data(), 1, buffer.size(), pipe)) {

@@ -63,7 +63,8 @@ HelperProcess::HelperProcess(const Options& options)
         options.command.empty() ? std::vector<std::string>{QUILLARY_HELPER} : options.command;
     std::vector<char*> arguments;
     for (const std::string& word : words) {
-        arguments.push_back(const_cast<char*>(word.c_str())); // NOLINT(cppcoreguidelines-pro-type-const-cast): as execve asks
+        arguments.push_back(
+            const_cast<char*>(word.c_str())); // NOLINT(cppcoreguidelines-pro-type-const-cast): as execve asks
     }
     arguments.push_back(nullptr);
     m_id = fork();

@@ -50,12 +50,12 @@ struct PlainLibrary
     std::tuple<Rows<Author>, Rows<Book>, Rows<Chapter>, Rows<Review>> rows;
 
     template <class T>
-    Rows<T>& of()
+    [[nodiscard]] Rows<T>& of()
     {
         return std::get<Rows<T>>(rows);
     }
     template <class T>
-    const Rows<T>& of() const
+    [[nodiscard]] const Rows<T>& of() const
     {
         return std::get<Rows<T>>(rows);
     }
