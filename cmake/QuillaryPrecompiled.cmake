@@ -12,6 +12,12 @@ if(QUILLARY_PRECOMPILE AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     )
 endif()
 
+# clang would compare the headers' times, which another machine with the same cache has others of; and it reports the
+# standard library's own use of what it deprecates (stable sorting).
+if(QUILLARY_PRECOMPILE AND CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    target_compile_options(QuillaryCompiler INTERFACE "SHELL:-Xclang -fno-pch-timestamp" -Wno-deprecated-declarations)
+endif()
+
 # quillary_precompile_here(Flavour Header [Libraries ...])
 #
 # From here on, units and tests of this folder and those below use the header.

@@ -75,6 +75,11 @@ perform(const Environment& environment, const AssistantTool& tool, const Operati
     return result;
 }
 
+ToolResult unknownTool(std::string_view name)
+{
+    return ToolResult::error(fmt::format("There's no tool called {}", repairedUTF8(name)));
+}
+
 void dispatch(const Environment& environment, const AssistantTool& tool, const JSON& given, const Reply& reply)
 {
     if (const auto sentence = SchemaCheck::misfit(tool.input, given)) {
@@ -91,8 +96,7 @@ void dispatch(const Environment& environment, const AssistantTool& tool, const J
         reply(perform(environment, tool, *operation, given));
         return;
     }
-    reply(ToolResult::error(
-        fmt::format("“{}” ({}) isn't available yet in this version of Quillary.", tool.title, tool.name)));
+    reply(unknownTool(tool.name));
 }
 
 } // namespace
@@ -133,11 +137,16 @@ void AssistantActions::call(std::string_view name, const JSON& arguments, const 
 {
     const AssistantTool* tool = ToolCatalogue::find(name);
     if (tool == nullptr) {
-        reply(ToolResult::error(fmt::format("There's no tool called {}", repairedUTF8(name))));
+        reply(unknownTool(name));
         return;
     }
+    // Whoever shows an answer puts something behind it: it ends without a line break.
+    const Reply whole = [reply](ToolResult result) {
+        result.text.erase(result.text.find_last_not_of('\n') + 1);
+        reply(std::move(result));
+    };
     try {
-        dispatch(m_environment, *tool, arguments, reply);
+        dispatch(m_environment, *tool, arguments, whole);
     } catch (const UserError& error) {
         reply(ToolResult::error(error.message()));
     } catch (const std::bad_alloc&) {

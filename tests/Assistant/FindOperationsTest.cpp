@@ -158,7 +158,7 @@ TEST_F(FindOperationsTest, findsDocumentsByTheirClient)
     const ToolResult one = library.call("find_documents", R"({"query":"a-1"})");
     EXPECT_EQ(one.text,
               fmt::format("Invoice A-1 [{}], Sent, for Café Müller [{}], dated 2026-03-17, due 2026-03-27, valid until "
-                          "2026-03-27, total 119.00 EUR, amount due 119.00 EUR\n",
+                          "2026-03-27, total 119.00 EUR, amount due 119.00 EUR",
                           library.context.first<Document>("number = 'A-1'")->uuid->text(),
                           library.context.find(muller)->uuid->text()));
     // The index follows a change of status as well.

@@ -76,8 +76,7 @@ TEST_F(MoneyOverviewTest, saysWhatIsWhereForEachCurrency)
               "Overdue: 0 JPY (0 invoices)\n"
               "Due next: 1200 JPY (1 invoice)\n"
               "- Invoice Y-1: 1200 JPY, due 2026-03-22 (in 5 days)\n"
-              "Drafts waiting: 0 JPY (0 drafts)\n"
-              "\n");
+              "Drafts waiting: 0 JPY (0 drafts)");
     const JSON data = library.data("get_money_overview", "{}");
     const JSON& euros = data.find("currencies")->array()->front();
     EXPECT_EQ(member(euros, "open_less_credit"), R"({"amount":310.00})");
