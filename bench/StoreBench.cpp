@@ -8,7 +8,10 @@
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Model/Reminder.h"
+#include "QuillaryCore/Store/Connection.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/DataMigration.h"
+#include "QuillaryCore/Store/LibraryTables.h"
 #include "QuillaryCore/Store/Store.h"
 #include "bench/Support/LibraryGenerator.h"
 
@@ -532,6 +535,56 @@ void linesOneByOne(benchmark::State& state)
     linesOf<false>(state);
 }
 
+/// A copy of a made-up library as the first version of Quillary would have left it.
+fs::path oldLibrary(const Folder& folder, std::int64_t documents)
+{
+    const fs::path made = madeLibrary(documents);
+    fs::create_directories(folder.path);
+    const fs::path file = folder.path / Store::fileName;
+    fs::copy_file(made / Store::fileName, file, fs::copy_options::overwrite_existing);
+    Connection connection(file, Connection::Access::readWrite);
+    for (const Entity& entity : DataModel::model().entities) {
+        if (DataModel::model(1)->entity(entity.name) == nullptr) {
+            connection.execute(fmt::format("DROP TABLE {}", entity.name));
+        }
+    }
+    connection.execute(
+        fmt::format("UPDATE {} SET value = 1 WHERE name = 'schemaVersion'", LibraryTables::informationTable));
+    return file;
+}
+
+void upgrade(benchmark::State& state)
+{
+    const Folder folder;
+    for (auto _ : state) {
+        state.PauseTiming();
+        const fs::path file = oldLibrary(folder, state.range(0));
+        state.ResumeTiming();
+        const auto backup = DataMigration::upgradeIfNeeded(file, LibraryGenerator::today, DataModel::history());
+        state.PauseTiming();
+        if (!backup) {
+            state.SkipWithError("nothing was upgraded");
+        }
+        fs::remove_all(folder.path);
+        state.ResumeTiming();
+    }
+}
+
+/// Two copies through SQLite, the backup and the new file, each looked through once.
+void upgradeFloor(benchmark::State& state)
+{
+    const Folder folder;
+    const fs::path file = oldLibrary(folder, state.range(0));
+    for (auto _ : state) {
+        for (const char* name : {"first", "second"}) {
+            const fs::path copy = folder.path / name;
+            Connection(file, Connection::Access::readWrite).execute(fmt::format("VACUUM INTO '{}'", copy.string()));
+            Connection(copy, Connection::Access::readWrite).execute("PRAGMA integrity_check");
+            fs::remove(copy);
+        }
+    }
+}
+
 BENCHMARK(insertFloor)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(insertRows)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(insertThroughScopes)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
@@ -544,6 +597,8 @@ BENCHMARK(openFloor)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(openAndList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadFloor)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(loadDocument)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(upgradeFloor)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(2);
+BENCHMARK(upgrade)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(2);
 BENCHMARK(linesFloor)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(linesPrefetched)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(linesOneByOne)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
