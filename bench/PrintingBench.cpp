@@ -127,7 +127,7 @@ void print(benchmark::State& state)
 }
 
 /// Twenty jobs at once, each counted: the engine loads the next page while one is finished.
-void printInARow(benchmark::State& state)
+void twentyInARow(benchmark::State& state)
 {
     constexpr int jobs = 20;
     const PrintJob page = job(int(state.range(0)));
@@ -178,7 +178,7 @@ void pageImage(benchmark::State& state)
 
 BENCHMARK(printFloor)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(print)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(printInARow)->Arg(onePage)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(twentyInARow)->Arg(onePage)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(stampFloor)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond);
 BENCHMARK(stamp)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond);
 BENCHMARK(pageImage)->Arg(1000)->Unit(benchmark::kMillisecond);
