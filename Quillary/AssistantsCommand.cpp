@@ -5,6 +5,7 @@
 #include "Quillary/AssistantSetup.h"
 #include "QuillaryCore/Assistant/ActivityLog.h"
 #include "QuillaryCore/Assistant/AssistantSettingsFile.h"
+#include "QuillaryCore/Assistant/MCPSession.h"
 #include "QuillaryCore/Assistant/ShownText.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"
@@ -38,6 +39,10 @@ std::string meant(const AssistantSettings& settings, std::string_view typed)
             if (folded(known.name) == folded(name)) {
                 return known.name;
             }
+        }
+        // One that has not called yet goes by the name that it will have then: "claude" is "Claude".
+        if (const std::string shown = MCPSession::displayName(name, ""); folded(shown) == folded(name)) {
+            return shown;
         }
     }
     return name;
