@@ -21,6 +21,8 @@ constexpr std::string_view boundary = "=_quillary_part";
 
 /// Unit: bytes of text in one encoded word, which may have 75 characters with all around it.
 constexpr std::size_t encodedWordBytes = 45;
+/// The same for the first one, which shares its line of at most 76 characters with the header's name ("Subject: ").
+constexpr std::size_t firstWordBytes = 39;
 constexpr std::size_t base64LineLength = 76;
 /// What is longer stands encoded, which may be folded anywhere.
 constexpr std::size_t longestPlainHeader = 60;
@@ -65,7 +67,7 @@ std::string encodedWords(std::string_view text)
         while (index + length < text.size() && (static_cast<unsigned char>(text[index + length]) & 0xC0U) == 0x80) {
             ++length;
         }
-        if (piece.size() + length > encodedWordBytes) {
+        if (piece.size() + length > (result.empty() ? firstWordBytes : encodedWordBytes)) {
             flush();
         }
         piece += text.substr(index, length);

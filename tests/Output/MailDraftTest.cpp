@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+
 namespace Quillary {
 namespace {
 
@@ -35,6 +38,18 @@ TEST(MailDraftTest, isReadBackAsItWasMeant)
     EXPECT_EQ(mail.parts()[0].content, "Hallo,\r\n\r\nanbei die Rechnung über 1.190,00 €.\r\n.\r\nGrüße\r\n");
     EXPECT_EQ(mail.parts()[1].content, std::string(5000, '%'));
     EXPECT_EQ(mail.parts()[1].fileName, draft().attachment);
+}
+
+TEST(MailDraftTest, keepsLinesOfEncodedWordsShort)
+{
+    MailDraft mail = draft();
+    mail.subject = mail.from.name = std::string(200, 'x'); // the first word of the subject stood past the border
+    std::istringstream lines(mail.message());
+    for (std::string line; std::getline(lines, line);) {
+        if (line.contains("=?UTF-8?B?")) {
+            EXPECT_LE(line.size(), 76U + 1) << line; // with the CR
+        }
+    }
 }
 
 TEST(MailDraftTest, letsNoTextBeginAHeaderOfItsOwn)
