@@ -1,6 +1,8 @@
+#include "QuillaryCore/Assistant/DocumentDescription.h"
 #include "QuillaryCore/Assistant/DocumentReview.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/PartyFields.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Assistant/VATArea.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
@@ -13,7 +15,6 @@
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Model/Validation.h"
-#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Numbering/Numbering.h"
 #include "QuillaryCore/Numbering/NumberingError.h"
 
@@ -22,10 +23,14 @@
 #include <array>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Quillary {
 
 namespace {
+
+/// Of the reason for charging no tax. Unit: bytes.
+constexpr std::size_t shownBytes = 2000;
 
 constexpr std::array textFields = {TextField<Business>{"name", &Business::name},
                                    TextField<Business>{"phone", &Business::phone},
@@ -88,21 +93,36 @@ bool applyCountry(const AssistantEnvironment& environment, Business& business, c
 struct NextNumber
 {
     std::string_view key;
+    std::string_view noun;
     NumberedKind kind;
 };
 
-constexpr std::array nextNumbers = {NextNumber{"invoice", NumberedKind::invoice},
-                                    NextNumber{"quote", NumberedKind::quote},
-                                    NextNumber{"credit_note", NumberedKind::creditNote},
-                                    NextNumber{"client", NumberedKind::client}};
+constexpr std::array nextNumbers = {NextNumber{"invoice", "invoice", NumberedKind::invoice},
+                                    NextNumber{"quote", "quote", NumberedKind::quote},
+                                    NextNumber{"credit_note", "credit note", NumberedKind::creditNote},
+                                    NextNumber{"client", "client", NumberedKind::client}};
 
-std::string nextNumber(const AssistantEnvironment& environment, NumberedKind kind)
+/// The number that comes next, or why there is none. Both are empty where a pattern counts for each client by itself.
+struct Upcoming
+{
+    std::string number;
+    std::string problem;
+};
+
+Upcoming upcoming(const AssistantEnvironment& environment, NumberedKind kind)
 {
     try {
-        return Numbering::example(
-            environment.context, kind, environment.clock.now(), environment.ownBusiness(), environment.calendar);
+        const Numbering::Next next = Numbering::peek(environment.context,
+                                                     kind,
+                                                     environment.clock.now(),
+                                                     nullptr,
+                                                     environment.ownBusiness(),
+                                                     environment.calendar);
+        return {.number = next.number, .problem = {}};
     } catch (const NumberingError& error) {
-        return error.message();
+        const bool waitsForClient = error.reason() == NumberingError::Reason::missingClient ||
+                                    error.reason() == NumberingError::Reason::missingClientNumber;
+        return {.number = {}, .problem = waitsForClient ? "" : error.message()};
     }
 }
 
@@ -124,7 +144,7 @@ JSON detailsData(const Business& business)
                          {"iban", business.iban},
                          {"bic", business.bic},
                          {"tax_exempt", business.taxExempt},
-                         {"tax_exempt_note", business.taxExemptNote},
+                         {"tax_exempt_note", shortened(business.taxExemptNote, shownBytes)},
                          {"currency", business.currencyCode},
                          {"language", business.languageCode},
                          {"payment_terms_days", business.paymentTermsDays}});
@@ -138,7 +158,7 @@ std::string detailsText(const Business& business)
         const std::string shown =
             value.boolean() != nullptr ? (*value.boolean() ? "yes" : "no") : value.text().value_or("");
         if (!shown.empty()) {
-            text += fmt::format("{}: {}\n", key, shown);
+            text += fmt::format("{}: {}\n", key, plainText(shown));
         }
     }
     return text;
@@ -149,13 +169,18 @@ void appendRates(const AssistantEnvironment& environment, std::string& answer, J
     JSON::Array rates;
     std::string text;
     for (const TaxRate* rate : TaxRates::all(environment.context)) {
-        const std::string shown = Percent::format(rate->basisPoints);
-        rates.push_back(JSON::object({{"name", rate->name}, {"rate", shown}, {"default", rate->isDefault}}));
-        text +=
-            fmt::format("{}{} ({}{})", text.empty() ? "" : "; ", shown, rate->name, rate->isDefault ? ", default" : "");
+        const std::string figure = rateFigure(rate->basisPoints);
+        JSON entry = JSON::object({{"name", rate->name}, {"rate", JSON::Number{figure}}, {"default", rate->isDefault}});
+        const std::string shown = fmt::format("{}{}% ({}{})",
+                                              text.empty() ? "" : "; ",
+                                              figure,
+                                              plainText(rate->name),
+                                              rate->isDefault ? ", default" : "");
+        rates.push_back(std::move(entry));
+        text += shown;
     }
-    answer +=
-        fmt::format("tax: {}; rates: {}\n", taxLabelText(environment.ownBusiness()), text.empty() ? "none" : text);
+    answer += fmt::format(
+        "tax: {}; rates: {}\n", plainText(taxLabelText(environment.ownBusiness())), text.empty() ? "none" : text);
     data.set("tax_label", taxLabelText(environment.ownBusiness()));
     data.set("tax_rates", std::move(rates));
 }
@@ -163,13 +188,14 @@ void appendRates(const AssistantEnvironment& environment, std::string& answer, J
 void appendNumbers(const AssistantEnvironment& environment, std::string& answer, JSON& data)
 {
     JSON numbers = JSON::object({});
-    answer += "next numbers:";
+    std::string text;
     for (const NextNumber& next : nextNumbers) {
-        const std::string number = nextNumber(environment, next.kind);
-        numbers.set(next.key, number);
-        answer += fmt::format("{} {} {}", next.key == "invoice" ? "" : ";", next.key, number);
+        if (const std::string number = upcoming(environment, next.kind).number; !number.empty()) {
+            numbers.set(next.key, number);
+            text += fmt::format("{} {} {}", text.empty() ? "" : ";", next.key, plainText(number));
+        }
     }
-    answer += "\n";
+    answer += text.empty() ? "" : fmt::format("next numbers:{}\n", text);
     data.set("next_numbers", std::move(numbers));
 }
 
@@ -178,7 +204,14 @@ void appendProblems(const AssistantEnvironment& environment, std::string& answer
     const Business& own = environment.ownBusiness();
     JSON::Array problems;
     const bool inEU = VATArea::of(own, Supply::services).isInEU();
-    for (const ReviewProblem& entry : DocumentReview::businessProblems(own, own.countryCode, inEU, own.taxExempt)) {
+    std::vector<ReviewProblem> found = DocumentReview::businessProblems(own, own.countryCode, inEU, own.taxExempt);
+    for (const NextNumber& next : nextNumbers) {
+        if (const std::string problem = upcoming(environment, next.kind).problem; !problem.empty()) {
+            found.push_back({.problem = fmt::format("No {} can be numbered: {}", next.noun, problem),
+                             .fix = "Correct the number format in Quillary › Settings › Numbering."});
+        }
+    }
+    for (const ReviewProblem& entry : found) {
         if (problems.empty()) {
             answer += "Missing for legally complete invoices:\n";
         }

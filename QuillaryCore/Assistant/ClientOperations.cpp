@@ -12,7 +12,6 @@
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/NumberedKind.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
-#include "QuillaryCore/Model/Validation.h"
 #include "QuillaryCore/Money/Currencies.h"
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Numbering/Numbering.h"
@@ -64,7 +63,7 @@ void applyName(Client& client, const Arguments& arguments)
         client.firstName.clear();
         client.lastName.clear();
     }
-    if (name && isPerson && !first && !last) {
+    if (name && isPerson) {
         setFullName(client, *name);
     } else if (name && !isPerson) {
         client.name = *name;
@@ -122,12 +121,21 @@ void rememberVATID(Context& context, const Client& client, const Arguments& argu
     }
 }
 
+/// Of the clients that a new one's name or address finds.
+constexpr std::size_t comparedClients = 50;
+
 /// What a new client shares with one that is there: most likely it is the same.
 struct Likeness
 {
     const Client* client;
     std::string advice; ///< how to add it all the same
 };
+
+/// "Acme  GmbH" with one space.
+std::string inOneSpacing(std::string_view name)
+{
+    return plainText(name);
+}
 
 bool isSame(const std::string& left, const std::string& right)
 {
@@ -136,10 +144,10 @@ bool isSame(const std::string& left, const std::string& right)
 
 std::optional<Likeness> likeness(const Client& made, const Client& other)
 {
-    if (isSame(displayName(made), displayName(other))) {
+    if (isSame(inOneSpacing(displayName(made)), inOneSpacing(displayName(other)))) {
         return Likeness{&other, "give it a name that tells the two apart, such as the name with the city"};
     }
-    if (isSame(made.vatID, Validation::compactIBAN(other.vatID))) {
+    if (!made.vatID.empty() && made.vatID == compactVATID(other.vatID)) {
         return Likeness{&other, "add it without the VAT ID and fill that in with update_client"};
     }
     if (isSame(made.email, other.email)) {
@@ -148,15 +156,26 @@ std::optional<Likeness> likeness(const Client& made, const Client& other)
     return std::nullopt;
 }
 
+/// The client with this compact VAT ID, in whatever spelling it was stored.
+const Client* withVATID(Context& context, const std::string& vatID)
+{
+    return vatID.empty() ? nullptr
+                         : context.first<Client>("replace(replace(replace(replace(upper(vatID), ' ', ''), '.', ''), "
+                                                 "'-', ''), '/', '') = ? ORDER BY id",
+                                                 vatID);
+}
+
 std::optional<Likeness> findLike(const AssistantEnvironment& environment, const Client& made)
 {
-    for (const std::string& text : {displayName(made), made.vatID, made.email}) {
+    for (const std::string& text : {inOneSpacing(displayName(made)), made.email}) {
         if (text.empty()) {
             continue;
         }
-        for (const TextIndex::Hit& hit : environment.librarySearch().clients(text, TextIndex::Slips::notForgiven)) {
-            const bool isClose = hit.isOwn && hit.rank == TextIndex::Rank::exact;
-            const Client* other = isClose ? environment.context.find(Ref<Client>(hit.key)) : nullptr;
+        // Not only exact hits: a name that was stored with two spaces is none.
+        std::vector<TextIndex::Hit> hits = environment.librarySearch().clients(text, TextIndex::Slips::notForgiven);
+        LibrarySearch::keepBest(hits, comparedClients);
+        for (const TextIndex::Hit& hit : hits) {
+            const Client* other = environment.context.find(Ref<Client>(hit.key));
             if (other != nullptr) {
                 if (auto found = likeness(made, *other)) {
                     return found;
@@ -164,26 +183,27 @@ std::optional<Likeness> findLike(const AssistantEnvironment& environment, const 
             }
         }
     }
-    return std::nullopt;
+    const Client* other = withVATID(environment.context, made.vatID);
+    return other == nullptr ? std::nullopt : likeness(made, *other);
 }
 
 /// Nothing was added, and nothing is wrong: the assistant goes on with the client that is there.
-ToolResult alreadyThere(const Likeness& found)
+ToolResult alreadyThere(const Likeness& found, std::string_view currency)
 {
     ToolResult result;
     result.text = fmt::format("Nothing was added, because this client seems to be there already: {}\nUse it, and fill "
                               "in what is missing with update_client. If it really is another client, {}.",
-                              clientText(*found.client),
+                              clientText(*found.client, currency),
                               found.advice);
-    result.data = JSON::object({{"added", false}, {"existing", clientData(*found.client)}});
+    result.data = JSON::object({{"added", false}, {"existing", clientData(*found.client, currency)}});
     result.summary = fmt::format("Found {} already there", plainText(displayName(*found.client)));
     return result;
 }
 
-ToolResult saved(const Client& client, std::string_view verb)
+ToolResult saved(const Client& client, std::string_view currency, std::string_view verb)
 {
-    ToolResult result{.text = fmt::format("{} {}", verb, clientText(client))};
-    result.data = clientData(client);
+    ToolResult result{.text = fmt::format("{} {}", verb, clientText(client, currency))};
+    result.data = clientData(client, currency);
     result.summary = fmt::format("{} {}", verb, plainText(displayName(client)));
     return result;
 }
@@ -195,7 +215,7 @@ ToolResult ClientOperations::create(const AssistantEnvironment& environment, con
     Client details;
     applyFields(details, environment.ownBusiness(), arguments);
     if (const std::optional<Likeness> found = findLike(environment, details)) {
-        return alreadyThere(*found);
+        return alreadyThere(*found, environment.ownBusiness().currencyCode);
     }
     Client& client = environment.context.insert<Client>();
     details.ref = client.ref;
@@ -213,7 +233,7 @@ ToolResult ClientOperations::create(const AssistantEnvironment& environment, con
     } catch (const NumberingError& error) {
         throw AssistantError(error.message());
     }
-    return saved(client, "Added the client");
+    return saved(client, environment.ownBusiness().currencyCode, "Added the client");
 }
 
 ToolResult ClientOperations::update(const AssistantEnvironment& environment, const Arguments& arguments)
@@ -222,7 +242,7 @@ ToolResult ClientOperations::update(const AssistantEnvironment& environment, con
     Client& client = environment.context.edit(Lookup::client(environment, named));
     applyFields(client, environment.ownBusiness(), arguments);
     rememberVATID(environment.context, client, arguments);
-    return saved(client, "Changed the client");
+    return saved(client, environment.ownBusiness().currencyCode, "Changed the client");
 }
 
 } // namespace Quillary

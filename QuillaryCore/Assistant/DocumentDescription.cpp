@@ -14,6 +14,7 @@
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Payment.h"
+#include "QuillaryCore/Model/PaymentMethod.h"
 #include "QuillaryCore/Model/Units.h"
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Money/Percent.h"
@@ -30,11 +31,14 @@ namespace Quillary {
 
 namespace {
 
-/// Of an intro, a footer or the details of a line; the data holds all of it.
-constexpr std::size_t shownLetters = 1000;
-/// Kept for the totals and payments below the lines. Unit: bytes.
-constexpr std::size_t roomBelowLines = 15'000;
-constexpr std::size_t shownPayments = 50;
+/// Of an intro, a footer or the details of a line. Unit: bytes.
+constexpr std::size_t shownBytes = 1000;
+constexpr std::size_t shownTaxes = 20;
+/// Unit: characters.
+constexpr std::size_t shownMethod = 40;
+constexpr std::size_t shownPayments = 20;
+/// What frames the data, and says how many lines are left. Unit: bytes.
+constexpr std::size_t frame = 500;
 
 /// Assembles text and data side by side, so that they can't say different things.
 class Describer
@@ -49,13 +53,18 @@ public:
     {
     }
 
-    DocumentDescription describe()
+    /// What stands below the lines is written first: the lines take the room that is left.
+    DocumentDescription describe(std::size_t reserve)
     {
         describeHeading();
         describeTerms();
-        describeLines();
+        std::string above = std::exchange(m_result.text, {});
+        m_result.data.set("lines", JSON::array({}));
         describeTotals();
         describePayments();
+        const std::string below = std::exchange(m_result.text, std::move(above));
+        describeLines(roomFor(below, m_result.data) + reserve + frame);
+        m_result.text += below;
         return std::move(m_result);
     }
 
@@ -85,16 +94,18 @@ private:
     void fact(std::string_view key, std::string_view label, const std::string& value)
     {
         if (!value.empty()) {
-            m_result.data.set(key, value);
-            m_result.text += fmt::format("{}: {}\n", label, plainText(value, shownLetters));
+            const std::string shown = shortened(value, shownBytes);
+            m_result.data.set(key, shown);
+            m_result.text += fmt::format("{}: {}\n", label, plainText(shown));
         }
     }
 
     void describeHeading();
     void describeTerms();
-    void describeLines();
+    void describeLines(std::size_t reserve);
     void describeTotals();
     void describePayments();
+    [[nodiscard]] JSON lineData(std::size_t number, const LineItem& line, std::string_view unit) const;
     [[nodiscard]] std::string lineText(std::size_t number, const LineItem& line, std::string_view unit) const;
 
     Context& m_context;
@@ -159,39 +170,46 @@ std::string Describer::lineText(std::size_t number, const LineItem& line, std::s
                                    amount(m_totals.lineAmounts[number - 1]),
                                    Percent::format(line.vatBasisPoints));
     if (!line.details.empty()) {
-        text += "\n   " + plainText(line.details, shownLetters);
+        text += "\n   " + plainText(shortened(line.details, shownBytes));
     }
     return text;
 }
 
-void Describer::describeLines()
+JSON Describer::lineData(std::size_t number, const LineItem& line, std::string_view unit) const
+{
+    JSON data = JSON::object({{"line", number},
+                              {"title", line.title},
+                              {"details", shortened(line.details, shownBytes)},
+                              {"quantity", JSON::Number{Quantity::plainText(line.quantityThousandths)}},
+                              {"unit", unit},
+                              {"unit_price", this->number(line.unitPriceMinorUnits)},
+                              {"tax_rate", JSON::Number{rateFigure(line.vatBasisPoints)}},
+                              {"amount", this->number(m_totals.lineAmounts[number - 1])}});
+    if (line.parent) {
+        data.set("sub_line", true);
+    }
+    return data;
+}
+
+void Describer::describeLines(std::size_t reserve)
 {
     JSON::Array lines;
     m_result.text += "Lines:\n";
-    ResultLines shown(m_result.text, roomBelowLines);
-    std::size_t left = 0;
+    ResultLines shown(m_result.text, reserve);
     const std::vector<const LineItem*> items = linesInOrder(m_context, m_document);
-    for (std::size_t index = 0; index < items.size(); ++index) {
-        const LineItem& line = *items[index];
-        const std::string quantity = Quantity::plainText(line.quantityThousandths);
-        const bool isSingular = Units::isSingular(line.quantityThousandths, language(m_document));
-        const std::string& unit = isSingular ? line.unitSingular : line.unitPlural;
-        JSON data = JSON::object({{"line", index + 1},
-                                  {"title", line.title},
-                                  {"details", line.details},
-                                  {"quantity", JSON::Number{quantity}},
-                                  {"unit", unit},
-                                  {"unit_price", number(line.unitPriceMinorUnits)},
-                                  {"tax_rate", Percent::format(line.vatBasisPoints)},
-                                  {"amount", number(m_totals.lineAmounts[index])}});
-        if (line.parent) {
-            data.set("sub_line", true);
+    for (const LineItem* line : items) {
+        const std::size_t number = lines.size() + 1;
+        const bool isSingular = Units::isSingular(line->quantityThousandths, language(m_document));
+        const std::string& unit = isSingular ? line->unitSingular : line->unitPlural;
+        JSON data = lineData(number, *line, unit);
+        if (!shown.add(lineText(number, *line, unit), data)) {
+            break;
         }
         lines.push_back(std::move(data));
-        left += shown.add(lineText(index + 1, line, unit)) ? 0U : 1U;
     }
-    if (left > 0) {
+    if (const std::size_t left = items.size() - lines.size(); left > 0) {
         m_result.text += fmt::format("… and {} more lines\n", left);
+        m_result.data.set("more_lines", left);
     }
     if (items.empty()) {
         m_result.text += "(none yet)\n";
@@ -210,11 +228,17 @@ void Describer::describeTotals()
     }
     row("net", "Net", m_totals.net);
     JSON::Array taxes;
-    ResultLines shown(m_result.text, roomBelowLines / 2);
     for (const Totals::TaxLine& tax : m_totals.taxLines) {
-        const std::string rate = Percent::format(tax.basisPoints);
-        taxes.push_back(JSON::object({{"rate", rate}, {"base", number(tax.base)}, {"tax", number(tax.tax)}}));
-        shown.add(fmt::format("Tax {} on {}: {}", rate, amount(tax.base), amount(tax.tax)));
+        if (taxes.size() == shownTaxes) {
+            const std::size_t left = m_totals.taxLines.size() - shownTaxes;
+            m_result.text += fmt::format("… and {} more tax rates\n", left);
+            m_result.data.set("more_taxes", left);
+            break;
+        }
+        const std::string rate = rateFigure(tax.basisPoints);
+        taxes.push_back(
+            JSON::object({{"rate", JSON::Number{rate}}, {"base", number(tax.base)}, {"tax", number(tax.tax)}}));
+        m_result.text += fmt::format("Tax {}% on {}: {}\n", rate, amount(tax.base), amount(tax.tax));
     }
     m_result.data.set("taxes", std::move(taxes));
     row("total", "Total", m_totals.total);
@@ -225,19 +249,34 @@ void Describer::describePayments()
     if (!acceptsPayments(m_document)) {
         return;
     }
-    JSON::Array payments;
-    for (const Payment* payment : sortedPayments(m_context, m_document)) {
-        if (payments.size() == shownPayments) {
-            m_result.text += "… and more payments\n";
+    if (const std::int64_t fees = lateFeesMinorUnits(m_context, m_document); fees != 0) {
+        row("late_fees", "Late fees", fees);
+    }
+    JSON::Array listed;
+    const std::vector<const Payment*> payments = sortedPayments(m_context, m_document);
+    for (const Payment* payment : payments) {
+        if (listed.size() == shownPayments) {
+            m_result.text += fmt::format("… and {} more payments\n", payments.size() - shownPayments);
+            m_result.data.set("more_payments", payments.size() - shownPayments);
+            break;
         }
         const std::string date = payment->date ? isoText(m_calendar.date(*payment->date)) : "";
-        payments.push_back(
-            JSON::object({{"date", date}, {"amount", number(payment->amountMinorUnits)}, {"method", payment->method}}));
-        if (payments.size() <= shownPayments) {
-            m_result.text += fmt::format("Paid {} on {}\n", amount(payment->amountMinorUnits), date);
-        }
+        const std::optional<PaymentMethod> known = method(*payment);
+        const std::string how = known ? std::string(title(*known)) : plainText(payment->method, shownMethod);
+        listed.push_back(JSON::object({{"date", date},
+                                       {"amount", number(payment->amountMinorUnits)},
+                                       {"method", known ? payment->method : how}}));
+        m_result.text += fmt::format("Payment of {}{}{}{}{}\n",
+                                     amount(payment->amountMinorUnits),
+                                     date.empty() ? "" : " on ",
+                                     date,
+                                     how.empty() ? "" : ", ",
+                                     how);
     }
-    m_result.data.set("payments", std::move(payments));
+    m_result.data.set("payments", std::move(listed));
+    if (!payments.empty()) {
+        row("paid", "Paid", paidMinorUnits(m_context, m_document));
+    }
     row("amount_due", "Amount due", amountDueMinorUnits(m_context, m_document));
 }
 
@@ -258,10 +297,17 @@ std::string_view kindWord(DocumentKind documentKind)
     stopProgram("a document kind is one of the four", std::source_location::current());
 }
 
-DocumentDescription
-DocumentDescription::describe(Context& context, const Document& document, Instant today, const Calendar& calendar)
+std::string rateFigure(std::int32_t basisPoints)
 {
-    return Describer(context, document, today, calendar).describe();
+    std::string figure = Percent::format(basisPoints);
+    figure.pop_back(); // the sign
+    return figure;
+}
+
+DocumentDescription DocumentDescription::describe(
+    Context& context, const Document& document, Instant today, const Calendar& calendar, std::size_t reserve)
+{
+    return Describer(context, document, today, calendar).describe(reserve);
 }
 
 } // namespace Quillary

@@ -12,15 +12,12 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
-#include "QuillaryCore/Model/Fee.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Model/Units.h"
-#include "QuillaryCore/Money/Currencies.h"
-#include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Schedules/TimeBilling.h"
 
 #include <fmt/format.h>
@@ -35,19 +32,6 @@ namespace Quillary {
 namespace {
 
 constexpr std::int64_t oneInThousandths = 1000;
-
-/// The same figure in another currency: 90.00 EUR becomes 90 JPY. No value: the figure has more decimals than the
-/// currency, or does not fit.
-std::optional<std::int64_t> sameFigure(std::int64_t minorUnits, std::string_view from, std::string_view to)
-{
-    const Decimal figure = Money(minorUnits, from).decimalValue();
-    const int digits = Money::fractionDigits(to);
-    const std::optional<std::int64_t> scaled = figure.scaled(digits);
-    if (!scaled || Decimal::fromInteger(*scaled, digits) != figure) {
-        return std::nullopt;
-    }
-    return scaled;
-}
 
 LineItem& copiedLine(Context& context, const LineItem& source, const Document& document)
 {
@@ -84,46 +68,6 @@ std::int32_t DocumentSession::nextSortIndex() const
     // Damaged or foreign data may hold any number; the last places are then shared, and the lines keep their order.
     constexpr std::int32_t last = std::numeric_limits<std::int32_t>::max() - Limits::linesPerDocument;
     return lines.empty() ? 0 : std::min(lines.back()->sortIndex, last) + 1;
-}
-
-void DocumentSession::applyCurrency(const Arguments& arguments, const Client* before)
-{
-    std::string wanted = m_document.currencyCode;
-    if (const auto named = arguments.line("currency", Limits::lineLength)) {
-        wanted = upperCasedASCII(*named);
-        if (!Currencies::isKnown(wanted)) {
-            arguments.refuse("currency", "must be an ISO currency code such as EUR.");
-        }
-    } else if (arguments.has("client") && client() != nullptr && !client()->currencyCode.empty()) {
-        wanted = client()->currencyCode;
-        m_filledIn.push_back(fmt::format("currency {} (from {})", wanted, plainText(displayName(*client()))));
-    } else if (before != nullptr && before != client() && before->currencyCode == wanted) {
-        wanted = business().currencyCode;
-    }
-    if (wanted == m_document.currencyCode) {
-        return;
-    }
-    Context& context = m_environment.context;
-    const auto convert = [&](std::int64_t& minorUnits, std::string_view what) {
-        const std::optional<std::int64_t> converted = sameFigure(minorUnits, m_document.currencyCode, wanted);
-        if (!converted) {
-            throw AssistantError(fmt::format("The currency can't become {}: the {} {} has more decimals than it.",
-                                             wanted,
-                                             what,
-                                             Money(minorUnits, m_document.currencyCode).plainText()));
-        }
-        minorUnits = *converted;
-    };
-    for (const LineItem* line : linesInOrder(context, m_document)) {
-        convert(context.edit(*line).unitPriceMinorUnits, "price");
-    }
-    for (const Discount* discount : sortedDiscounts(context, m_document)) {
-        convert(context.edit(*discount).amountMinorUnits, "discount");
-    }
-    for (const Fee* fee : sortedFees(context, m_document)) {
-        convert(context.edit(*fee).amountMinorUnits, "fee");
-    }
-    m_document.currencyCode = wanted;
 }
 
 void DocumentSession::applyLines(const Arguments& arguments)
@@ -271,37 +215,58 @@ void DocumentSession::setUnit(LineItem& line, const Arguments& arguments)
 
 void DocumentSession::copyLastInvoice()
 {
-    Context& context = m_environment.context;
     if (client() == nullptr) {
         throw AssistantError("“copy_last_invoice” needs a client.");
     }
-    const Document* last =
-        context.first<Document>("client = ? AND kindRaw = 0 AND id <> ? ORDER BY issueDate DESC, id DESC LIMIT 1",
-                                m_document.client.key(),
-                                m_document.ref.key());
+    const Document& last = lastInvoice();
+    if (last.currencyCode != m_document.currencyCode) {
+        throw AssistantError(fmt::format("The last invoice, {}, is in {}; this document is in {}.",
+                                         plainText(last.number),
+                                         last.currencyCode,
+                                         m_document.currencyCode));
+    }
+    copyLines(last);
+    m_filledIn.push_back(
+        fmt::format("lines of {}", last.number.empty() ? Lookup::reference(last) : plainText(last.number)));
+}
+
+/// The newest that was issued: a draft may be half-made. Without one the newest draft, and never one without lines.
+const Document& DocumentSession::lastInvoice()
+{
+    const Document* last = m_environment.context.first<Document>(
+        "client = ? AND kindRaw = 0 AND id <> ? AND EXISTS (SELECT 1 FROM LineItem WHERE document = Document.id) "
+        "ORDER BY statusRaw = 0, issueDate DESC, id DESC LIMIT 1",
+        m_document.client.key(),
+        m_document.ref.key());
     if (last == nullptr) {
         throw AssistantError(fmt::format("{} has no earlier invoice to copy.", plainText(displayName(*client()))));
     }
-    if (last->currencyCode != m_document.currencyCode) {
-        throw AssistantError(fmt::format("The last invoice, {}, is in {}; this document is in {}.",
-                                         plainText(last->number),
-                                         last->currencyCode,
-                                         m_document.currencyCode));
-    }
+    return *last;
+}
+
+void DocumentSession::copyLines(const Document& last)
+{
+    Context& context = m_environment.context;
+    const UnitLibrary library(context, business());
     const std::int32_t offset = nextSortIndex();
-    const bool isIssued = status(*last).value_or(DocumentStatus::draft) != DocumentStatus::draft;
-    for (const LineItem* source : sortedItems(context, *last)) {
-        LineItem& copy = copiedLine(context, *source, m_document);
-        copy.sortIndex = source->sortIndex + offset;
-        const Ref<LineItem> copyRef = copy.ref;
-        std::vector<const LineItem*> copies = {&copy};
-        for (const LineItem* child : sortedChildren(context, *source)) {
-            LineItem& childCopy = copiedLine(context, *child, m_document);
-            childCopy.parent = copyRef;
-            copies.push_back(&childCopy);
+    const bool isIssued = status(last).value_or(DocumentStatus::draft) != DocumentStatus::draft;
+    const auto copied = [&](const LineItem& source) -> LineItem& {
+        LineItem& copy = copiedLine(context, source, m_document);
+        // The earlier invoice may have been printed in another language.
+        if (!copy.unit.empty()) {
+            Quillary::setUnit(copy, copy.unit, library, language(m_document));
         }
         if (isIssued) {
-            std::ranges::for_each(copies, [this](const LineItem* line) { keepLineAnswers(*line); });
+            keepLineAnswers(copy);
+        }
+        return copy;
+    };
+    for (const LineItem* source : sortedItems(context, last)) {
+        LineItem& copy = copied(*source);
+        copy.sortIndex = source->sortIndex + offset;
+        const Ref<LineItem> copyRef = copy.ref;
+        for (const LineItem* child : sortedChildren(context, *source)) {
+            copied(*child).parent = copyRef;
         }
     }
 }

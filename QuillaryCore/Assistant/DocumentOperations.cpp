@@ -2,7 +2,9 @@
 #include "QuillaryCore/Assistant/DocumentSession.h"
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/Operations.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Limits.h"
 
@@ -14,26 +16,33 @@ namespace Quillary {
 
 namespace {
 
-/// What a draft still lacks, appended to the answer that shows it. What was issued lacks nothing any more.
-void appendReview(const AssistantEnvironment& environment,
-                  const Document& document,
-                  const std::vector<std::string>& filledIn,
-                  DocumentDescription& description)
+/// A document in full, and what a draft still lacks. What was issued lacks nothing any more, and a template is sent to
+/// nobody.
+DocumentDescription describedWithReview(const AssistantEnvironment& environment,
+                                        const Document& document,
+                                        const std::vector<std::string>& filledIn)
 {
-    if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
-        return;
+    const auto describe = [&](std::size_t reserve) {
+        return DocumentDescription::describe(
+            environment.context, document, environment.clock.now(), environment.calendar, reserve);
+    };
+    if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft ||
+        kind(document) == DocumentKind::recurring) {
+        return describe(0);
     }
     const DocumentReview review = DocumentOperations::reviewed(environment, document, filledIn);
-    description.text += "\n" + review.text();
-    description.data.set("review", review.json());
+    const std::string text = "\n" + review.text();
+    JSON data = review.json();
+    DocumentDescription description = describe(roomFor(text, data));
+    description.text += text;
+    description.data.set("review", std::move(data));
+    return description;
 }
 
 ToolResult described(const AssistantEnvironment& environment, const DocumentSession& session, std::string_view verb)
 {
     const Document& document = session.document();
-    DocumentDescription description =
-        DocumentDescription::describe(environment.context, document, environment.clock.now(), environment.calendar);
-    appendReview(environment, document, session.filledIn(), description);
+    DocumentDescription description = describedWithReview(environment, document, session.filledIn());
     ToolResult result;
     result.text = fmt::format("{} {}", verb, description.text);
     result.data = std::move(description.data);
@@ -73,9 +82,7 @@ ToolResult DocumentOperations::show(const AssistantEnvironment& environment, con
 {
     const std::string named = arguments.line("document", Limits::lineLength).value_or("");
     const Document& document = Lookup::document(environment, named);
-    DocumentDescription description =
-        DocumentDescription::describe(environment.context, document, environment.clock.now(), environment.calendar);
-    appendReview(environment, document, {}, description);
+    DocumentDescription description = describedWithReview(environment, document, {});
     ToolResult result;
     result.text = std::move(description.text);
     result.data = std::move(description.data);

@@ -44,6 +44,7 @@ private:
     void askForDescription(const LineItem& line, std::size_t number);
     void askForPrice(const LineItem& line, std::size_t number);
     void checkTaxRates();
+    [[nodiscard]] std::string bearing(const std::vector<std::size_t>& numbers) const;
     void askForTaxRate(std::int32_t usualRate, const std::vector<std::size_t>& numbers);
     [[nodiscard]] bool hasOpenPrice(const LineItem& line);
     [[nodiscard]] bool isUntaxedByMistake(const LineItem& line);

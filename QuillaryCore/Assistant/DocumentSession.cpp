@@ -22,9 +22,11 @@
 #include "QuillaryCore/Model/NumberedKind.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/TaxLabel.h"
+#include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Model/Units.h"
 #include "QuillaryCore/Numbering/Numbering.h"
 #include "QuillaryCore/Numbering/NumberingError.h"
+#include "QuillaryCore/Schedules/TimeBilling.h"
 
 #include <fmt/format.h>
 
@@ -37,6 +39,9 @@ constexpr int quoteValidityDays = 30;
 
 /// What is shown of a longer reason for charging no tax. Unit: characters.
 constexpr std::size_t longestReason = 80;
+/// Of a line's title in a sentence about it. Unit: characters.
+constexpr std::size_t longestTitle = 60;
+constexpr std::size_t longestName = 100;
 
 NumberedKind series(const Document& document)
 {
@@ -46,6 +51,12 @@ NumberedKind series(const Document& document)
 bool isQuote(const Document& document)
 {
     return kind(document) == DocumentKind::quote;
+}
+
+/// Only these ask for money, and so have terms and a due date. A kind that can't be read counts as one.
+bool asksForPayment(const Document& document)
+{
+    return kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
 }
 
 } // namespace
@@ -88,15 +99,18 @@ DocumentSession DocumentSession::create(const AssistantEnvironment& environment,
     }
     if (business.taxExempt) {
         session.setTreatment(TaxTreatment::exempt, business.taxExemptNote);
-        const std::string reason = plainText(business.taxExemptNote, longestReason);
-        session.m_filledIn.push_back(
-            fmt::format("no {}: {}", taxLabelText(business), reason.empty() ? "(no reason given)" : reason));
     }
+    session.m_isNew = true;
     return session;
 }
 
 DocumentSession DocumentSession::open(const AssistantEnvironment& environment, const Document& document)
 {
+    if (kind(document) == DocumentKind::recurring) {
+        throw AssistantError(fmt::format("{} is a template, which only the user changes, in Quillary. The "
+                                         "invoices made from it can be changed while they are drafts.",
+                                         Lookup::reference(document)));
+    }
     if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
         const bool invoice = kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
         throw AssistantError(fmt::format(
@@ -121,8 +135,9 @@ void DocumentSession::apply(const Arguments& arguments)
     applyDueDate(oldIssueDate, oldTerms);
     applyServiceDate(arguments);
     applyTaxTreatment(arguments);
+    tellOwnExemption();
     if (language(m_document) != oldLanguage) {
-        refreshWords(oldLanguage);
+        refreshWords();
     }
     applyLines(arguments);
     applyDiscount(arguments);
@@ -144,10 +159,43 @@ void DocumentSession::applyClient(const Arguments& arguments, const Client* befo
         return;
     }
     const Client& chosen = Lookup::client(m_environment, *named);
+    // Naming the client again is no wish to have their settings back in place of what was said since.
+    if (&chosen == before) {
+        return;
+    }
+    requireNoTimeOf(chosen);
     m_document.client = chosen.ref;
-    const std::string name = plainText(displayName(chosen));
+    takeDefaults(arguments, chosen, before);
+}
+
+/// Time that was tracked for somebody else would be billed to the wrong client, and be gone from the right one's.
+void DocumentSession::requireNoTimeOf(const Client& chosen)
+{
+    Context& context = m_environment.context;
+    std::size_t number = 0;
+    for (const LineItem* line : linesInOrder(context, m_document)) {
+        number += 1;
+        for (const TimeEntry* entry : TimeBilling::entries(context, *line)) {
+            if (entry->client == chosen.ref) {
+                continue;
+            }
+            const Client* owner = context.find(entry->client);
+            throw AssistantError(
+                fmt::format("The client can't become {}: line {} (“{}”) bills tracked time of {}. Remove such lines "
+                            "first, in a call of its own (remove_lines), then change the client.",
+                            plainText(displayName(chosen)),
+                            number,
+                            plainText(line->title, longestTitle),
+                            owner == nullptr ? "nobody" : plainText(displayName(*owner))));
+        }
+    }
+}
+
+void DocumentSession::takeDefaults(const Arguments& arguments, const Client& chosen, const Client* before)
+{
+    const std::string name = plainText(displayName(chosen), longestName);
     // What another client brought along leaves with that client.
-    if (before != nullptr && before != &chosen) {
+    if (before != nullptr) {
         if (!before->languageCode.empty() && m_document.languageCode == before->languageCode) {
             m_document.languageCode = business().languageCode;
         }
@@ -160,8 +208,11 @@ void DocumentSession::applyClient(const Arguments& arguments, const Client* befo
         m_filledIn.push_back(fmt::format("language {} (from {})", chosen.languageCode, name));
     }
     if (chosen.paymentTermsDays > 0 && !arguments.has("payment_terms_days")) {
+        // A quote keeps them for the invoice that may be made from it, and shows nothing of them.
         m_document.paymentTermsDays = chosen.paymentTermsDays;
-        m_filledIn.push_back(fmt::format("payment terms {} days (from {})", chosen.paymentTermsDays, name));
+        if (asksForPayment(m_document)) {
+            m_filledIn.push_back(fmt::format("payment terms {} days (from {})", chosen.paymentTermsDays, name));
+        }
     }
 }
 
@@ -194,8 +245,10 @@ void DocumentSession::applyDates(const Arguments& arguments)
         m_document.issueDate = isSameDay ? m_document.issueDate : calendar.storedDay(*issueDate);
     }
     if (const auto terms = arguments.wholeNumber("payment_terms_days", 0, Limits::paymentTermsDays)) {
-        if (isQuote(m_document)) {
-            arguments.refuse("payment_terms_days", "belongs to invoices: a quote asks for no payment.");
+        if (!asksForPayment(m_document)) {
+            arguments.refuse("payment_terms_days",
+                             fmt::format("belongs to invoices: a {} asks for no payment.",
+                                         isQuote(m_document) ? "quote" : "credit note"));
         }
         m_document.paymentTermsDays = static_cast<std::int16_t>(*terms);
     }
@@ -203,7 +256,7 @@ void DocumentSession::applyDates(const Arguments& arguments)
 
 void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
 {
-    if (isQuote(m_document) || !m_document.issueDate) {
+    if (!asksForPayment(m_document) || !m_document.issueDate) {
         return;
     }
     // A due date that the user picked stays until the dates that it hangs on change.
@@ -217,6 +270,12 @@ void DocumentSession::applyServiceDate(const Arguments& arguments)
 {
     const std::optional<std::string> text = arguments.line("service_date", Limits::lineLength);
     if (!text) {
+        return;
+    }
+    if (text->empty()) {
+        m_document.deliveryKindRaw = static_cast<std::int16_t>(DeliveryKind::none);
+        m_document.deliveryStart.reset();
+        m_document.deliveryEnd.reset();
         return;
     }
     const Calendar& calendar = m_environment.calendar;
@@ -243,24 +302,15 @@ void DocumentSession::applyTaxTreatment(const Arguments& arguments)
     if (chosen > 1) {
         throw AssistantError("Choose one of “reverse_charge”, “outside_eu” and “tax_exempt”.");
     }
-    const DocumentLanguage printed = language(m_document);
     const std::optional<std::string> note = arguments.paragraphs("tax_exempt_note", Limits::textLength);
     if (reverseCharge == true) {
-        setTreatment(TaxTreatment::reverseCharge, std::string(taxNote(TaxTreatment::reverseCharge, printed)));
+        setPrintedTreatment(TaxTreatment::reverseCharge);
     } else if (outsideEU == true) {
-        setTreatment(TaxTreatment::outsideEU, std::string(taxNote(TaxTreatment::outsideEU, printed)));
+        setPrintedTreatment(TaxTreatment::outsideEU);
     } else if (exempt == true) {
         setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : ownReason());
-    } else if (reverseCharge == false || outsideEU == false || exempt == false) {
-        const TaxTreatment current = taxTreatment(m_environment.context, m_document);
-        const bool takenBack = (current == TaxTreatment::reverseCharge && reverseCharge == false) ||
-                               (current == TaxTreatment::outsideEU && outsideEU == false) || exempt == false;
-        if (takenBack && business().taxExempt && exempt != false) {
-            setTreatment(TaxTreatment::exempt, business().taxExemptNote);
-        } else if (takenBack) {
-            // The lines have kept their rates all the while, so that the tax is back as it was.
-            setTreatment(TaxTreatment::standard, "");
-        }
+    } else {
+        takeBackTreatment(arguments);
     }
     if (note) {
         if (!m_document.taxExempt && !note->empty()) {
@@ -268,6 +318,42 @@ void DocumentSession::applyTaxTreatment(const Arguments& arguments)
         }
         m_document.taxExemptNote = *note;
     }
+}
+
+void DocumentSession::takeBackTreatment(const Arguments& arguments)
+{
+    const TaxTreatment current = taxTreatment(m_environment.context, m_document);
+    if (arguments.flag("tax_exempt") == false) {
+        // The lines have kept their rates all the while, so that the tax is back as it was.
+        setTreatment(TaxTreatment::standard, "");
+        return;
+    }
+    const bool takenBack = (current == TaxTreatment::reverseCharge && arguments.flag("reverse_charge") == false) ||
+                           (current == TaxTreatment::outsideEU && arguments.flag("outside_eu") == false);
+    if (takenBack && business().taxExempt) {
+        setTreatment(TaxTreatment::exempt, business().taxExemptNote);
+    } else if (takenBack) {
+        setTreatment(TaxTreatment::standard, "");
+    }
+}
+
+/// A treatment with the reason that we print for it, unless it holds already with one in the user's own words.
+void DocumentSession::setPrintedTreatment(TaxTreatment treatment)
+{
+    const bool holdsAlready = taxTreatment(m_environment.context, m_document) == treatment;
+    const std::string own = holdsAlready ? ownReason() : "";
+    setTreatment(treatment, own.empty() ? std::string(taxNote(treatment, language(m_document))) : own);
+}
+
+/// A new document of a business that charges no tax says so, if it still holds after the call's own wishes.
+void DocumentSession::tellOwnExemption()
+{
+    if (!m_isNew || !business().taxExempt || taxTreatment(m_environment.context, m_document) != TaxTreatment::exempt) {
+        return;
+    }
+    const std::string reason = plainText(m_document.taxExemptNote, longestReason);
+    m_filledIn.push_back(
+        fmt::format("no {}: {}", taxLabelText(business()), reason.empty() ? "(no reason given)" : reason));
 }
 
 /// Answers that leave the document as it is. They count once the client is known: before that nothing was asked.
@@ -284,11 +370,12 @@ void DocumentSession::rememberAnswers(const Arguments& arguments)
     }
 }
 
-/// The note, unless it is the one we print for another treatment.
+/// The note, unless it is one that we print: those go with their treatment, whatever the language was when they came.
 std::string DocumentSession::ownReason() const
 {
-    const std::string_view printed = taxNote(taxTreatment(m_environment.context, m_document), language(m_document));
-    return !printed.empty() && m_document.taxExemptNote == printed ? "" : m_document.taxExemptNote;
+    const std::string& note = m_document.taxExemptNote;
+    const bool isOurs = isTaxNote(note, TaxTreatment::reverseCharge) || isTaxNote(note, TaxTreatment::outsideEU);
+    return isOurs ? "" : note;
 }
 
 void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& note)
@@ -298,7 +385,7 @@ void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& no
     setTaxTreatment(m_environment.context, m_document, treatment);
 }
 
-void DocumentSession::refreshWords(DocumentLanguage before)
+void DocumentSession::refreshWords()
 {
     const UnitLibrary library(m_environment.context, business());
     for (const LineItem* line : linesInOrder(m_environment.context, m_document)) {
@@ -307,8 +394,7 @@ void DocumentSession::refreshWords(DocumentLanguage before)
         }
     }
     const TaxTreatment treatment = taxTreatment(m_environment.context, m_document);
-    const std::string_view oldNote = taxNote(treatment, before);
-    if (!oldNote.empty() && m_document.taxExemptNote == oldNote) {
+    if (isTaxNote(m_document.taxExemptNote, treatment)) {
         m_document.taxExemptNote = taxNote(treatment, language(m_document));
     }
 }

@@ -29,7 +29,8 @@ public:
     /// A new draft of "invoice" or "quote" with the business's defaults, not yet numbered.
     [[nodiscard]] static DocumentSession create(const AssistantEnvironment& environment, std::string_view kindWord);
 
-    /// An existing draft. Throws when the document is no draft any more: what was issued is not changed.
+    /// An existing draft. Throws when the document is no draft any more: what was issued is not changed; nor
+    /// is a recurring template, which counts no number and is sent to nobody.
     [[nodiscard]] static DocumentSession open(const AssistantEnvironment& environment, const Document& document);
 
     /// Applies all arguments, numbers the document and brings its figures up to date.
@@ -44,12 +45,20 @@ private:
     DocumentSession(const AssistantEnvironment& environment, Document& document);
 
     void applyClient(const Arguments& arguments, const Client* before);
+    void takeDefaults(const Arguments& arguments, const Client& chosen, const Client* before);
+    void requireNoTimeOf(const Client& chosen);
     void applyTexts(const Arguments& arguments);
     void applyCurrency(const Arguments& arguments, const Client* before);
+    [[nodiscard]] std::string wantedCurrency(const Arguments& arguments, const Client* before);
+    void changeCurrency(const std::string& wanted, const Arguments& arguments);
+    void requireOwnPrice(const LineItem& line, std::size_t number, const std::string& wanted);
     void applyDates(const Arguments& arguments);
     void applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms);
     void applyServiceDate(const Arguments& arguments);
     void applyTaxTreatment(const Arguments& arguments);
+    void takeBackTreatment(const Arguments& arguments);
+    void setPrintedTreatment(TaxTreatment treatment);
+    void tellOwnExemption();
     void rememberAnswers(const Arguments& arguments);
     void applyLines(const Arguments& arguments);
     void applyDiscount(const Arguments& arguments);
@@ -58,6 +67,8 @@ private:
     void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);
     void addLine(const Arguments& arguments, std::int32_t sortIndex);
     void copyLastInvoice();
+    [[nodiscard]] const Document& lastInvoice();
+    void copyLines(const Document& last);
     void keepLineAnswers(const LineItem& copy);
     void rememberLineAnswers(const LineItem& line, const Arguments& change);
     void addUnbilledTime();
@@ -65,7 +76,7 @@ private:
     void fillLine(LineItem& line, const Arguments& arguments);
     void setUnit(LineItem& line, const Arguments& arguments);
     void setTreatment(TaxTreatment treatment, const std::string& note);
-    void refreshWords(DocumentLanguage before);
+    void refreshWords();
 
     [[nodiscard]] const Business& business() const;
     [[nodiscard]] const Client* client() const;
@@ -76,6 +87,7 @@ private:
     const AssistantEnvironment& m_environment;
     Document& m_document;
     std::vector<std::string> m_filledIn;
+    bool m_isNew = false;
 };
 
 } // namespace Quillary

@@ -67,7 +67,7 @@ MailDraft words(const AssistantEnvironment& environment, const Document& documen
             .to = std::move(to),
             .subject = std::move(text.subject),
             .body = std::move(text.body),
-            .attachment = pdfFileName(environment.context, document, business, environment.calendar) + ".pdf",
+            .attachment = shownFileName(environment, document) + ".pdf",
             .pdf = {},
             .date = environment.clock.now()};
 }
@@ -112,7 +112,7 @@ void tellPlace(ToolResult& result, const PreparedEmail& email, const std::string
         result.text += fmt::format("{} {}",
                                    email.isOpened ? " The draft lies in"
                                                   : " The user opens this draft with their mail program and sends it:",
-                                   plainText(email.file.string()));
+                                   email.file.string());
     }
     result.text += "\nNothing has been sent." + advice;
     JSON data = result.data.value_or(JSON());
@@ -132,7 +132,7 @@ void SendingOperations::email(const AssistantEnvironment& environment,
     const Business& business = environment.ownBusiness();
     MailDraft mail = words(environment, document);
     ToolResult result = answer(document, mail);
-    const std::string name = pdfFileName(environment.context, document, business, environment.calendar);
+    const std::string name = shownFileName(environment, document);
     PageJob job = pageJob(environment.context, document, business, environment.calendar);
 
     const auto prepared = [reply, result = std::move(result), advice = advice(environment, document)](

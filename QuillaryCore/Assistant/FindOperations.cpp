@@ -8,11 +8,13 @@
 #include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Money/Money.h"
 
 #include <fmt/format.h>
@@ -30,6 +32,8 @@ using Hit = TextIndex::Hit;
 constexpr std::int64_t usualLimit = 10;
 constexpr std::int64_t usualDocumentLimit = 20;
 constexpr std::int64_t largestLimit = 100;
+/// Of a catalog item's details. Unit: bytes.
+constexpr std::size_t shownDetails = 300;
 
 std::size_t limitArgument(const Arguments& arguments, std::int64_t usual)
 {
@@ -57,10 +61,11 @@ ToolResult listed(Context& context,
     JSON::Array items;
     for (const Hit& hit : hits) {
         const Record* record = context.find(Ref<Record>(hit.key));
-        if (record == nullptr || !lines.add(text(*record))) {
+        JSON item = record == nullptr ? JSON() : data(*record);
+        if (record == nullptr || !lines.add(text(*record), item)) {
             break;
         }
-        items.push_back(data(*record));
+        items.push_back(std::move(item));
     }
     const std::size_t left = count - items.size();
     if (left > 0) {
@@ -81,25 +86,41 @@ std::vector<Hit> newestClients(Context& context)
     return hits;
 }
 
-std::string itemText(const CatalogItem& item)
+/// The rate that an item brings along; none for those that are taxed at the usual rate.
+const TaxRate* rateOf(Context& context, const CatalogItem& item)
+{
+    return item.taxRateID ? context.find<TaxRate>(*item.taxRateID) : nullptr;
+}
+
+std::string itemText(Context& context, const CatalogItem& item)
 {
     const std::string unit = plainText(item.unit);
-    return fmt::format("{}, {} {}{}{}",
+    const std::string details = plainText(shortened(item.details, shownDetails));
+    const TaxRate* rate = rateOf(context, item);
+    return fmt::format("{}, {} {}{}{}{}{}{}",
                        Lookup::reference(item),
                        Money(item.unitPriceMinorUnits, item.currencyCode).plainText(),
                        plainText(item.currencyCode),
                        unit.empty() ? "" : " per ",
-                       unit);
+                       unit,
+                       rate == nullptr ? "" : fmt::format(", tax {}%", rateFigure(rate->basisPoints)),
+                       details.empty() ? "" : ", ",
+                       details);
 }
 
-JSON itemData(const CatalogItem& item)
+JSON itemData(Context& context, const CatalogItem& item)
 {
-    return JSON::object({{"id", Lookup::idText(item.uuid)},
-                         {"name", item.name},
-                         {"details", item.details},
-                         {"unit_price", JSON::Number{Money(item.unitPriceMinorUnits, item.currencyCode).plainText()}},
-                         {"currency", item.currencyCode},
-                         {"unit", item.unit}});
+    JSON data =
+        JSON::object({{"id", Lookup::idText(item.uuid)},
+                      {"name", item.name},
+                      {"details", shortened(item.details, shownDetails)},
+                      {"unit_price", JSON::Number{Money(item.unitPriceMinorUnits, item.currencyCode).plainText()}},
+                      {"currency", item.currencyCode},
+                      {"unit", item.unit}});
+    if (const TaxRate* rate = rateOf(context, item)) {
+        data.set("tax_rate", JSON::Number{rateFigure(rate->basisPoints)});
+    }
+    return data;
 }
 
 /// Whether a document belongs under a word of the "status" argument. `open` is everything that was sent and is not
@@ -174,13 +195,18 @@ ToolResult FindOperations::clients(const AssistantEnvironment& environment, cons
     LibrarySearch& search = environment.librarySearch();
     std::vector<Hit> hits =
         query.empty() && !search.hasClients() ? newestClients(environment.context) : search.clients(query);
-    if (const std::optional<UUID> uuid = UUID::parse(query)) {
+    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
         if (const Client* client = environment.context.find<Client>(*uuid)) {
             hits = {{.key = client->ref.key()}};
         }
     }
     ToolResult result = listed<Client>(
-        environment.context, "clients", std::move(hits), limitArgument(arguments, usualLimit), clientText, clientData);
+        environment.context,
+        "clients",
+        std::move(hits),
+        limitArgument(arguments, usualLimit),
+        [&](const Client& client) { return clientText(client, environment.ownBusiness().currencyCode); },
+        [&](const Client& client) { return clientData(client, environment.ownBusiness().currencyCode); });
     if (result.text.empty()) {
         result.text = query.empty()
                           ? "There are no clients yet; create_client adds one."
@@ -193,13 +219,18 @@ ToolResult FindOperations::catalogItems(const AssistantEnvironment& environment,
 {
     const std::string query = queryArgument(arguments);
     std::vector<Hit> hits = findCatalogItems(environment.context, query);
-    if (const std::optional<UUID> uuid = UUID::parse(query)) {
+    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
         if (const CatalogItem* item = environment.context.find<CatalogItem>(*uuid)) {
             hits = {{.key = item->ref.key()}};
         }
     }
     ToolResult result = listed<CatalogItem>(
-        environment.context, "items", std::move(hits), limitArgument(arguments, usualLimit), itemText, itemData);
+        environment.context,
+        "items",
+        std::move(hits),
+        limitArgument(arguments, usualLimit),
+        [&](const CatalogItem& item) { return itemText(environment.context, item); },
+        [&](const CatalogItem& item) { return itemData(environment.context, item); });
     if (result.text.empty()) {
         result.text = query.empty() ? "There are no saved products or services yet. Give lines their title and price."
                                     : fmt::format("No catalog item fits {}.", Quillary::quoted(query));
@@ -214,12 +245,12 @@ ToolResult FindOperations::documents(const AssistantEnvironment& environment, co
     DocumentFilter filter(environment, arguments);
     LibrarySearch& search = environment.librarySearch();
     std::vector<Hit> hits = search.documents(query);
-    std::erase_if(hits, [&](const Hit& hit) { return !filter.accepts(search.facts(hit)); });
-    if (const std::optional<UUID> uuid = UUID::parse(query)) {
+    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
         if (const Document* document = environment.context.find<Document>(*uuid)) {
             hits = {{.key = document->ref.key()}};
         }
     }
+    std::erase_if(hits, [&](const Hit& hit) { return !filter.accepts(search.facts(hit)); });
     DocumentListing listing(environment);
     ToolResult result = listed<Document>(
         environment.context,

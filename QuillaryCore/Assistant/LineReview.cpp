@@ -1,3 +1,4 @@
+#include "QuillaryCore/Assistant/DocumentDescription.h"
 #include "QuillaryCore/Assistant/DocumentReviewer.h"
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/PlainText.h"
@@ -57,12 +58,6 @@ std::string listed(const std::vector<std::size_t>& numbers)
     const auto last = numbers.end() - 1;
     const std::string before = fmt::format("{}", fmt::join(numbers.begin(), last, ", "));
     return before.empty() ? fmt::format("{}", *last) : fmt::format("{} and {}", before, *last);
-}
-
-std::string withoutSign(std::string rate)
-{
-    rate.pop_back();
-    return rate;
 }
 
 } // namespace
@@ -144,7 +139,8 @@ bool DocumentReviewer::isUntaxedByMistake(const LineItem& line)
 void DocumentReviewer::checkTaxRates()
 {
     const TaxRate* usual = TaxRates::defaultRate(m_context);
-    if (m_document.taxExempt || m_business.taxExempt || usual == nullptr || usual->basisPoints <= 0) {
+    // A business that charges no tax has no usual rate to go by, whatever its list says.
+    if (m_document.taxExempt || (!m_business.taxExempt && (usual == nullptr || usual->basisPoints <= 0))) {
         return;
     }
     std::vector<std::size_t> numbers;
@@ -153,17 +149,28 @@ void DocumentReviewer::checkTaxRates()
             numbers.push_back(index + 1);
         }
     }
-    if (!numbers.empty()) {
+    if (numbers.empty()) {
+        return;
+    }
+    if (m_business.taxExempt) {
+        tell(fmt::format("The {} is taxed, but {} no {}.", noun(), bearing(numbers), taxWord()),
+             "Set tax_exempt to true with update_document, or the tax_rate of each with change_lines.");
+    } else {
         askForTaxRate(usual->basisPoints, numbers);
     }
 }
 
+/// "line 1 (“Website”) bears"
+std::string DocumentReviewer::bearing(const std::vector<std::size_t>& numbers) const
+{
+    return numbers.size() == 1 ? fmt::format("line {} (“{}”) bears", numbers[0], nameOf(*m_lines[numbers[0] - 1]))
+                               : fmt::format("lines {} bear", listed(numbers));
+}
+
 void DocumentReviewer::askForTaxRate(std::int32_t usualRate, const std::vector<std::size_t>& numbers)
 {
-    const bool isOne = numbers.size() == 1;
-    const std::string lines =
-        isOne ? fmt::format("Line {} (“{}”) bears", listed(numbers), nameOf(*m_lines[numbers[0] - 1]))
-              : fmt::format("Lines {} bear", listed(numbers));
+    std::string lines = bearing(numbers);
+    lines.front() = 'L';
     ReviewQuestion question{.text = fmt::format("{} no {}. Which rate applies?", lines, taxWord()),
                             .field = "change_lines",
                             .isRequired = false,
@@ -172,7 +179,7 @@ void DocumentReviewer::askForTaxRate(std::int32_t usualRate, const std::vector<s
     for (const TaxRate* rate : TaxRates::all(m_context)) {
         if (rate->basisPoints > 0) {
             const std::string figure = Percent::format(rate->basisPoints);
-            question.options.push_back({.value = change(numbers, "tax_rate", withoutSign(figure)),
+            question.options.push_back({.value = change(numbers, "tax_rate", rateFigure(rate->basisPoints)),
                                         .label = fmt::format("{} ({})", figure, plainText(rate->name, longestName))});
         }
     }

@@ -52,6 +52,20 @@ bool isMeant(const std::vector<Hit>& hits)
     return hits.size() == 1 && hits.front().isOwn && hits.front().rank <= Rank::word;
 }
 
+/// A record among others that a call may mean: clients of one name and city differ by their number at least.
+std::string candidate(const Client& client)
+{
+    const std::string number = plainText(client.number);
+    return fmt::format("{}{}{}", number.empty() ? "" : "no. ", number, number.empty() ? "" : ", ") +
+           Lookup::reference(client);
+}
+
+template <class Record>
+std::string candidate(const Record& record)
+{
+    return Lookup::reference(record);
+}
+
 template <class Record>
 std::string listed(Context& context, std::vector<Hit> hits)
 {
@@ -60,7 +74,7 @@ std::string listed(Context& context, std::vector<Hit> hits)
     std::string list;
     for (const Hit& hit : hits) {
         if (const Record* record = context.find(Ref<Record>(hit.key))) {
-            list += (list.empty() ? "" : "; ") + Lookup::reference(*record);
+            list += (list.empty() ? "" : "; ") + candidate(*record);
         }
     }
     return count > listedCandidates ? fmt::format("{}; and {} more", list, count - listedCandidates) : list;
@@ -81,7 +95,7 @@ ask(Context& context, const std::vector<Hit>& hits, std::string_view asked, std:
 template <class Record>
 const Record* named(Context& context, std::string_view asked)
 {
-    const std::optional<UUID> uuid = UUID::parse(asked);
+    const std::optional<UUID> uuid = Lookup::idIn(asked);
     return uuid ? context.find<Record>(*uuid) : nullptr;
 }
 
@@ -90,6 +104,15 @@ const Record* named(Context& context, std::string_view asked)
 std::string Lookup::idText(const std::optional<UUID>& uuid)
 {
     return uuid ? uuid->text() : "no id";
+}
+
+std::optional<UUID> Lookup::idIn(std::string_view asked)
+{
+    std::string_view id = trimmed(asked);
+    if (id.starts_with('[') && id.ends_with(']')) {
+        id = trimmed(id.substr(1, id.size() - 2));
+    }
+    return UUID::parse(id);
 }
 
 std::string Lookup::reference(const Client& client)

@@ -20,6 +20,9 @@ namespace Lookup {
 /// The id as every answer shows it in brackets.
 [[nodiscard]] std::string idText(const std::optional<UUID>& uuid);
 
+/// The id that a call means, alone or in the brackets that answers put around it. No value: any other text.
+[[nodiscard]] std::optional<UUID> idIn(std::string_view asked);
+
 /// A record as the sentences and lists name it, with its id in brackets.
 [[nodiscard]] std::string reference(const Client& client);
 [[nodiscard]] std::string reference(const Document& document);

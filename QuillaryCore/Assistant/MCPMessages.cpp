@@ -1,6 +1,7 @@
 #include "QuillaryCore/Assistant/MCPMessages.h"
 
 #include "QuillaryCore/Assistant/AssistantTool.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Output/Base64.h"
 
@@ -112,8 +113,13 @@ std::string MCPMessages::toolResult(ToolResult result)
         precondition(result.data->object() != nullptr, "a tool's data is an object");
         result.data->set("summary", result.text);
         result.data->appendTo(data);
-        result.text += "\n\nData: ";
-        result.text += data;
+        // Every operation leaves room for both. Should one not, half an object would help nobody: the structured
+        // content has it whole.
+        constexpr std::string_view heading = "\n\nData: ";
+        if (result.text.size() + heading.size() + data.size() <= longestResult) {
+            result.text += heading;
+            result.text += data;
+        }
     }
     std::string line = R"({"content":[{"type":"text","text":)";
     JSON(std::move(result.text)).appendTo(line);

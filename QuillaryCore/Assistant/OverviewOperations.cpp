@@ -188,7 +188,7 @@ ToolResult OverviewOperations::money(const AssistantEnvironment& environment, co
         OverviewDescriber describer(environment, overview);
         describer.describe();
         const std::string heading = overviews.size() > 1 ? "In " + plainText(overview.currencyCode) + ":\n" : "";
-        if (lines.add(heading + describer.text())) {
+        if (lines.add(heading + describer.text(), describer.data())) {
             currencies.push_back(describer.data());
             summaries += (summaries.empty() ? "" : "; ") + describer.summary();
         }

@@ -1,5 +1,7 @@
 #include "QuillaryCore/Assistant/PageJobs.h"
 
+#include "QuillaryCore/Assistant/AssistantActions.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
@@ -63,6 +65,12 @@ std::string pdfFileName(Context& context, const Document& document, const Busine
         .business = business.name,
         .date = document.issueDate.value_or(document.createdAt.value_or(context.clock().now()))};
     return FileNameFormat::stored(business).render(values, calendar);
+}
+
+std::string shownFileName(const AssistantEnvironment& environment, const Document& document)
+{
+    return FileNameFormat::sanitize(
+        plainText(pdfFileName(environment.context, document, environment.ownBusiness(), environment.calendar)));
 }
 
 } // namespace Quillary

@@ -8,6 +8,7 @@
 
 namespace Quillary {
 
+struct AssistantEnvironment;
 struct Business;
 struct Document;
 
@@ -19,5 +20,9 @@ pageJob(Context& context, const Document& document, const Business& business, co
 /// way to the default one.
 [[nodiscard]] std::string
 pdfFileName(Context& context, const Document& document, const Business& business, const Calendar& calendar);
+
+/// The same as answers can name it: no character of it is an identifier's bracket, hidden or a turn of direction, so
+/// that what the user reads is where the file lies.
+[[nodiscard]] std::string shownFileName(const AssistantEnvironment& environment, const Document& document);
 
 } // namespace Quillary

@@ -1,5 +1,6 @@
 #include "QuillaryCore/Assistant/PartyFields.h"
 
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Countries.h"
 #include "QuillaryCore/Model/Limits.h"
@@ -28,6 +29,13 @@ std::optional<std::string> emailArgument(const Arguments& arguments)
     return email;
 }
 
+std::string compactVATID(std::string_view text)
+{
+    std::string compact = upperCasedASCII(replacing(plainText(text), " ", ""));
+    std::erase_if(compact, [](char character) { return character == '.' || character == '-' || character == '/'; });
+    return compact;
+}
+
 std::optional<std::string> vatIDArgument(const Arguments& arguments)
 {
     std::optional<std::string> vatID = arguments.line("vat_id", Limits::lineLength);
@@ -35,8 +43,9 @@ std::optional<std::string> vatIDArgument(const Arguments& arguments)
         return "";
     }
     if (vatID && !vatID->empty()) {
-        *vatID = upperCasedASCII(replacing(*vatID, " ", ""));
-        if (!Validation::isValidVATID(*vatID)) {
+        *vatID = compactVATID(*vatID);
+        const bool hasDigit = vatID->find_first_of("0123456789") != std::string::npos; // "UNKNOWN" is none
+        if (!hasDigit || !Validation::isValidVATID(*vatID)) {
             arguments.refuse("vat_id", "doesn't have the form of a VAT ID, such as ATU12345678 or DE123456789.");
         }
     }

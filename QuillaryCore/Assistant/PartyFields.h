@@ -25,7 +25,10 @@ struct TextField
 /// An email address of the usual form.
 [[nodiscard]] std::optional<std::string> emailArgument(const Arguments& arguments);
 
-/// A VAT ID without spaces, upper-cased, in its country's form where that is known. "none" clears the field.
+/// A VAT ID as it is compared and stored: upper case, without the spaces, dots, dashes and slashes between its groups.
+[[nodiscard]] std::string compactVATID(std::string_view text);
+
+/// A compact VAT ID with at least one digit, in its country's form where that is known. "none" clears the field.
 [[nodiscard]] std::optional<std::string> vatIDArgument(const Arguments& arguments);
 
 /// "none": there is no VAT ID, which is more than not knowing one.

@@ -1,5 +1,6 @@
 #include "QuillaryCore/Assistant/PlainText.h"
 
+#include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UTF8.h"
 
@@ -84,14 +85,40 @@ std::string plainText(std::string_view text, std::size_t limit)
     return fmt::format("{}{}", shown, isHuge || shown.size() < whole.size() ? "…" : "");
 }
 
+std::string shortened(std::string_view text, std::size_t bytes)
+{
+    if (text.size() <= bytes) {
+        return std::string(text);
+    }
+    std::size_t end = bytes;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) {
+        --end;
+    }
+    return std::string(text.substr(0, end)) + "…";
+}
+
+std::size_t roomFor(std::string_view text, const JSON& data)
+{
+    return text.size() + JSON(text).dump().size() + data.dump().size();
+}
+
 std::string quoted(std::string_view text)
 {
     return fmt::format("“{}”", plainText(text, longestQuote));
 }
 
-bool ResultLines::add(std::string_view line)
+ResultLines::ResultLines(std::string& text, std::size_t reserve)
+    : m_text(text)
+    , m_used(roomFor(text, JSON()) + reserve)
 {
-    m_isFull = m_isFull || m_text.size() + line.size() + 1 + m_reserve > longestResult;
+}
+
+bool ResultLines::add(std::string_view line, const JSON& data)
+{
+    if (!m_isFull) {
+        m_used += roomFor(line, data) + 4; // line breaks and commas
+        m_isFull = m_used > longestResult;
+    }
     if (!m_isFull) {
         m_text += line;
         m_text += '\n';

@@ -6,7 +6,9 @@
 
 namespace Quillary {
 
-/// No result is longer. Unit: bytes of text.
+class JSON;
+
+/// No result is longer. Unit: bytes of text, with the data that is appended to it for assistants that read only text.
 inline constexpr std::size_t longestResult = 50'000;
 
 /// Text from a document, a client or a note as it may stand inside a line of a result: data, which can't pass for
@@ -17,26 +19,29 @@ inline constexpr std::size_t longestResult = 50'000;
 /// The same, cut after `limit` characters, with "…" where something is missing.
 [[nodiscard]] std::string plainText(std::string_view text, std::size_t limit);
 
+/// A long text as an answer shows it, in words and in data: whole up to `bytes`, else cut between two characters, with
+/// "…" behind.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t bytes);
+
+/// What an answer's text and data take in a result, in which the data holds the text once more. Unit: bytes.
+[[nodiscard]] std::size_t roomFor(std::string_view text, const JSON& data);
+
 /// What a call asked for, quoted in a sentence: “text”, at most 60 characters of it.
 [[nodiscard]] std::string quoted(std::string_view text);
 
-/// Appends lines to the text of a result as long as it stays within `longestResult`.
+/// Appends lines to the text of a result as long as all of it stays within `longestResult`.
 class ResultLines
 {
 public:
-    /// `reserve` bytes are kept for what the caller appends after the lines.
-    explicit ResultLines(std::string& text, std::size_t reserve = 500)
-        : m_text(text)
-        , m_reserve(reserve)
-    {
-    }
+    /// `reserve` bytes are kept for what the caller writes besides these lines and the text that is there already.
+    explicit ResultLines(std::string& text, std::size_t reserve = 2000);
 
-    /// False: there is no room, and neither for any later line.
-    bool add(std::string_view line);
+    /// Takes a line together with what the data says of it. False: there is no room, and neither for any later line.
+    bool add(std::string_view line, const JSON& data);
 
 private:
     std::string& m_text;
-    std::size_t m_reserve;
+    std::size_t m_used;
     bool m_isFull = false;
 };
 

@@ -2,6 +2,7 @@
 #include "QuillaryCore/Assistant/Lookup.h"
 #include "QuillaryCore/Assistant/Operations.h"
 #include "QuillaryCore/Assistant/PageJobs.h"
+#include "QuillaryCore/Assistant/PlainText.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Limits.h"
@@ -12,6 +13,7 @@
 #include <array>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace Quillary {
@@ -36,30 +38,43 @@ Bytes previewImage(AssistantHost& host, const Bytes& pdf)
     return image;
 }
 
-fs::path chosenFolder(const AssistantEnvironment& environment, const Arguments& arguments)
+struct Folder
+{
+    fs::path path;
+    std::string_view note; ///< what the user may wonder about it
+};
+
+bool isFolder(const fs::path& path)
+{
+    std::error_code failure;
+    return fs::is_directory(path, failure);
+}
+
+Folder chosenFolder(const AssistantHost& host, const Arguments& arguments)
 {
     const std::optional<std::string> named = arguments.line("folder", Limits::pathLength);
     if (!named || named->empty()) {
-        return environment.printer().downloadsFolder();
+        // Not every desktop has one.
+        return isFolder(host.downloadsFolder())
+                   ? Folder{host.downloadsFolder(), {}}
+                   : Folder{host.homeFolder(), "There's no downloads folder, so it lies in the home folder."};
     }
     if (*named == "~") {
-        return environment.printer().homeFolder();
+        return {host.homeFolder(), {}};
     }
-    if (named->starts_with("~/")) {
-        return environment.printer().homeFolder() / named->substr(2);
-    }
-    return *named;
+    return {named->starts_with("~/") ? host.homeFolder() / named->substr(2) : fs::path(*named), {}};
 }
 
-fs::path existingFolder(const AssistantEnvironment& environment, const Arguments& arguments)
+Folder existingFolder(const AssistantEnvironment& environment, const Arguments& arguments)
 {
-    const fs::path folder = chosenFolder(environment, arguments);
+    Folder folder = chosenFolder(environment.printer(), arguments);
     std::error_code failure;
-    if (!fs::is_directory(folder, failure)) {
-        throw AssistantError(fmt::format("There's no folder {}.", folder.string()));
+    const fs::path whole = fs::absolute(folder.path, failure);
+    folder.path = (failure ? folder.path : whole).lexically_normal();
+    if (!isFolder(folder.path)) {
+        throw AssistantError(fmt::format("There's no folder {}.", plainText(folder.path.string())));
     }
-    const fs::path whole = fs::absolute(folder, failure);
-    return failure ? folder : whole;
+    return folder;
 }
 
 } // namespace
@@ -98,9 +113,8 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
                                    const AssistantActions::Reply& reply)
 {
     const Document& document = Lookup::document(environment, arguments);
-    const fs::path folder = existingFolder(environment, arguments);
-    const std::string name =
-        pdfFileName(environment.context, document, environment.ownBusiness(), environment.calendar);
+    const Folder folder = existingFolder(environment, arguments);
+    const std::string name = shownFileName(environment, document);
     PageJob job = pageJob(environment.context, document, environment.ownBusiness(), environment.calendar);
 
     const auto finish = [reply, folder, name, uuid = document.uuid](const PageOutcome& outcome) {
@@ -109,11 +123,14 @@ void DocumentOperations::exportPDF(const AssistantEnvironment& environment,
             return;
         }
         try {
-            const fs::path path = saveUniqueFile(folder, name, "pdf", std::get<Bytes>(outcome));
+            const fs::path path = saveUniqueFile(folder.path, name, "pdf", std::get<Bytes>(outcome));
             ToolResult result{.text = fmt::format("Saved {}", path.string())};
             result.data = JSON::object({{"path", path.string()}});
             result.documentID = uuid;
             result.summary = result.text;
+            if (!folder.note.empty()) {
+                result.text += fmt::format("\n{}", folder.note);
+            }
             reply(std::move(result));
         } catch (const std::exception& error) {
             reply(ToolResult::error(error.what()));

@@ -36,7 +36,8 @@ std::optional<ServiceDate> period(std::string_view from, std::string_view to)
 
 std::optional<ServiceDate> ServiceDate::parse(std::string_view text, CalendarDate today, CalendarDate invoiceDate)
 {
-    const std::string_view word = trimmed(text);
+    const std::string lowered = lowerCasedASCII(trimmed(text));
+    const std::string_view word = lowered;
     if (word == "today") {
         return ServiceDate{.start = today, .end = {}};
     }

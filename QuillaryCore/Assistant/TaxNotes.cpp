@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Foundation/Precondition.h"
 
+#include <algorithm>
 #include <source_location>
 
 namespace Quillary {
@@ -62,6 +63,13 @@ std::string_view taxNote(TaxTreatment treatment, DocumentLanguage language)
         return {};
     }
     stopProgram("a tax treatment is one of the four", std::source_location::current());
+}
+
+bool isTaxNote(std::string_view note, TaxTreatment treatment)
+{
+    return !note.empty() && std::ranges::any_of(allDocumentLanguages, [&](DocumentLanguage language) {
+        return note == taxNote(treatment, language);
+    });
 }
 
 } // namespace Quillary

@@ -11,4 +11,7 @@ namespace Quillary {
 /// EU practice names. Empty for the treatments whose reason the user words (`exempt`) or that need none (`standard`).
 [[nodiscard]] std::string_view taxNote(TaxTreatment treatment, DocumentLanguage language);
 
+/// Whether a printed reason is ours for this treatment, in whatever language: then it follows treatment and language.
+[[nodiscard]] bool isTaxNote(std::string_view note, TaxTreatment treatment);
+
 } // namespace Quillary

@@ -76,7 +76,7 @@ void DocumentReviewer::checkUntaxed(TaxTreatment treatment)
 void DocumentReviewer::checkReverseCharge()
 {
     // Reverse charge at home has many national reasons; whoever words one is believed.
-    const bool isOurNote = m_document.taxExemptNote == taxNote(TaxTreatment::reverseCharge, language(m_document));
+    const bool isOurNote = isTaxNote(m_document.taxExemptNote, TaxTreatment::reverseCharge);
     if (m_client == nullptr || (!isAbroadInEU() && !isOurNote)) {
         return;
     }
@@ -101,7 +101,7 @@ void DocumentReviewer::checkReverseCharge()
 
 void DocumentReviewer::checkOutsideEU()
 {
-    const bool isOurNote = m_document.taxExemptNote == taxNote(TaxTreatment::outsideEU, language(m_document));
+    const bool isOurNote = isTaxNote(m_document.taxExemptNote, TaxTreatment::outsideEU);
     if (m_client != nullptr && m_away && m_away->isInEU() && isOurNote) {
         tell(fmt::format(
                  "The note says that the client is outside the EU; {} is in {}.", clientName(), m_away->name(m_locale)),

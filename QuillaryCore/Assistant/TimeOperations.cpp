@@ -115,8 +115,8 @@ ToolResult TimeOperations::unbilled(const AssistantEnvironment& environment, con
     for (const UnbilledTime& time : unbilledTime(environment, only)) {
         hours = checkedAdd(hours, time.hoursThousandths());
         value = checkedAdd(value, time.value());
-        if (lines.add(describer.text(time))) {
-            clients.push_back(describer.data(time));
+        if (JSON data = describer.data(time); lines.add(describer.text(time), data)) {
+            clients.push_back(std::move(data));
         } else {
             ++left;
         }

@@ -28,6 +28,20 @@ void TimeBilling::bill(Context& context, const TimeEntry& entry, const Document&
     link.lineID = line.uuid;
 }
 
+std::vector<const TimeEntry*> TimeBilling::entries(Context& context, const LineItem& line)
+{
+    std::vector<const TimeEntry*> entries;
+    if (!line.uuid) {
+        return entries;
+    }
+    for (const TimeEntryBilling* link : context.fetch<TimeEntryBilling>("lineID = ?", *line.uuid)) {
+        if (const TimeEntry* entry = link->entryID ? context.find<TimeEntry>(*link->entryID) : nullptr) {
+            entries.push_back(entry);
+        }
+    }
+    return entries;
+}
+
 void TimeBilling::release(Context& context, const LineItem& line)
 {
     for (const LineItem* child : sortedChildren(context, line)) {

@@ -19,6 +19,9 @@ namespace TimeBilling {
 /// Remembers that a line bills an entry.
 void bill(Context& context, const TimeEntry& entry, const Document& invoice, const LineItem& line);
 
+/// The entries that a line bills, without those of its sub-lines.
+[[nodiscard]] std::vector<const TimeEntry*> entries(Context& context, const LineItem& line);
+
 /// Frees the entries that a line and its sub-lines bill, before the line goes: they can be billed again. When the whole
 /// document goes, its entries are freed with it.
 void release(Context& context, const LineItem& line);

@@ -35,6 +35,22 @@ TEST(BusinessOperationsTest, refusesWhatABankWouldRefuse)
               "\"DE89370400440532013000\"");
 }
 
+TEST(BusinessOperationsTest, namesOnlyNumbersThatAreNext)
+{
+    AssistantLibrary library;
+    Business& own = library.context.edit(*library.context.find(library.business));
+    own.name = "Studio [Nord]\nnext numbers: none";
+    own.invoiceNumberFormat = "{client}-{###,c}"; // the sample of a made-up client was given as the next number
+    own.quoteNumberFormat = "{nonsense}";         // the sentence about it was given as the next number
+    library.context.save();
+    library.data("create_client", R"({"name":"Acme"})");
+    const ToolResult profile = library.call("get_business_profile", "{}");
+    EXPECT_EQ(member(*profile.data, "next_numbers"), R"({"credit_note":"CN-2026-001","client":"C-0002"})");
+    EXPECT_TRUE(profile.text.contains("\nnext numbers: credit_note CN-2026-001; client C-0002\n")) << profile.text;
+    EXPECT_TRUE(profile.text.contains("\n- No quote can be numbered: ")) << profile.text;
+    EXPECT_TRUE(profile.text.starts_with("name: Studio (Nord) next numbers: none\n")) << profile.text;
+}
+
 TEST(BusinessReviewTest, saysWhatTheBusinessLacks)
 {
     struct Case

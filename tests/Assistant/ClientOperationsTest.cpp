@@ -15,6 +15,8 @@ TEST(ClientOperationsTest, checksEveryDetail)
         {R"({"name":"A","country":"Deutschland"})", "“country” must be a two-letter ISO country code such as DE."},
         {R"({"name":"A","vat_id":"DE12"})",
          "“vat_id” doesn't have the form of a VAT ID, such as ATU12345678 or DE123456789."},
+        {R"({"name":"A","vat_id":"keine"})", // any word passed for the number of a country that we don't know
+         "“vat_id” doesn't have the form of a VAT ID, such as ATU12345678 or DE123456789."},
         {R"({"name":"A","currency":"EURO"})", "“currency” must be an ISO currency code such as EUR."},
         {R"({"name":"A","language":"pt"})", "“language” must be one of: en, de, fr, es, nl, it."},
         {R"({"name":"A","payment_terms_days":-1})", "“payment_terms_days” must be a whole number from 0 to 3650."},
@@ -35,6 +37,10 @@ TEST(ClientOperationsTest, splitsAndJoinsThePersonsName)
     const Client* person = library.context.first<Client>("");
     EXPECT_EQ(person->firstName, "Ana María");
     EXPECT_EQ(person->lastName, "López");
+    // The rest of the name was dropped.
+    library.data("update_client", R"({"client":"López","name":"Eva Maria Lopez","last_name":"López"})");
+    EXPECT_EQ(person->firstName + "|" + person->lastName, "Eva Maria|López");
+    library.data("update_client", R"({"client":"López","name":"Ana María López"})");
     library.data("update_client", R"({"client":"López","is_person":false})");
     EXPECT_EQ(library.context.first<Client>("")->name, "Ana María López");
     library.data("update_client", R"({"client":"López","email":"ana@example.org"})");
@@ -62,6 +68,34 @@ TEST(ClientOperationsTest, doesNotMakeTheSameClientTwice)
     library.data("create_client", R"({"name":"Schröder & Co, Kiel"})");
     library.data("update_client", R"({"client":"Schröder & Co, Kiel","email":"info@s.example"})");
     EXPECT_EQ(library.context.count<Client>(""), 2);
+}
+
+TEST(ClientOperationsTest, comparesWhatWasStoredInAnotherSpelling)
+{
+    AssistantLibrary library;
+    Client& old = library.context.insert<Client>();
+    old.name = "Hansa  Bau";
+    old.vatID = "at.u123 45-675";
+    library.context.save();
+    EXPECT_EQ(member(library.data("create_client", R"({"name":"Hansa Bau"})"), "added"), "false");
+    EXPECT_EQ(member(library.data("create_client", R"({"name":"H","vat_id":"ATU12345675"})"), "added"), "false");
+    const JSON made = library.data("create_client", R"({"name":"Third","vat_id":"de 123.456-789"})");
+    EXPECT_EQ(member(made, "vat_id"), "\"DE123456789\"");
+}
+
+TEST(ClientOperationsTest, showsInWordsAllThatTheDataHolds)
+{
+    AssistantLibrary library;
+    const ToolResult made = library.call("create_client",
+                                         R"({"name":"Ana López","is_person":true,"phone":"030 1","state":"Berlin",
+                                             "tax_id":"12/345","currency":"chf","language":"fr",
+                                             "payment_terms_days":30,"hourly_rate":95.5})");
+    EXPECT_TRUE(made.text.ends_with("], no. C-0001, Berlin, tax no. 12/345, phone 030 1, billed in CHF, language fr, "
+                                    "terms 30 days, 95.50 EUR an hour, private person, first name Ana, last name "
+                                    "López"))
+        << made.text;
+    EXPECT_EQ(member(*made.data, "hourly_rate") + member(*made.data, "hourly_rate_currency"), "95.50\"EUR\"");
+    EXPECT_EQ(member(*made.data, "is_person") + member(*made.data, "first_name"), "true\"Ana\"");
 }
 
 TEST(ClientOperationsTest, findsTheBestFirstAndNeverGuesses)

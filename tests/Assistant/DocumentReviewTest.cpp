@@ -478,19 +478,39 @@ TEST(DocumentReviewTest, reviewsCreditNotesAndTellsIssuedDocumentsNothing)
 
 TEST(DocumentReviewTest, saysTheSameAsTextAndAsData)
 {
-    Desk desk(R"({"name":"Hof","country":"US"})", R"({"name":"Acme","payment_terms_days":30})", R"("kind":"quote")");
+    Desk desk(R"({"name":"Hof","country":"US"})", R"({"name":"Acme","payment_terms_days":30})", R"("kind":"invoice")");
     const ToolResult result =
         desk.library.call("update_document", fmt::format(R"({{"document":"{}","client":"Acme"}})", desk.id));
-    EXPECT_TRUE(result.text.ends_with("\n\nAsk the user (only these; one message):\n1. What should the quote list, and "
-                                      "at what price? → set add_lines.\n\nFilled in: payment terms 30 days (from "
+    EXPECT_TRUE(result.text.ends_with("\n\nAsk the user (only these; one message):\n1. What should the invoice list, "
+                                      "and at what price? → set add_lines.\n\nFilled in: payment terms 30 days (from "
                                       "Acme)"))
         << result.text;
     EXPECT_EQ(member(*result.data, "review"),
-              R"_({"ready":true,"questions":[{"question":"What should the quote list, and at what price?",)_"
+              R"_({"ready":true,"questions":[{"question":"What should the invoice list, and at what price?",)_"
               R"_("field":"add_lines","required":true,"why":"It has no lines yet.","options":[]}],"problems":[],)_"
               R"_("filled_in":["payment terms 30 days (from Acme)"]})_");
     EXPECT_FALSE(desk.review().canBeSent());
     EXPECT_TRUE(desk.review().isReady());
+}
+
+TEST(DocumentReviewTest, findsTheTaxMissingThatAnExemptBusinessMeantToCharge)
+{
+    // The draft had neither tax nor a reason, and was called ready.
+    Desk desk(german, local, invoice);
+    desk.library.data("update_business_profile", R"({"tax_exempt":true,"tax_exempt_note":"§ 19 UStG"})");
+    desk.id = *desk.library
+                   .data("create_document",
+                         R"({"kind":"invoice","client":"Acme","tax_exempt":false,"service_date":"today",
+                            "add_lines":[{"title":"Work","unit_price":900}]})")
+                   .find("id")
+                   ->string();
+    EXPECT_EQ(desk.review().text(),
+              before({"The invoice is taxed, but line 1 (“Work”) bears no VAT. Set tax_exempt to true with "
+                      "update_document, or the tax_rate of each with change_lines."}));
+    desk.update(R"("change_lines":[{"line":1,"tax_rate":19}])");
+    EXPECT_EQ(desk.review().text(), ready);
+    desk.update(R"("change_lines":[{"line":1,"tax_rate":0}],"tax_exempt":true)");
+    EXPECT_EQ(desk.review().text(), ready);
 }
 
 TEST(DocumentReviewTest, keepsTextOfRecordsFromPassingForItsOwn)

@@ -4,6 +4,7 @@
 #include "QuillaryCore/Model/DocumentTaxTreatment.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/NumberSequence.h"
+#include "QuillaryCore/Model/Reminder.h"
 #include "QuillaryCore/Store/Store.h"
 #include "tests/Assistant/AssistantLibrary.h"
 
@@ -211,6 +212,142 @@ TEST_F(DocumentSessionTest, keepsFiguresWhenTheCurrencyChanges)
     update(R"("change_lines":[{"line":1,"unit_price":90.125}])");
     EXPECT_EQ(refusedUpdate(R"("currency":"EUR")"),
               "The currency can't become EUR: the price 90.125 has more decimals than it.");
+}
+
+TEST_F(DocumentSessionTest, neverRelabelsAPriceThatIsKnownInItsCurrency)
+{
+    CatalogItem& item = library.context.insert<CatalogItem>();
+    item.name = "Hosting";
+    item.unitPriceMinorUnits = 9000;
+    item.currencyCode = "EUR";
+    library.data("create_client", R"({"name":"Yankee","currency":"USD"})");
+    create(R"("kind":"invoice","add_lines":[{"catalog_item":"hosting"},{"title":"Own","unit_price":5}])");
+    for (const std::string_view change : {R"("currency":"USD")", R"("client":"Yankee")"}) {
+        EXPECT_EQ(
+            refusedUpdate(change),
+            "The currency can't become USD: line 1 (“Hosting”) comes from the catalog, where it is priced in EUR. "
+            "Give its price in USD in the same call (change_lines with unit_price), remove the line first, or "
+            "set “currency” to EUR.");
+    }
+    const JSON changed = update(R"("currency":"USD","change_lines":[{"line":1,"unit_price":99}])");
+    EXPECT_EQ(member(changed, "net"), "104.00");
+    EXPECT_EQ(member(*changed.find("review"), "filled_in"), R"(["prices kept as figures: 5.00 EUR is now 5.00 USD"])");
+}
+
+TEST_F(DocumentSessionTest, keepsTheAnswersWhenTheSameClientIsNamedAgain)
+{
+    // Currency, language and terms went back to the client's own.
+    library.data("create_client", R"({"name":"Lumière","language":"fr","currency":"CHF","payment_terms_days":60})");
+    create(R"("kind":"invoice","client":"lumiere")");
+    update(R"("currency":"EUR","language":"de","payment_terms_days":7)");
+    const JSON again = update(R"("client":"Lumière")");
+    EXPECT_EQ(member(again, "currency") + member(again, "language") + member(again, "due_date"),
+              R"("EUR""de""2026-03-24")");
+    EXPECT_EQ(member(*again.find("review"), "filled_in"), "[]");
+}
+
+TEST_F(DocumentSessionTest, changesNoTemplate)
+{
+    // It was given a number, which no invoice got then.
+    create(R"("kind":"quote")");
+    Document& changed = library.context.edit(document());
+    changed.kindRaw = 3;
+    changed.number.clear();
+    library.context.save();
+    EXPECT_EQ(refusedUpdate(R"("title":"New")"),
+              fmt::format("Recurring Invoice without a number [{}] is a template, which only the user changes, in "
+                          "Quillary. The invoices made from it can be changed while they are drafts.",
+                          id));
+    const JSON shown = library.data("get_document", fmt::format(R"({{"document":"[{}]"}})", id));
+    EXPECT_EQ(member(shown, "number"), "\"\"");
+    EXPECT_EQ(shown.find("review"), nullptr);
+    EXPECT_EQ(member(create(R"("kind":"invoice")"), "number"), "\"INV-2026-001\"");
+}
+
+TEST_F(DocumentSessionTest, letsAPrintedReasonGoWithItsTreatment)
+{
+    const std::string_view lines = R"("add_lines":[{"title":"A","unit_price":100}])";
+    // The German reason stood on as the user's own, because the language changed in the same call.
+    create(fmt::format(R"("kind":"invoice","reverse_charge":true,"language":"de",{})", lines));
+    update(R"("language":"en","tax_exempt":true)");
+    EXPECT_EQ(document().taxExemptNote, "");
+    create(fmt::format(R"("kind":"invoice","outside_eu":true,"language":"de",{})", lines));
+    update(R"("language":"fr","reverse_charge":true)");
+    EXPECT_TRUE(document().taxExemptNote.starts_with("Autoliquidation")) << document().taxExemptNote;
+    // The answer that is given once more leaves the user's words alone.
+    update(R"("tax_exempt_note":"§ 13b UStG")");
+    update(R"("reverse_charge":true)");
+    EXPECT_EQ(document().taxExemptNote, "§ 13b UStG");
+    update(R"("outside_eu":true)");
+    EXPECT_TRUE(document().taxExemptNote.starts_with("TVA non applicable")) << document().taxExemptNote;
+}
+
+TEST_F(DocumentSessionTest, saysOfAnExemptBusinessOnlyWhatHolds)
+{
+    library.data("update_business_profile", R"({"tax_exempt":true,"tax_exempt_note":"§ 19 UStG"})");
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {"", R"(["no VAT: § 19 UStG"])"},
+        {R"(,"tax_exempt":false)", "[]"},
+        {R"(,"reverse_charge":true)", "[]"},
+    };
+    for (const auto& [choice, filledIn] : cases) {
+        const JSON made = create(fmt::format(R"("kind":"invoice"{})", choice));
+        EXPECT_EQ(member(*made.find("review"), "filled_in"), filledIn) << choice;
+    }
+}
+
+TEST_F(DocumentSessionTest, asksForPaymentOnlyInInvoices)
+{
+    library.data("create_client", R"({"name":"Acme","payment_terms_days":30})");
+    const JSON quote = create(R"("kind":"quote","client":"Acme")");
+    EXPECT_EQ(member(*quote.find("review"), "filled_in"), "[]");
+    library.context.edit(document()).kindRaw = 2;
+    library.context.save();
+    EXPECT_EQ(member(update(R"("issue_date":"2026-03-20")"), "due_date"), "");
+    EXPECT_EQ(refusedUpdate(R"("payment_terms_days":3)"),
+              "“payment_terms_days” belongs to invoices: a credit note asks for no payment.");
+}
+
+TEST_F(DocumentSessionTest, takesTheServiceDateBack)
+{
+    const JSON dated = create(R"("kind":"invoice","service_date":"This_Month")");
+    EXPECT_EQ(member(dated, "service_end"), "\"2026-03-31\"");
+    const JSON cleared = update(R"("service_date":"")");
+    EXPECT_EQ(member(cleared, "service_start") + member(cleared, "service_end"), "");
+    EXPECT_EQ(document().deliveryKindRaw, 0);
+}
+
+TEST_F(DocumentSessionTest, copiesTheNewestIssuedInvoiceInTheDraftsLanguage)
+{
+    library.data("create_client", R"({"name":"Acme"})");
+    create(
+        R"("kind":"invoice","client":"Acme","add_lines":[{"title":"Sent","quantity":2,"unit":"hour","unit_price":1}])");
+    library.context.edit(document()).statusRaw = 1;
+    library.context.save();
+    create(R"("kind":"invoice","client":"Acme","issue_date":"2026-04-01","add_lines":[{"title":"Half-made"}])");
+    create(R"("kind":"invoice","client":"Acme","issue_date":"2026-05-01")"); // empty, and was taken for the last
+    const JSON copy = create(R"("kind":"invoice","client":"Acme","language":"de","copy_last_invoice":true)");
+    const JSON& line = copy.find("lines")->array()->front();
+    EXPECT_EQ(member(line, "title") + member(line, "unit"), R"("Sent""Stunden")");
+    EXPECT_EQ(member(*copy.find("review"), "filled_in"), R"(["lines of INV-2026-001"])");
+}
+
+TEST_F(DocumentSessionTest, showsFiguresThatAddUp)
+{
+    create(R"("kind":"invoice","add_lines":[{"title":"A","unit_price":100,"tax_rate":7.5}])");
+    library.context.edit(document()).statusRaw = 1;
+    Reminder& reminder = library.context.insert<Reminder>();
+    reminder.document = document().ref;
+    reminder.feeMinorUnits = 500;
+    library.context.save();
+    const std::string which = fmt::format(R"({{"document":"{}"}})", id);
+    library.data("record_payment", fmt::format(R"({{"document":"{}","amount":50,"method":"cash"}})", id));
+    const ToolResult shown = library.call("get_document", which);
+    EXPECT_TRUE(shown.text.ends_with("Tax 7.5% on 100.00: 7.50\nTotal: 107.50\nLate fees: 5.00\n"
+                                     "Payment of 50.00 on 2026-03-17, Cash\nPaid: 50.00\nAmount due: 62.50"))
+        << shown.text;
+    EXPECT_EQ(member(*shown.data, "late_fees") + member(*shown.data, "paid"), "5.0050.00");
+    EXPECT_EQ(member(shown.data->find("lines")->array()->front(), "tax_rate"), "7.5"); // as the tool's own argument
 }
 
 TEST_F(DocumentSessionTest, copiesTheLastInvoiceWithItsSubLines)

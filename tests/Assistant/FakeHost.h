@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Assistant/AssistantHost.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -28,10 +29,12 @@ public:
     }
 
     Bytes pageImage(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
-    [[nodiscard]] std::filesystem::path downloadsFolder() const override { return "/downloads"; }
-    [[nodiscard]] std::filesystem::path homeFolder() const override { return "/home"; }
+    [[nodiscard]] std::filesystem::path downloadsFolder() const override { return downloads; }
+    [[nodiscard]] std::filesystem::path homeFolder() const override { return home; }
 
     std::optional<MailDraft> mail;
+    std::filesystem::path downloads = "/downloads";
+    std::filesystem::path home = "/home";
     std::string failure; ///< why nothing can be printed; empty: all is well
 };
 

@@ -312,5 +312,31 @@ TEST_F(MCPSessionTest, anotherSessionGoesOnWhereOneStopped)
     EXPECT_TRUE(session.isInitialized());
 }
 
+TEST_F(MCPSessionTest, keepsResultsShortWithTheirData)
+{
+    // Only the words were counted: with the data behind them a result came to four times the limit.
+    std::string lines;
+    for (int number = 0; number < 200; ++number) {
+        lines += (lines.empty() ? "" : ",") + std::string(R"({"title":"Work","details":")") + std::string(8000, 'w') +
+                 R"(","unit_price":1})";
+    }
+    const std::string client(R"({"name":"create_client","arguments":{"name":")" + std::string(450, 'n') + R"("}})");
+    static_cast<void>(result("tools/call", client));
+    const JSON made = result("tools/call",
+                             R"({"name":"create_document","arguments":{"kind":"invoice","client":"nnn","intro":")" +
+                                 std::string(9000, 'i') + R"(","add_lines":[)" + lines + "]}}");
+    const JSON shown = result("tools/call", R"({"name":"get_document","arguments":{"document":"INV-2026-001"}})");
+    for (const JSON& answer : {made, shown}) {
+        const std::string text = firstText(answer);
+        EXPECT_LE(text.size(), 50'000U);
+        EXPECT_TRUE(text.contains("\n\nData: {"));
+        const JSON& data = *answer.find("structuredContent");
+        const std::size_t listed = data.find("lines")->array()->size();
+        EXPECT_GT(listed, 5U);
+        EXPECT_EQ(data.find("more_lines")->integer(), 200 - static_cast<std::int64_t>(listed));
+        EXPECT_TRUE(text.contains("\nTotal: 238.00\n")) << "what stands below the lines is always there";
+    }
+}
+
 } // namespace
 } // namespace Quillary

@@ -1,5 +1,7 @@
 #include "QuillaryCore/Assistant/PlainText.h"
 
+#include "QuillaryCore/Foundation/JSON.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -45,12 +47,14 @@ TEST(PlainTextTest, stopsWhereAResultIsFull)
     std::string text;
     ResultLines lines(text, 100);
     int added = 0;
-    while (lines.add(std::string(999, 'x'))) {
+    const JSON data = JSON::object({{"title", std::string(986, 'x')}}); // 998 bytes
+    while (lines.add(std::string(998, 'x'), data)) {
         ++added;
     }
-    EXPECT_EQ(added, 49);
-    EXPECT_FALSE(lines.add("")) << "a shorter line after a longer one that was left out would hide the gap";
-    EXPECT_LE(text.size(), longestResult - 100);
+    EXPECT_EQ(added, 16) << "a line counts three times: in the text, in the data's summary and as data";
+    EXPECT_FALSE(lines.add("", {})) << "a shorter line after a longer one that was left out would hide the gap";
+    EXPECT_EQ(shortened("aé", 3), "aé");
+    EXPECT_EQ(shortened("aéb", 2), "a…");
 }
 
 } // namespace

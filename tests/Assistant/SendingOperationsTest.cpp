@@ -6,8 +6,11 @@
 #include "QuillaryCore/Model/EmailTemplate.h"
 #include "QuillaryCore/Model/Payment.h"
 #include "tests/Assistant/AssistantLibrary.h"
+#include "tests/Support/TempFolder.h"
 
 #include <fmt/format.h>
+
+#include <filesystem>
 
 namespace Quillary {
 namespace {
@@ -155,6 +158,29 @@ TEST_F(SendingOperationsTest, writesWithTheUsersOwnWords)
     EXPECT_EQ(library.host.mail->to.address, "eva@acme.example");
     EXPECT_EQ(library.host.mail->subject, "Invoice INV-2026-001:  {foo}");
     EXPECT_EQ(library.host.mail->body, "Eva {total}/Acme {INV-2026-001 €119.00 31 Mar 2026 {pay_by");
+}
+
+TEST_F(SendingOperationsTest, namesTheTruePathOfWhatItSaved)
+{
+    // The brackets in the client's name were round in the answer, but not in the folder.
+    library.context.edit(*library.context.first<Client>("")).name = "Acme [Nord]\u202E";
+    library.context.save();
+    const std::string id = create();
+    const TempFolder folder;
+    library.host.home = folder.path();
+    const std::string name = "Invoice INV-2026-001 - Acme (Nord)";
+    library.data("email_document", with(id));
+    EXPECT_EQ(library.host.mail->attachment, name + ".pdf");
+
+    const std::string first = (folder / (name + ".pdf")).string();
+    const ToolResult away = library.call("export_document_pdf", with(id));
+    EXPECT_EQ(away.text, "Saved " + first + "\nThere's no downloads folder, so it lies in the home folder.");
+    const std::string second = (folder / (name + " (2).pdf")).string();
+    const ToolResult home = library.call("export_document_pdf",
+                                         with(id, R"(,"folder":"~/./../)" + folder.path().filename().string() + "\""));
+    EXPECT_EQ(home.text, "Saved " + second);
+    EXPECT_EQ(member(*home.data, "path"), JSON(second).dump());
+    EXPECT_TRUE(std::filesystem::exists(second));
 }
 
 TEST_F(SendingOperationsTest, saysWhyNoEmailCanBePrepared)

@@ -27,6 +27,7 @@ TEST(ServiceDateTest, readsEveryForm)
         {"2024-02-01..2024-02-29", "2024-02-01..2024-02-29"},
         {"2024-02-01..2024-02-01", "2024-02-01"}, // a period of one day is that day
         {"today", "2024-03-01"},
+        {" Today ", "2024-03-01"}, // only the small letters were known
         {"yesterday", "2024-02-29"},
         {"invoice_date", "2024-04-02"},
         {"this_week", "2024-02-26..2024-03-03"}, // Monday to Sunday

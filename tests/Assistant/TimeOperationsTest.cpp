@@ -105,6 +105,29 @@ TEST_F(TimeOperationsTest, billsEachEntryOnceAndFreesItWithItsLine)
     EXPECT_EQ(library.context.count<TimeEntryBilling>(""), 0);
 }
 
+TEST_F(TimeOperationsTest, billsNobodyElseForTheTime)
+{
+    // The time went along to the other client, its price in their currency.
+    add(minutes(60), project);
+    library.data("create_client", R"({"name":"Zeta","currency":"USD"})");
+    const JSON made = library.data("create_document", R"({"kind":"invoice","client":"Acme","add_unbilled_time":true})");
+    const std::string id = *made.find("id")->string();
+    const auto with = [&](std::string_view change) {
+        return fmt::format(R"({{"document":"{}",{}}})", id, change);
+    };
+    EXPECT_EQ(
+        library.refusal("update_document", with(R"("client":"Zeta")")),
+        "The client can't become Zeta: line 1 (“Website”) bills tracked time of Acme. Remove such lines first, in "
+        "a call of its own (remove_lines), then change the client.");
+    EXPECT_EQ(library.refusal("update_document", with(R"("currency":"USD")")),
+              "The currency can't become USD: line 1 (“Website”) bills tracked time, which is priced in EUR. Give its "
+              "price in USD in the same call (change_lines with unit_price), remove the line first, or set “currency” "
+              "to EUR.");
+    library.data("update_document", with(R"("remove_lines":[1])"));
+    EXPECT_EQ(unbilled(), 1);
+    EXPECT_EQ(member(library.data("update_document", with(R"("client":"Zeta")")), "currency"), "\"USD\"");
+}
+
 TEST_F(TimeOperationsTest, refusesWhereTimeCantBeBilled)
 {
     add(minutes(60), {});
