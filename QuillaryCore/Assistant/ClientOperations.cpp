@@ -165,22 +165,29 @@ const Client* withVATID(Context& context, const std::string& vatID)
                                                  vatID);
 }
 
+/// Compares with those whose name, address or number holds `text`.
+std::optional<Likeness> likenessBy(const AssistantEnvironment& environment, const std::string& text, const Client& made)
+{
+    if (text.empty()) {
+        return std::nullopt;
+    }
+    // Not only exact hits: a name that was stored with two spaces is none.
+    std::vector<TextIndex::Hit> hits = environment.librarySearch().clients(text, TextIndex::Slips::notForgiven);
+    LibrarySearch::keepBest(hits, comparedClients);
+    for (const TextIndex::Hit& hit : hits) {
+        const Client* other = environment.context.find(Ref<Client>(hit.key));
+        if (auto found = other == nullptr ? std::nullopt : likeness(made, *other)) {
+            return found;
+        }
+    }
+    return std::nullopt;
+}
+
 std::optional<Likeness> findLike(const AssistantEnvironment& environment, const Client& made)
 {
     for (const std::string& text : {inOneSpacing(displayName(made)), made.email}) {
-        if (text.empty()) {
-            continue;
-        }
-        // Not only exact hits: a name that was stored with two spaces is none.
-        std::vector<TextIndex::Hit> hits = environment.librarySearch().clients(text, TextIndex::Slips::notForgiven);
-        LibrarySearch::keepBest(hits, comparedClients);
-        for (const TextIndex::Hit& hit : hits) {
-            const Client* other = environment.context.find(Ref<Client>(hit.key));
-            if (other != nullptr) {
-                if (auto found = likeness(made, *other)) {
-                    return found;
-                }
-            }
+        if (auto found = likenessBy(environment, text, made)) {
+            return found;
         }
     }
     const Client* other = withVATID(environment.context, made.vatID);

@@ -16,6 +16,7 @@
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -143,9 +144,14 @@ void DocumentReviewer::checkTaxRates()
     if (m_document.taxExempt || (!m_business.taxExempt && (usual == nullptr || usual->basisPoints <= 0))) {
         return;
     }
+    // Without any tax an invoice in the EU needs a reason, so that no single line's 0 % can be the last word.
+    const bool needsReason =
+        m_business.taxExempt && m_home.isInEU() && !isQuote() &&
+        std::ranges::all_of(m_lines, [](const LineItem* line) { return line->vatBasisPoints == 0; });
     std::vector<std::size_t> numbers;
     for (std::size_t index = 0; index < m_lines.size() && numbers.size() < untaxedLinesAtOnce; ++index) {
-        if (isUntaxedByMistake(*m_lines[index])) {
+        const bool isBilled = m_lines[index]->unitPriceMinorUnits != 0;
+        if (isUntaxedByMistake(*m_lines[index]) || (needsReason && isBilled)) {
             numbers.push_back(index + 1);
         }
     }
