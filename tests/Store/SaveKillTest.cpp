@@ -121,7 +121,9 @@ TEST(SaveKillTest, nothingSavedIsLostAndNothingIsHalf)
         // Every few rounds with a new library, so that some are killed while they are being made.
         const std::filesystem::path folder = temp / std::to_string(round / 5);
         lastSaved = round % 5 == 0 ? 0 : lastSaved;
-        lastSaved = std::max(lastSaved, lastSavedBeforeKill(folder, life(random)));
+        // On a busy machine a save takes its time: writers then live longer, until some have saved.
+        const int patience = mostSaved > 5 ? 1 : 1 + (round / 10);
+        lastSaved = std::max(lastSaved, lastSavedBeforeKill(folder, patience * life(random)));
         if (std::filesystem::exists(folder)) {
             lastSaved = expectWhole(folder, lastSaved);
         }
