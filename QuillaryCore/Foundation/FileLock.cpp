@@ -22,8 +22,13 @@ constexpr std::chrono::milliseconds pause{5};
 
 int openedLockFile(const fs::path& file)
 {
-    std::error_code ignored; // what stands in the way is named when the file is opened
-    fs::create_directories(file.parent_path(), ignored);
+    std::error_code failure;
+    std::error_code ignored;
+    fs::create_directories(file.parent_path(), failure);
+    if (failure && !fs::is_directory(file.parent_path(), ignored)) {
+        throw UserError(
+            fmt::format("Couldn't make the folder {}: {}.", file.parent_path().string(), failure.message()));
+    }
     constexpr mode_t ownerAlone = 0600;
     const int descriptor =
         ::open((fs::path(file) += ".lock").c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, ownerAlone);
