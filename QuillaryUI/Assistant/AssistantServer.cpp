@@ -3,6 +3,8 @@
 #include "QuillaryCore/Foundation/Precondition.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <sys/socket.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -47,6 +49,11 @@ void AssistantServer::adopt(Handover handover)
 void AssistantServer::listen(ListeningSocket listener)
 {
     m_listener = std::move(listener);
+    acceptOnThread();
+}
+
+void AssistantServer::acceptOnThread()
+{
     m_acceptor = std::make_unique<Acceptor>(m_listener.socket.number(),
                                             [this](Descriptor socket) { didAccept(std::move(socket)); });
 }
@@ -124,6 +131,9 @@ void AssistantServer::release(std::function<void(Handover)> reply)
 
 void AssistantServer::parkAll()
 {
+    if (!m_release) {
+        return; // stopped in the meantime
+    }
     m_isParking = true;
     for (auto& [id, conversation] : m_conversations) {
         conversation.connection->park();
@@ -149,6 +159,32 @@ void AssistantServer::handOverWhenParked()
     m_conversations.clear();
     m_isParking = false;
     std::exchange(m_release, nullptr)(std::move(handover));
+}
+
+bool AssistantServer::stopIfUnused()
+{
+    precondition(isListening() && !m_release, "only a server that listens stops for want of clients");
+    m_acceptor.reset();
+    Descriptor late;
+    if (m_open == 0) {
+        // Moved away, the socket gets no new clients and keeps those that are in its queue; our lock keeps the path.
+        const std::filesystem::path aside = m_socketPath.string() + ".ending";
+        const bool isAside = rename(m_socketPath.c_str(), aside.c_str()) == 0;
+        late = Descriptor(accept4(m_listener.socket.number(), nullptr, nullptr, SOCK_CLOEXEC));
+        if (!late.isOpen()) {
+            unlink(aside.c_str());
+            m_listener = {};
+            return true;
+        }
+        if (isAside) {
+            static_cast<void>(rename(aside.c_str(), m_socketPath.c_str()));
+        }
+    }
+    if (late.isOpen()) {
+        didAccept(std::move(late));
+    }
+    acceptOnThread();
+    return false;
 }
 
 void AssistantServer::stop()

@@ -69,6 +69,10 @@ public:
     /// release back.
     void release(std::function<void(Handover)> reply);
 
+    /// Like `stop`, but only when no client is there or on its way; false: it goes on. Nobody who comes just then is cut
+    /// off: they are served, or find nobody listening and may start another server.
+    [[nodiscard]] bool stopIfUnused();
+
     /// Closes listener and connections and removes the socket's file. Calls under way go on, and nobody hears of them.
     void stop();
 
@@ -91,6 +95,7 @@ private:
     };
 
     void listen(ListeningSocket listener);
+    void acceptOnThread();
     void didAccept(Descriptor socket);
     void begin(AssistantConnection::Parked connection, std::shared_ptr<MCPSession> session);
     void answer(ID id, std::string_view line, const std::shared_ptr<AnswerBox>& box);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -31,6 +32,10 @@ public:
             ::close(m_number);
         }
     }
+
+    /// A second descriptor of the same open file, which programs started from this one don't get. None when the system
+    /// has none left.
+    [[nodiscard]] static Descriptor duplicateOf(int number) { return Descriptor(fcntl(number, F_DUPFD_CLOEXEC, 0)); }
 
     /// What the system's functions take. Negative: there is none.
     [[nodiscard]] int number() const { return m_number; }

@@ -61,6 +61,15 @@ bool isListenedOn(const std::filesystem::path& path, const Address& address)
     return connect(probe.number(), address.pointer(), address.length) == 0 || errno == EAGAIN;
 }
 
+/// Whatever else lies at the path is somebody's file: it stays, and binding fails.
+void removeStaleSocket(const std::filesystem::path& path)
+{
+    struct stat entry{};
+    if (lstat(path.c_str(), &entry) == 0 && S_ISSOCK(entry.st_mode)) {
+        unlink(path.c_str());
+    }
+}
+
 } // namespace
 
 ListeningSocket ListeningSocket::open(const std::filesystem::path& path)
@@ -74,7 +83,7 @@ ListeningSocket ListeningSocket::open(const std::filesystem::path& path)
     if (isListenedOn(path, *address)) {
         throw alreadyRunning();
     }
-    unlink(path.c_str());
+    removeStaleSocket(path);
     result.socket = newSocket(path);
     // The mode before binding closes the moment in which the file would have that of the process's mask; what the mask
     // takes away from it is given back afterwards.

@@ -157,7 +157,6 @@ TEST_F(AssistantServerTest, takesThePathOnlyWhenNobodyListensThere)
     server->stop();
     EXPECT_FALSE(fs::exists(path));
     EXPECT_TRUE(waitUntil([&] { return client.isAtEnd(); }));
-    folder.write("socket", "left behind");
     EXPECT_EQ(refusal(*second), "");
     EXPECT_EQ(refusal(*server), "Quillary is already running.");
 }
@@ -188,6 +187,28 @@ TEST_F(AssistantServerTest, saysWhyItCannotListen)
     path = folder / "folder";
     fs::create_directory(path);
     EXPECT_EQ(refusal(*makeServer()), "Couldn't listen at " + path.string());
+    // A path that was mistyped may be that of somebody's file.
+    path = folder.write("letter", "dear");
+    EXPECT_EQ(refusal(*makeServer()), "Couldn't listen at " + path.string());
+    EXPECT_EQ(fs::file_size(path), 4U);
+}
+
+TEST_F(AssistantServerTest, stopsForWantOfClientsWithoutCuttingOffOne)
+{
+    auto server = startedServer();
+    for (int round = 0; round < 30; ++round) {
+        SocketClient client(path); // accepted already or not
+        client.send(ping(round));
+        ASSERT_FALSE(server->stopIfUnused());
+        ASSERT_EQ(client.waitForLine(), pong(round));
+        client.close();
+        ASSERT_TRUE(waitUntil([&] { return server->connectionCount() == 0; }));
+    }
+    EXPECT_TRUE(server->stopIfUnused());
+    EXPECT_FALSE(SocketClient(path).isConnected());
+    EXPECT_EQ(refusal(*makeServer()), "") << "the path is free";
+    server.reset();
+    EXPECT_EQ(entries(folder.path()), 1) << "the lock file alone stays";
 }
 
 TEST_F(AssistantServerTest, turnsAwayOtherUsersAndTooMany)
