@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Quillary/Control/ControlSocket.h"
+#include "Quillary/Control/LibraryClaim.h"
 #include "Quillary/Handover.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/TerminalAsker.h"
@@ -9,8 +10,10 @@
 #include "QuillaryCore/Assistant/AppLock.h"
 #include "QuillaryCore/Assistant/AssistantGate.h"
 #include "QuillaryCore/Assistant/AssistantSettingsFile.h"
+#include "QuillaryCore/Store/LibraryLock.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <chrono>
@@ -18,6 +21,8 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace Quillary {
 
@@ -51,8 +56,11 @@ public:
     AssistantService& operator=(const AssistantService&) = delete;
     ~AssistantService();
 
-    /// Opens the library, or takes it over from a Quillary in the background, and listens.
-    /// Throws: `UserError`.
+    /// Gets the right to the library: takes the lock, or has everything handed over by a Quillary in the background, which
+    /// it may have to wait for. Throws: `UserError`.
+    void claim();
+
+    /// After `claim`: opens the library and listens. Throws: `UserError`.
     void start();
 
     /// The program was asked to end.
@@ -61,23 +69,46 @@ public:
     [[nodiscard]] const std::filesystem::path& socketPath() const { return m_socketPath; }
 
 private:
-    [[nodiscard]] bool takeOver();
+    [[nodiscard]] bool askForHandover();
+    void takeOver();
     void openLibrary(LibraryClaim claim);
     void listen();
+    void backUpIfDue();
+    void end(int status);
+    void guarded(const std::function<void()>& work);
     [[nodiscard]] std::unique_ptr<MCPSession> makeSession();
     void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result);
 
     void didAsk(const ControlMessage& request, Descriptor asker);
+    [[nodiscard]] std::string refusal(const ControlMessage& request) const;
     void serveNext();
-    void lend(Descriptor asker, AssistantServer::Handover assistants);
-    void handOver(Descriptor asker, AssistantServer::Handover assistants);
-    void goOn(std::unique_ptr<LibraryLock> lock, AssistantServer::Handover assistants);
+    void give(AssistantServer::Handover assistants);
+    [[nodiscard]] bool lend();
+    [[nodiscard]] bool handOver();
+    void hear();
+    void goOn();
     void endWhenIdle();
 
     struct Request
     {
         bool isHandover;
         Descriptor asker;
+    };
+
+    /// What the Quillary in the background passed on, and waits to be confirmed.
+    struct Taken
+    {
+        Descriptor holder;
+        Handover handover;
+    };
+
+    /// What others use meanwhile.
+    struct Given
+    {
+        Descriptor asker;
+        bool isHandover;
+        std::unique_ptr<LibraryLock> lock; ///< of which the asker has a copy
+        AssistantServer::Handover assistants;
     };
 
     Options m_options;
@@ -93,7 +124,12 @@ private:
     std::unique_ptr<OpenLibrary> m_library;
     std::unique_ptr<AssistantServer> m_server; ///< goes before the library that its sessions work on
     std::unique_ptr<ControlServer> m_control;
+    LibraryClaim m_claim;
+    std::optional<Taken> m_taken;
     std::deque<Request> m_requests; ///< the first is being served
+    std::optional<Given> m_given;
+    std::unique_ptr<QSocketNotifier> m_word; ///< of who was given something
+    bool m_hasEnded = false;
     QTimer m_idle;
     int m_idleLooks = 0; ///< in a row, without a connection
     QTimer m_backups;

@@ -37,8 +37,8 @@ int makeNow(const Backups& backups, const AppEnvironment& environment)
 
 int restore(const Backups& backups, const fs::path& library, const fs::path& file, const AppEnvironment& environment)
 {
-    const LibraryClaim claim = claimLibrary(library);
-    const std::optional<fs::path> kept = backups.restore(file, environment.clock().now(), *claim.lock);
+    // The library is let go of before anything is printed: whoever reads that may take long over it.
+    const std::optional<fs::path> kept = backups.restore(file, environment.clock().now(), *claimLibrary(library).lock);
     fmt::print("Restored {}\n", file.string());
     if (kept) {
         fmt::print("The library as it was before is kept as {}\n", kept->string());

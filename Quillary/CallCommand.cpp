@@ -118,7 +118,14 @@ JSON CallCommand::arguments() const
     return ToolArguments::fromTyped(ToolCatalogue::find(m_tool)->input, m_values, std::move(base));
 }
 
+/// The library is let go of before anything is printed: a running Quillary waits for it, and whoever reads what is
+/// printed may take long over it.
 int CallCommand::run(const std::filesystem::path& library, AppEnvironment& environment) const
+{
+    return print(result(library, environment));
+}
+
+ToolResult CallCommand::result(const std::filesystem::path& library, AppEnvironment& environment) const
 {
     const JSON given = arguments();
     OpenLibrary open(library, environment);
@@ -131,9 +138,8 @@ int CallCommand::run(const std::filesystem::path& library, AppEnvironment& envir
         isAnswered = true;
     });
     host.runUntil([&isAnswered] { return isAnswered; });
-    const int status = print(result);
     open.backUpIfDue(environment);
-    return status;
+    return result;
 }
 
 int CallCommand::print(const ToolResult& result) const

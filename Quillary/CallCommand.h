@@ -33,6 +33,7 @@ public:
 private:
     void addTool(CLI::App& call, const AssistantTool& tool);
     [[nodiscard]] JSON arguments() const;
+    [[nodiscard]] ToolResult result(const std::filesystem::path& library, AppEnvironment& environment) const;
     [[nodiscard]] int print(const ToolResult& result) const;
 
     CLI::App* m_app;

@@ -4,7 +4,6 @@
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Assistant/AssistantActions.h"
-#include "QuillaryCore/Assistant/PageJobs.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Model/Business.h"
@@ -88,31 +87,40 @@ int ExampleCommand::run(const std::optional<fs::path>& library, AppEnvironment& 
     }
     const fs::path output = fs::absolute(m_output);
     const fs::path folder = library.value_or(output / "library");
-    OpenLibrary open(folder, environment);
     PrintingHost host(environment);
-    ExampleMaker maker(open, environment, host);
-    maker.call("update_business_profile", section(*example, "business", m_file));
-    const ToolResult client = maker.call("create_client", section(*example, "client", m_file));
-    JSON arguments = section(*example, "document", m_file);
-    arguments.set("client", idOf(client));
-    const ToolResult made = maker.call("create_document", arguments);
-    fmt::print("{}\n", made.text);
-
-    Context& context = open.context();
-    const Document* document = context.find<Document>(made.documentID.value_or(UUID(UUID::Bytes{})));
-    precondition(document != nullptr, "a document that was just made can be found");
-    PageJob job = pageJob(context, *document, open.business(), environment.calendar());
-    const std::string name = pdfFileName(context, *document, open.business(), environment.calendar());
-    const fs::path page = replaceFile(output / (name + ".html"), job.html);
-    const Bytes pdf = host.printAndWait(std::move(job));
-    const fs::path file = replaceFile(output / (name + ".pdf"), pdf);
-    const fs::path picture = replaceFile(output / (name + ".png"), host.pageImage(pdf, 0, pictureWidth));
-    fmt::print("Library: {}\nPage:    {}\nPDF:     {}\nPicture: {}\n",
+    Pages pages = pagesOf(folder, *example, environment, host); // the library is closed again: printing takes a moment
+    const fs::path page = replaceFile(output / (pages.name + ".html"), pages.job.html);
+    const Bytes pdf = host.printAndWait(std::move(pages.job));
+    const fs::path file = replaceFile(output / (pages.name + ".pdf"), pdf);
+    const fs::path picture = replaceFile(output / (pages.name + ".png"), host.pageImage(pdf, 0, pictureWidth));
+    fmt::print("{}\nLibrary: {}\nPage:    {}\nPDF:     {}\nPicture: {}\n",
+               pages.told,
                folder.string(),
                page.string(),
                file.string(),
                picture.string());
     return 0;
+}
+
+ExampleCommand::Pages ExampleCommand::pagesOf(const fs::path& folder,
+                                              const JSON& example,
+                                              AppEnvironment& environment,
+                                              PrintingHost& host) const
+{
+    OpenLibrary open(folder, environment);
+    ExampleMaker maker(open, environment, host);
+    maker.call("update_business_profile", section(example, "business", m_file));
+    const ToolResult client = maker.call("create_client", section(example, "client", m_file));
+    JSON arguments = section(example, "document", m_file);
+    arguments.set("client", idOf(client));
+    const ToolResult made = maker.call("create_document", arguments);
+
+    Context& context = open.context();
+    const Document* document = context.find<Document>(made.documentID.value_or(UUID(UUID::Bytes{})));
+    precondition(document != nullptr, "a document that was just made can be found");
+    return {.told = made.text,
+            .name = pdfFileName(context, *document, open.business(), environment.calendar()),
+            .job = pageJob(context, *document, open.business(), environment.calendar())};
 }
 
 } // namespace Quillary

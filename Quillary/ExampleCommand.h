@@ -1,5 +1,8 @@
 #pragma once
 
+#include "QuillaryCore/Assistant/PageJobs.h"
+#include "QuillaryCore/Foundation/JSON.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -11,6 +14,7 @@ class App;
 namespace Quillary {
 
 class AppEnvironment;
+class PrintingHost;
 
 /// `quillary make-example FILE --output FOLDER`: makes the invoice that a JSON file describes in a fresh library, through
 /// the same operations as everybody, and writes its page as HTML, PDF and PNG.
@@ -25,6 +29,19 @@ public:
     [[nodiscard]] int run(const std::optional<std::filesystem::path>& library, AppEnvironment& environment) const;
 
 private:
+    /// What is left to do when the records are made.
+    struct Pages
+    {
+        std::string told; ///< about the records
+        std::string name; ///< of the files, without an extension
+        PageJob job;
+    };
+
+    [[nodiscard]] Pages pagesOf(const std::filesystem::path& folder,
+                                const JSON& example,
+                                AppEnvironment& environment,
+                                PrintingHost& host) const;
+
     CLI::App* m_app;
     std::string m_file;
     std::string m_output = "quillary-example";

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 
 namespace Quillary {
@@ -46,7 +45,7 @@ JSON size(const std::string& text)
 ControlMessage Handover::packed(Handover handover)
 {
     ControlMessage message;
-    message.descriptors.emplace_back(dup(handover.lock->descriptor()));
+    message.descriptors.push_back(std::move(handover.lock));
     message.descriptors.push_back(std::move(handover.assistants.listener.socket));
     message.descriptors.push_back(std::move(handover.assistants.listener.lock));
     JSON::Array clients;
@@ -75,7 +74,7 @@ std::optional<Handover> Handover::unpacked(ControlMessage message)
         return std::nullopt;
     }
     Handover result;
-    result.lock = LibraryLock::adopted(descriptors[0].release());
+    result.lock = std::move(descriptors[0]);
     result.socketPath = message.text("socket");
     result.assistants.listener = {.socket = std::move(descriptors[1]), .lock = std::move(descriptors[2])};
     Pieces pieces(message.bytes);

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "Quillary/Control/ControlMessage.h"
-#include "QuillaryCore/Store/LibraryLock.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
+#include "QuillaryUI/Assistant/Descriptor.h"
 
 #include <filesystem>
-#include <memory>
 #include <optional>
 
 namespace Quillary {
@@ -14,7 +13,7 @@ namespace Quillary {
 /// open connection with what its client said of itself.
 struct Handover
 {
-    std::unique_ptr<LibraryLock> lock;
+    Descriptor lock; ///< the library's: what `LibraryLock::adopted` takes
     std::filesystem::path socketPath;
     AssistantServer::Handover assistants;
 

@@ -1,6 +1,7 @@
 #include "Quillary/OpenLibrary.h"
 
 #include "Quillary/AppEnvironment.h"
+#include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/UserError.h"
@@ -11,7 +12,6 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <tuple>
 #include <utility>
 
@@ -71,7 +71,7 @@ void OpenLibrary::backUpIfDue(AppEnvironment& environment)
         const Backups backups(m_store.location().folder(), DataModel::history(), environment.calendar());
         std::ignore = backups.makeDaily(environment.clock().now());
     } catch (const UserError& error) {
-        fmt::print(stderr, "The daily backup was not made: {}\n", error.message());
+        ErrorOutput::writeLine(fmt::format("The daily backup was not made: {}", error.message()));
     }
 }
 

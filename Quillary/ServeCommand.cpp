@@ -3,6 +3,7 @@
 #include "Quillary/AccessWord.h"
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/AssistantService.h"
+#include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
 #include "Quillary/StopSignals.h"
 #include "QuillaryChannel/AssistantChannel.h"
@@ -17,7 +18,6 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <stdlib.h>
 #include <system_error>
 #include <unistd.h>
@@ -39,6 +39,7 @@ fs::path assistantSocket()
 
 int serve(AssistantService::Options options, AppEnvironment& environment)
 {
+    ErrorOutput::surviveBrokenPipes();
     PrintingHost host(environment);
     host.startApplication();
     TerminalAsker terminal;
@@ -50,9 +51,10 @@ int serve(AssistantService::Options options, AppEnvironment& environment)
         status = result;
         QCoreApplication::quit();
     });
+    service.claim(); // which may take long, and is ended by any signal
     const StopSignals endings([] { QCoreApplication::quit(); });
     service.start();
-    fmt::print(stderr, "Quillary serves AI assistants at {}\n", service.socketPath().string());
+    ErrorOutput::writeLine(fmt::format("Quillary serves AI assistants at {}", service.socketPath().string()));
     QCoreApplication::exec();
     service.stop();
     return status;

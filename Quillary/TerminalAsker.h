@@ -2,16 +2,18 @@
 
 #include "QuillaryCore/Assistant/ApprovalAsker.h"
 
+#include <QSocketNotifier>
+#include <QTimer>
+
 #include <cstdint>
 #include <list>
 #include <memory>
 #include <string>
 
-class QSocketNotifier;
-
 namespace Quillary {
 
-/// Asks in the terminal in which the program runs, one question after another. Without a terminal nobody can be asked.
+/// Asks in the terminal in which the program runs, one question after another. Nobody can be asked without a terminal, or
+/// while another program has it: what is typed then is meant for that one.
 class TerminalAsker final : public ApprovalAsker
 {
 public:
@@ -31,13 +33,15 @@ private:
 
     void withdraw(std::uint64_t number);
     void print() const;
+    void listen();
     void read();
     void decide(ApprovalAnswer answer);
 
     std::list<Entry> m_entries; ///< the first is the one that was printed
     std::uint64_t m_lastNumber = 0;
     std::string m_typed;
-    std::unique_ptr<QSocketNotifier> m_notifier; ///< null: there is no terminal
+    std::unique_ptr<QSocketNotifier> m_notifier; ///< null: there is no terminal. Enabled while a question is open
+    QTimer m_retry;                              ///< looks whether the terminal is ours again
 };
 
 } // namespace Quillary

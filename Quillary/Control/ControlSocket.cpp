@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string_view>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -19,8 +20,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A request is sent at once by a program of ours. Whoever connects and says nothing must not hold up the others.
+/// A program of ours sends a request in one go.
 constexpr std::chrono::milliseconds requestPatience{500};
+
+/// How long an answer may wait for a program that takes nothing of it.
+constexpr timeval answerPatience{.tv_sec = 10, .tv_usec = 0};
+
+/// More of them are turned away, the longest silent first.
+constexpr std::size_t mostSilentCallers = 64;
 
 /// FNV-1a: the same for a path on every day and in every build.
 std::uint64_t hash(std::string_view text)
@@ -76,8 +83,26 @@ void ControlServer::accept()
     if (!asker.isOpen() || !AssistantChannel::isPeerOf(getuid(), asker.number())) {
         return;
     }
+    setsockopt(asker.number(), SOL_SOCKET, SO_SNDTIMEO, &answerPatience, sizeof answerPatience);
+    if (m_callers.size() == mostSilentCallers) {
+        m_callers.pop_front();
+    }
+    auto notifier = std::make_unique<QSocketNotifier>(asker.number(), QSocketNotifier::Read);
+    const auto caller = m_callers.insert(m_callers.end(), {std::move(asker), std::move(notifier)});
+    QSocketNotifier* speaks = caller->notifier.get();
+    QObject::connect(speaks, &QSocketNotifier::activated, speaks, [this, caller] { hear(caller); });
+}
+
+/// Touches nothing after the handler, which may be rid of this server.
+void ControlServer::hear(std::list<Caller>::iterator caller)
+{
+    Descriptor asker = std::move(caller->socket);
+    caller->notifier->setEnabled(false);
+    caller->notifier.release()->deleteLater(); // it is the one that calls
+    m_callers.erase(caller);
     if (const std::optional<ControlMessage> request = ControlChannel::receive(asker.number(), requestPatience)) {
-        m_handler(*request, std::move(asker));
+        const Handler handler = m_handler;
+        handler(*request, std::move(asker));
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 
@@ -39,12 +40,21 @@ public:
     ~ControlServer();
 
 private:
+    /// Somebody who connected and hasn't said what for.
+    struct Caller
+    {
+        Descriptor socket;
+        std::unique_ptr<QSocketNotifier> notifier;
+    };
+
     void accept();
+    void hear(std::list<Caller>::iterator caller);
 
     std::filesystem::path m_path;
     Handler m_handler;
     ListeningSocket m_listener;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    std::list<Caller> m_callers; ///< the longest silent first
 };
 
 } // namespace Quillary

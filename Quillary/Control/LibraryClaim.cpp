@@ -15,38 +15,44 @@ namespace Quillary {
 namespace {
 
 using std::chrono::milliseconds;
+using std::chrono::steady_clock;
 
-/// Another command, or a Quillary that is just starting, takes no longer than this.
-constexpr milliseconds patienceWithCommands{1500};
 constexpr milliseconds betweenTries{20};
 
 /// A lender first ends the call it is at, which may print a long document.
 constexpr milliseconds patienceWithLender{150'000};
 
-std::optional<LibraryClaim> borrow(const std::filesystem::path& folder)
+enum class Lender { answered, hungUp, absent };
+
+/// `claim` is set where the lender answered. One that hangs up has ended, or handed over to another.
+Lender borrow(const std::filesystem::path& folder, LibraryClaim& claim)
 {
     std::optional<Descriptor> lender;
     try {
         lender = ControlSocket::connect(folder);
     } catch (const AssistantChannel::Error&) {
-        return std::nullopt; // without a place for sockets nobody listens on one
+        return Lender::absent; // without a place for sockets nobody listens on one
     }
-    if (!lender || !ControlChannel::send(lender->number(), {.body = JSON::object({{"do", "lend"}})})) {
-        return std::nullopt;
+    if (!lender) {
+        return Lender::absent;
+    }
+    if (!ControlChannel::send(lender->number(), {.body = JSON::object({{"do", "lend"}})})) {
+        return Lender::hungUp;
     }
     std::optional<ControlMessage> answer = ControlChannel::receive(lender->number(), patienceWithLender);
     if (!answer || answer->descriptors.size() != 1) {
-        return std::nullopt;
+        return Lender::hungUp;
     }
-    return LibraryClaim{.lender = std::move(*lender),
-                        .lock = LibraryLock::adopted(answer->descriptors.front().release())};
+    claim = {.lender = std::move(*lender), .lock = LibraryLock::adopted(answer->descriptors.front().release())};
+    return Lender::answered;
 }
 
 } // namespace
 
-LibraryClaim claimLibrary(const std::filesystem::path& folder)
+LibraryClaim claimLibrary(const std::filesystem::path& folder, milliseconds patience)
 {
-    const auto deadline = std::chrono::steady_clock::now() + patienceWithCommands;
+    const auto start = steady_clock::now();
+    auto lastLender = start; // or the start
     for (;;) {
         try {
             return {.lender = {}, .lock = std::make_unique<LibraryLock>(folder)};
@@ -54,10 +60,19 @@ LibraryClaim claimLibrary(const std::filesystem::path& folder)
             if (error.reason() != StoreError::Reason::inUse) {
                 throw;
             }
-            if (std::optional<LibraryClaim> lent = borrow(folder)) {
-                return std::move(*lent);
+            LibraryClaim claim;
+            const Lender lender = borrow(folder, claim);
+            const auto now = steady_clock::now();
+            switch (lender) {
+            case Lender::answered:
+                return claim;
+            case Lender::hungUp:
+                lastLender = now;
+                break;
+            case Lender::absent:
+                break;
             }
-            if (std::chrono::steady_clock::now() >= deadline) {
+            if (now >= lastLender + patience || now >= start + patienceWithLender) {
                 throw;
             }
         }

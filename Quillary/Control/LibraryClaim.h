@@ -3,6 +3,7 @@
 #include "QuillaryCore/Store/LibraryLock.h"
 #include "QuillaryUI/Assistant/Descriptor.h"
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 
@@ -16,8 +17,13 @@ struct LibraryClaim
     std::unique_ptr<LibraryLock> lock;
 };
 
-/// Waits a moment for another command to end, then asks a running Quillary. Throws: `StoreError` when the library is in
-/// use and not lent, or its folder can't be used.
-[[nodiscard]] LibraryClaim claimLibrary(const std::filesystem::path& folder);
+/// Another command, or a Quillary that is just starting, takes no longer than this.
+inline constexpr std::chrono::milliseconds patienceWithCommands{1500};
+
+/// Asks a running Quillary, or waits for another command to end: for `patience` where nobody can be asked, and longer
+/// while a running Quillary was busy with others. Throws: `StoreError` when the library is in use and not lent, or its
+/// folder can't be used.
+[[nodiscard]] LibraryClaim claimLibrary(const std::filesystem::path& folder,
+                                        std::chrono::milliseconds patience = patienceWithCommands);
 
 } // namespace Quillary

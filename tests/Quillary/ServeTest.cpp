@@ -1,4 +1,7 @@
+#include "Quillary/Control/LibraryClaim.h"
 #include "QuillaryCore/Foundation/JSON.h"
+#include "QuillaryCore/Store/LibraryLock.h"
+#include "QuillaryCore/Store/StoreError.h"
 #include "tests/Quillary/RunProgram.h"
 #include "tests/QuillaryChannel/HelperProcess.h"
 #include "tests/Support/TempFolder.h"
@@ -12,6 +15,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <poll.h>
 #include <random>
 #include <set>
 #include <string>
@@ -49,6 +53,8 @@ public:
     }
 
     [[nodiscard]] std::filesystem::path socket() const { return folder / "assistants.socket"; }
+
+    [[nodiscard]] std::filesystem::path library() const { return folder / ".local/share/quillary"; }
 
     [[nodiscard]] std::unique_ptr<HelperProcess> server(const std::vector<std::string>& options = {}) const
     {
@@ -194,6 +200,74 @@ TEST(ServeTest, endsInTheBackgroundWhenNobodyIsThere)
         EXPECT_EQ(server->statusWithin(milliseconds(1200)), std::nullopt) << "somebody is there";
     }
     EXPECT_EQ(server->statusWithin(patience), 0);
+}
+
+TEST(ServeTest, canBeToldToEndWhileTheLibraryIsLent)
+{
+    const Home home;
+    EXPECT_EQ(home.run("call create_client --name Ann").status, 0);
+    const auto server = home.server();
+    ASSERT_TRUE(home.waitForSocket());
+    Assistant assistant(home);
+    LibraryClaim claim = claimLibrary(home.library());
+    ASSERT_TRUE(claim.lender.isOpen());
+    ASSERT_TRUE(writeWhole(claim.lender.number(), "x"));
+    pollfd lender{.fd = claim.lender.number(), .events = POLLIN, .revents = 0};
+    EXPECT_EQ(poll(&lender, 1, 100), 0) << "only its end ends a loan";
+
+    kill(server->id(), SIGTERM);
+    EXPECT_EQ(server->statusWithin(patience), 0);
+    EXPECT_EQ(assistant.line(), "");
+    EXPECT_FALSE(std::filesystem::exists(home.socket()));
+    EXPECT_THROW(LibraryLock(home.library()), StoreError) << "the borrower has it still";
+    claim = {};
+    EXPECT_NO_THROW(LibraryLock(home.library()));
+}
+
+TEST(ServeTest, waitsForNobodyWhoDoesNotReadAnAnswer)
+{
+    const Home home;
+    const auto server = home.server();
+    ASSERT_TRUE(home.waitForSocket());
+    Assistant assistant(home);
+    const auto start = std::chrono::steady_clock::now();
+    // Its standard output is full already.
+    const HelperProcess blocked({.command = {"/bin/sh",
+                                             "-c",
+                                             "(head -c 65536 /dev/zero; exec \"$0\" call create_client --name Ann) | "
+                                             "exec sleep 20",
+                                             QUILLARY_PROGRAM},
+                                 .environment = home.environment()});
+    while (!assistant.call("find_clients", "{}").contains("Ann")) {
+        ASSERT_LT(std::chrono::steady_clock::now() - start, patience);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15)) << "it waited for the command";
+}
+
+TEST(ServeTest, needsNobodyToReadWhatItSays)
+{
+    const Home home;
+    std::filesystem::create_directories(home.folder / ".local/state/quillary/assistants.log");
+    const auto server = home.server();
+    server->closeComplaint(); // before it says where it listens
+    ASSERT_TRUE(home.waitForSocket());
+    Assistant assistant(home);
+    EXPECT_THAT(assistant.call("create_client", R"({"name":"Ann"})"), HasSubstr("Added the client Ann"));
+    kill(server->id(), SIGTERM);
+    EXPECT_EQ(server->statusWithin(patience), 0);
+}
+
+TEST(ServeTest, takesNothingOverThatItIsToServeElsewhere)
+{
+    const Home home;
+    const auto server = home.server({"--background"});
+    ASSERT_TRUE(home.waitForSocket());
+    const std::string other = (home.folder / "other.socket").string();
+    const Answer answer = quillary(home.folder, "serve", "QUILLARY_ASSISTANT_SOCKET='" + other + "'");
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_THAT(answer.output, HasSubstr(" at " + home.socket().string()));
+    EXPECT_THAT(answer.output, HasSubstr(" at " + other));
+    EXPECT_THAT(Assistant(home).call("find_clients", "{}"), HasSubstr("no clients"));
 }
 
 /// Every draft that was told of is there, under a number of its own, whatever was killed in between.

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <fstream>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
@@ -67,8 +68,13 @@ HelperProcess::HelperProcess(const Options& options)
             const_cast<char*>(word.c_str())); // NOLINT(cppcoreguidelines-pro-type-const-cast): as execve asks
     }
     arguments.push_back(nullptr);
+    const pid_t parent = getpid();
     m_id = fork();
     if (m_id == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL); // a test that is killed leaves nobody behind
+        if (getppid() != parent) {
+            _exit(126);
+        }
         dup2(input[0], STDIN_FILENO);
         dup2(output[1], STDOUT_FILENO);
         dup2(complaint[1], STDERR_FILENO);
@@ -109,6 +115,11 @@ void HelperProcess::closeInput()
 void HelperProcess::closeOutput()
 {
     closeEnd(m_output);
+}
+
+void HelperProcess::closeComplaint()
+{
+    closeEnd(m_complaint);
 }
 
 std::string HelperProcess::complaint() const

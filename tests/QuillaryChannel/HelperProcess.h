@@ -37,6 +37,9 @@ public:
     void closeInput();
     void closeOutput();
 
+    /// From now on nobody reads its standard error.
+    void closeComplaint();
+
     /// All that the helper says on standard error until it ends.
     [[nodiscard]] std::string complaint() const;
 
