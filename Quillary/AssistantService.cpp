@@ -13,6 +13,7 @@
 #include <array>
 #include <cerrno>
 #include <exception>
+#include <optional>
 #include <sys/socket.h>
 #include <system_error>
 #include <tuple>
@@ -118,7 +119,7 @@ bool AssistantService::askForHandover()
     if (!handover) {
         throw UserError("The running Quillary couldn't hand the library over. Close it, then try again.");
     }
-    m_taken = Taken{.holder = std::move(*holder), .handover = std::move(*handover)};
+    m_taken = std::make_unique<Taken>(Taken{.holder = std::move(*holder), .handover = std::move(*handover)});
     return true;
 }
 
@@ -141,12 +142,11 @@ void AssistantService::start()
 /// Whatever fails before the word that ends the other one leaves that one serving.
 void AssistantService::takeOver()
 {
-    Taken taken = std::move(*m_taken);
-    m_taken.reset();
-    openLibrary({.lender = {}, .lock = LibraryLock::adopted(taken.handover.lock.release())});
+    const std::unique_ptr<Taken> taken = std::move(m_taken);
+    openLibrary({.lender = {}, .lock = LibraryLock::adopted(taken->handover.lock.release())});
     listen();
-    std::ignore = ControlChannel::send(taken.holder.number(), {.body = JSON::object({{"did", "take over"}})});
-    m_server->adopt(std::move(taken.handover.assistants));
+    std::ignore = ControlChannel::send(taken->holder.number(), {.body = JSON::object({{"did", "take over"}})});
+    m_server->adopt(std::move(taken->handover.assistants));
 }
 
 void AssistantService::openLibrary(LibraryClaim claim)
@@ -261,10 +261,10 @@ void AssistantService::serveNext()
 void AssistantService::give(AssistantServer::Handover assistants)
 {
     Request& request = m_requests.front();
-    m_given = Given{.asker = std::move(request.asker),
-                    .isHandover = request.isHandover,
-                    .lock = OpenLibrary::close(std::move(m_library)),
-                    .assistants = std::move(assistants)};
+    m_given = std::make_unique<Given>(Given{.asker = std::move(request.asker),
+                                            .isHandover = request.isHandover,
+                                            .lock = OpenLibrary::close(std::move(m_library)),
+                                            .assistants = std::move(assistants)});
     const bool isSent = m_given->isHandover ? handOver() : lend();
     if (!isSent) {
         goOn();

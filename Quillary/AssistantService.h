@@ -21,7 +21,6 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
 namespace Quillary {
@@ -125,9 +124,9 @@ private:
     std::unique_ptr<AssistantServer> m_server; ///< goes before the library that its sessions work on
     std::unique_ptr<ControlServer> m_control;
     LibraryClaim m_claim;
-    std::optional<Taken> m_taken;
+    std::unique_ptr<Taken> m_taken;
     std::deque<Request> m_requests; ///< the first is being served
-    std::optional<Given> m_given;
+    std::unique_ptr<Given> m_given;
     std::unique_ptr<QSocketNotifier> m_word; ///< of who was given something
     bool m_hasEnded = false;
     QTimer m_idle;
