@@ -205,11 +205,28 @@ void MCPSession::callTool(Request request)
         return;
     }
     const auto call = std::make_shared<Call>(Call{.request = std::move(request), .tool = *tool, .client = m_client});
+    m_waiting = call;
     m_authorize(call->client, *tool, [this, call](const std::optional<std::string>& refusal) {
         if (!std::exchange(call->isDecided, true)) {
             decide(call, refusal);
         }
     });
+}
+
+void MCPSession::cancelIfAsked(std::string_view line)
+{
+    const std::shared_ptr<Call> call = m_waiting.lock();
+    if (call == nullptr || call->isDecided) {
+        return;
+    }
+    const std::optional<JSON> message = JSON::parse(line);
+    const JSON* params = message ? message->find("params") : nullptr;
+    const JSON* id = params == nullptr ? nullptr : params->find("requestId");
+    if (id != nullptr && *id == call->request.id && isRequest(*message) && message->find("id") == nullptr &&
+        textMember(*message, "method") == "notifications/cancelled") {
+        call->isDecided = true;
+        call->request.reply(std::nullopt);
+    }
 }
 
 void MCPSession::decide(const std::shared_ptr<Call>& call, const std::optional<std::string>& refusal)

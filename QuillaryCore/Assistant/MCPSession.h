@@ -48,6 +48,10 @@ public:
     /// user decides.
     void abandon() { m_isAbandoned = true; }
 
+    /// A line that came while a call waits for the user's permission, and is handled in its turn. If it is the
+    /// notification that takes that call back, the call gets no answer and is not run, whatever the user decides.
+    void cancelIfAsked(std::string_view line);
+
     [[nodiscard]] const AssistantClient& client() const { return m_client; }
     [[nodiscard]] const std::string& protocolVersion() const { return m_protocolVersion; }
     [[nodiscard]] bool isInitialized() const { return m_isInitialized; }
@@ -79,6 +83,7 @@ private:
     DidCall m_didCall;
     bool m_isInitialized = false;
     bool m_isAbandoned = false;
+    std::weak_ptr<Call> m_waiting; ///< the last one that was put to `m_authorize`
 };
 
 } // namespace Quillary

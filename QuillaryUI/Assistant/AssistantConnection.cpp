@@ -1,6 +1,7 @@
 #include "QuillaryUI/Assistant/AssistantConnection.h"
 
 #include "QuillaryCore/Assistant/MCPMessages.h"
+#include "QuillaryUI/Assistant/LookAhead.h"
 
 #include <array>
 #include <cerrno>
@@ -13,6 +14,10 @@ namespace Quillary {
 namespace {
 
 constexpr std::size_t readSize = 65536;
+constexpr std::chrono::milliseconds forEver{-1};
+
+/// An answer that takes longer may wait for the user: then it is worth the while to look for a cancellation.
+constexpr std::chrono::milliseconds quickAnswer{50};
 
 /// Whether a read or write that failed may be tried again when the socket is ready.
 bool isTemporary(int error)
@@ -130,16 +135,27 @@ bool AssistantConnection::handOver(LineBuffer::Line line)
         return true;
     }
     m_events.didReceive(std::move(line.text), m_box);
+    std::optional<LookAhead> ahead; // once the answer takes its time
     while (m_box->order() != AnswerBox::Order::hangUp) {
         if (auto answer = m_box->takeAnswer()) {
+            if (ahead) {
+                m_lines.append(ahead->bytes());
+            }
             if (*answer) {
                 m_unsent = std::move(**answer);
                 m_unsent += '\n';
             }
             return true;
         }
-        if (m_box->wakeUp().wait(m_socket.number(), SocketWait::nothing).isHungUp) {
+        const SocketWait what = ahead && ahead->isReading() ? SocketWait::reading : SocketWait::nothing;
+        const SocketState state = m_box->wakeUp().wait(m_socket.number(), what, ahead ? forEver : quickAnswer);
+        if (state.isHungUp) {
             return false;
+        }
+        if (state.isReady) {
+            ahead->read(m_socket.number());
+        } else if (!ahead && !state.isWokenUp) {
+            ahead.emplace(m_lines, m_events.mayCancel);
         }
     }
     return false;

@@ -43,7 +43,7 @@ private:
 };
 
 /// One assistant app on the line: reads, cuts lines and writes answers on a thread of its own, one line at a time. While
-/// an answer is awaited nothing more is read, so a client that asks faster than it is answered waits in the kernel.
+/// an answer is awaited only a little is read ahead, so a client that asks faster than it is answered waits in the kernel.
 class AssistantConnection
 {
 public:
@@ -60,6 +60,8 @@ public:
     {
         /// A line; the answer goes into the box.
         std::function<void(std::string line, const std::shared_ptr<AnswerBox>&)> didReceive;
+        /// A later line, come while that answer is awaited, that may take the call back. It is received in its turn too.
+        std::function<void(std::string line)> mayCancel;
         /// The thread has nothing more to do: the other end has gone, or it was told to stop.
         std::function<void()> didEnd;
     };

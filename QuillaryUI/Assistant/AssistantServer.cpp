@@ -82,6 +82,9 @@ void AssistantServer::begin(AssistantConnection::Parked connection, std::shared_
     events.didReceive = [this, id](std::string line, const std::shared_ptr<AnswerBox>& box) {
         m_mainThread.post([this, id, box, request = std::move(line)] { answer(id, request, box); });
     };
+    events.mayCancel = [this, id](std::string line) {
+        m_mainThread.post([this, id, notification = std::move(line)] { mayCancel(id, notification); });
+    };
     events.didEnd = [this, id] {
         m_mainThread.post([this, id] { didEnd(id); });
     };
@@ -102,6 +105,15 @@ void AssistantServer::answer(ID id, std::string_view line, const std::shared_ptr
     }
     const std::shared_ptr<MCPSession> session = found->second.session;
     session->handle(line, [session, box](std::optional<std::string> text) { box->put(std::move(text)); });
+}
+
+void AssistantServer::mayCancel(ID id, std::string_view line)
+{
+    const auto found = m_conversations.find(id);
+    if (found != m_conversations.end()) {
+        const std::shared_ptr<MCPSession> session = found->second.session;
+        session->cancelIfAsked(line);
+    }
 }
 
 void AssistantServer::didEnd(ID id)

@@ -99,6 +99,7 @@ private:
     void didAccept(Descriptor socket);
     void begin(AssistantConnection::Parked connection, std::shared_ptr<MCPSession> session);
     void answer(ID id, std::string_view line, const std::shared_ptr<AnswerBox>& box);
+    void mayCancel(ID id, std::string_view line);
     void didEnd(ID id);
     void parkAll();
     void handOverWhenParked();

@@ -1,5 +1,6 @@
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
+#include "QuillaryUI/Assistant/LookAhead.h"
 #include "tests/Assistant/AssistantLibrary.h"
 #include "tests/QuillaryUI/SocketClient.h"
 #include "tests/Support/TempFolder.h"
@@ -328,6 +329,52 @@ TEST_F(AssistantServerTest, aCallWhoseClientHasGoneIsNotRunWhenItIsAllowedLater)
     questions[1](std::nullopt);
     EXPECT_TRUE(calls.empty());
     EXPECT_EQ(member(library.data("find_clients", "{}"), "clients"), "[]");
+}
+
+TEST_F(AssistantServerTest, aCallThatIsTakenBackIsNotRunWhenItIsAllowedLater)
+{
+    const auto cancel = [](std::string_view id) {
+        return R"({"jsonrpc":"2.0","method":"notifications/cancelled","params":{"requestId":)" + std::string(id) +
+               "}}\n";
+    };
+    const auto server = startedServer();
+    isAsking = true;
+    SocketClient client(path);
+    client.send(createAnn);
+    ASSERT_TRUE(waitUntil([&] { return questions.size() == 1; }));
+    client.send(cancel("\"1\"") + cancel("2") + ping(3) + cancel("1").substr(0, 50));
+    EXPECT_FALSE(waitUntil([&] { return client.line().has_value(); }, std::chrono::milliseconds(200)))
+        << "nobody has taken this call back";
+    client.send(cancel("1").substr(50) + ping(4));
+    EXPECT_EQ(client.waitForLine(), pong(3)) << "a call that was taken back has no answer";
+    EXPECT_EQ(client.waitForLine(), pong(4));
+
+    client.send(createAnn + cancel("1") + ping(5)); // all at once
+    EXPECT_EQ(client.waitForLine(), pong(5));
+
+    // More than is read ahead, then the end: everything is answered in its turn all the same.
+    ASSERT_EQ(questions.size(), 2U);
+    client.send(createAnn);
+    ASSERT_TRUE(waitUntil([&] { return questions.size() == 3; }));
+    const std::string large = ping(6) + std::string(3 * LookAhead::most, ' ') + "\n" + ping(7);
+    std::string_view rest = large;
+    bool isAllowed = false;
+    EXPECT_TRUE(waitUntil([&] {
+        const std::size_t before = rest.size();
+        rest = client.send(rest);
+        if (!isAllowed && rest.size() == before) {
+            questions[2](std::nullopt);
+            isAllowed = true;
+        }
+        return rest.empty();
+    }));
+    client.endSending();
+    EXPECT_NE(client.waitForLine().find("Ann"), std::string::npos);
+    EXPECT_EQ(client.waitForLine(), pong(6));
+    EXPECT_EQ(client.waitForLine(), pong(7));
+    questions[0](std::nullopt);
+    questions[1](std::nullopt);
+    EXPECT_EQ(calls.size(), 1U);
 }
 
 TEST_F(AssistantServerTest, stopsAtOnceAndLeavesNothing)

@@ -13,10 +13,10 @@
 
 namespace Quillary {
 
-/// Runs the event loop until the condition holds. False: it didn't within 20 s.
-inline bool waitUntil(const std::function<bool()>& condition)
+/// Runs the event loop until the condition holds. False: it didn't in time.
+inline bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds time = std::chrono::seconds(20))
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    const auto end = std::chrono::steady_clock::now() + time;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) {
             return false;
