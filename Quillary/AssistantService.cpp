@@ -293,9 +293,9 @@ bool AssistantService::handOver()
     ControlMessage message = Handover::packed(
         {.lock = std::move(lock), .socketPath = m_socketPath, .assistants = std::move(m_given->assistants)});
     const bool isSent = ControlChannel::send(m_given->asker.number(), message);
-    std::optional<Handover> kept = Handover::unpacked(std::move(message));
-    precondition(kept.has_value(), "what was packed can be unpacked");
-    m_given->assistants = std::move(kept->assistants);
+    Handover kept = Handover::unpacked(std::move(message)).value_or(Handover());
+    precondition(kept.lock.isOpen(), "what was packed can be unpacked");
+    m_given->assistants = std::move(kept.assistants);
     return isSent;
 }
 

@@ -39,6 +39,20 @@ std::uint64_t hash(std::string_view text)
     return value;
 }
 
+constexpr std::string_view fileNameStart = "quillary-library-";
+
+/// What was left by libraries that nobody serves: each has a name of its own, so they would grow in number for ever.
+void removeStaleSockets(const fs::path& folder)
+{
+    std::error_code failure;
+    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure)) {
+        const fs::path file = entry->path();
+        if (file.filename().string().starts_with(fileNameStart) && file.extension() == ".lock") {
+            ListeningSocket::removeIfStale(fs::path(file).replace_extension());
+        }
+    }
+}
+
 } // namespace
 
 fs::path ControlSocket::path(const fs::path& library)
@@ -48,7 +62,7 @@ fs::path ControlSocket::path(const fs::path& library)
     if (failure) {
         whole = library;
     }
-    return AssistantChannel::userTemporaryDirectory() + fmt::format("quillary-library-{:016x}", hash(whole.string()));
+    return AssistantChannel::userTemporaryDirectory() + fmt::format("{}{:016x}", fileNameStart, hash(whole.string()));
 }
 
 std::optional<Descriptor> ControlSocket::connect(const fs::path& library)
@@ -69,6 +83,7 @@ ControlServer::ControlServer(const fs::path& library, Handler handler)
     , m_notifier(std::make_unique<QSocketNotifier>(m_listener.socket.number(), QSocketNotifier::Read))
 {
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { accept(); });
+    removeStaleSockets(m_path.parent_path());
 }
 
 ControlServer::~ControlServer()

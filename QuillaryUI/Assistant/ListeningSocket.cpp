@@ -32,16 +32,33 @@ AssistantServerError alreadyRunning()
     return {Reason::alreadyRunning, "Quillary is already running."};
 }
 
+std::string lockFile(const std::filesystem::path& path)
+{
+    return path.string() + ".lock";
+}
+
+/// False: the file was removed between opening and locking it, and somebody else may lock a new one of that name.
+bool isFile(int descriptor, const std::string& file)
+{
+    struct stat opened{};
+    struct stat named{};
+    return fstat(descriptor, &opened) == 0 && lstat(file.c_str(), &named) == 0 && opened.st_dev == named.st_dev &&
+           opened.st_ino == named.st_ino;
+}
+
 Descriptor lockBeside(const std::filesystem::path& path)
 {
-    const std::string file = path.string() + ".lock";
-    Descriptor lock(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
-    if (!lock.isOpen()) {
-        throw cannotListen(path);
-    }
-    if (flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
-        throw errno == EWOULDBLOCK ? alreadyRunning() : cannotListen(path);
-    }
+    const std::string file = lockFile(path);
+    Descriptor lock;
+    do {
+        lock = Descriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, ownerOnly));
+        if (!lock.isOpen()) {
+            throw cannotListen(path);
+        }
+        if (flock(lock.number(), LOCK_EX | LOCK_NB) != 0) {
+            throw errno == EWOULDBLOCK ? alreadyRunning() : cannotListen(path);
+        }
+    } while (!isFile(lock.number(), file));
     return lock;
 }
 
@@ -96,6 +113,18 @@ ListeningSocket ListeningSocket::open(const std::filesystem::path& path)
         throw cannotListen(path);
     }
     return result;
+}
+
+void ListeningSocket::removeIfStale(const std::filesystem::path& path)
+{
+    const auto address = AssistantChannel::address(path.string());
+    const std::string file = lockFile(path);
+    const Descriptor lock(::open(file.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
+    if (address && lock.isOpen() && flock(lock.number(), LOCK_EX | LOCK_NB) == 0 && isFile(lock.number(), file) &&
+        !isListenedOn(path, *address)) {
+        removeStaleSocket(path);
+        unlink(file.c_str()); // the lock last: until it goes, nobody listens there
+    }
 }
 
 } // namespace Quillary

@@ -31,8 +31,7 @@ private:
 };
 
 /// A Unix socket that is listened on, and the lock that gives the right to its path. The lock lies in a file beside the
-/// socket; the system gives it back when the program ends, however it ends. That file stays, because removing it would
-/// let two programs lock two files of one name.
+/// socket; the system gives it back when the program ends, however it ends. That file stays for the next one.
 struct ListeningSocket
 {
     Descriptor socket;
@@ -41,6 +40,9 @@ struct ListeningSocket
     /// Takes the lock, removes what an earlier run left at the path, and listens there; the socket is the user's alone.
     /// Throws: `AssistantServerError`.
     [[nodiscard]] static ListeningSocket open(const std::filesystem::path& path);
+
+    /// Removes the socket and its lock file where nobody holds them.
+    static void removeIfStale(const std::filesystem::path& path);
 };
 
 } // namespace Quillary

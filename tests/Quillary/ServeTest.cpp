@@ -231,14 +231,17 @@ TEST(ServeTest, waitsForNobodyWhoDoesNotReadAnAnswer)
     ASSERT_TRUE(home.waitForSocket());
     Assistant assistant(home);
     const auto start = std::chrono::steady_clock::now();
-    // Its standard output is full already.
-    const HelperProcess blocked({.command = {"/bin/sh",
-                                             "-c",
-                                             "(head -c 65536 /dev/zero; exec \"$0\" call create_client --name Ann) | "
-                                             "exec sleep 20",
-                                             QUILLARY_PROGRAM},
-                                 .environment = home.environment()});
-    while (!assistant.call("find_clients", "{}").contains("Ann")) {
+    // Its standard output is full already, and the answer is more than it can keep to itself.
+    const HelperProcess blocked(
+        {.command =
+             {"/bin/sh",
+              "-c",
+              "(head -c 65536 /dev/zero; exec \"$0\" call create_document --kind invoice --output json --intro $1) | "
+              "exec sleep 20",
+              QUILLARY_PROGRAM,
+              std::string(6000, 'x')},
+         .environment = home.environment()});
+    while (!assistant.call("find_documents", "{}").contains("INV-")) {
         ASSERT_LT(std::chrono::steady_clock::now() - start, patience);
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15)) << "it waited for the command";

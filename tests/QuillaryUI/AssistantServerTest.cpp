@@ -176,6 +176,16 @@ TEST_F(AssistantServerTest, replacesTheSocketOfAProgramThatDied)
     EXPECT_EQ(client.waitForLine(), pong(1));
 }
 
+TEST_F(AssistantServerTest, removesOnlySocketsThatNobodyHolds)
+{
+    auto server = startedServer();
+    ListeningSocket::removeIfStale(path);
+    EXPECT_EQ(entries(folder.path()), 2) << "socket and lock";
+    server.reset();
+    ListeningSocket::removeIfStale(path);
+    EXPECT_EQ(entries(folder.path()), 0);
+}
+
 TEST_F(AssistantServerTest, saysWhyItCannotListen)
 {
     const std::size_t room = AssistantChannel::longestPath - folder.path().string().size() - 1;
