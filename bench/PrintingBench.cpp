@@ -65,8 +65,9 @@ struct Engine
     Engine()
         : application((setenv("QT_QPA_PLATFORM", "offscreen", 0), count), arguments.data())
     {
-        (void)printer.printAndWait(job(onePage)); // the engine is up, with its flags
-        page = std::make_unique<QWebEnginePage>(&profile);
+        (void)printer.printAndWait(job(onePage));        // the engine is up, with its flags
+        profile = std::make_unique<QWebEngineProfile>(); // not before: the engine reads its flags but once
+        page = std::make_unique<QWebEnginePage>(profile.get());
     }
 
     QByteArray printBare(const PrintJob& job)
@@ -98,7 +99,7 @@ struct Engine
     std::array<char*, 2> arguments{name.data(), nullptr};
     QGuiApplication application;
     WebPagePrinter printer{PrinterLimits{}};
-    QWebEngineProfile profile;
+    std::unique_ptr<QWebEngineProfile> profile;
     std::unique_ptr<QWebEnginePage> page;
 };
 
