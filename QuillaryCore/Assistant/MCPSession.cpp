@@ -219,11 +219,11 @@ void MCPSession::cancelIfAsked(std::string_view line)
     if (call == nullptr || call->isDecided) {
         return;
     }
-    const std::optional<JSON> message = JSON::parse(line);
-    const JSON* params = message ? message->find("params") : nullptr;
+    const JSON message = JSON::parse(line).value_or(JSON());
+    const JSON* params = message.find("params");
     const JSON* id = params == nullptr ? nullptr : params->find("requestId");
-    if (id != nullptr && *id == call->request.id && isRequest(*message) && message->find("id") == nullptr &&
-        textMember(*message, "method") == "notifications/cancelled") {
+    if (id != nullptr && *id == call->request.id && isRequest(message) && message.find("id") == nullptr &&
+        textMember(message, "method") == "notifications/cancelled") {
         call->isDecided = true;
         call->request.reply(std::nullopt);
     }
