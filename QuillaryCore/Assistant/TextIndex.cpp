@@ -282,7 +282,7 @@ private:
             const bool isOwnField = isOwn(slot, place);
             place += field.size() + 1;
             const bool isSameNumber = hasDigit(m_query) && meantNumber(field) == m_number;
-            if (const std::optional<int> whole = isSameNumber ? 1 : m_whole->slipsTo(field)) {
+            if (const std::optional<int> whole = isSameNumber ? 1 : m_whole.slipsTo(field)) {
                 note(slot, Rank::similar, isOwnField, *whole);
             }
             forEachToken(field, [&](std::string_view word) {
@@ -327,7 +327,7 @@ private:
     const TextIndex& m_index;
     std::string_view m_query;
     std::vector<std::string_view> m_words;
-    std::optional<TypingSlips::Word> m_whole;
+    TypingSlips::Word m_whole{"", 0};
     std::string m_number;
     std::vector<TypingSlips::Word> m_tokens;
     std::vector<int> m_best; ///< of the record that is compared: the fewest slips for each token
