@@ -167,7 +167,7 @@ void Connection::commit()
 void Connection::rollback() noexcept
 {
     if (isInTransaction()) {
-        sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+        sqlite3_exec(database().getHandle(), "ROLLBACK", nullptr, nullptr, nullptr);
     }
 }
 

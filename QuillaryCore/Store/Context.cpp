@@ -104,21 +104,26 @@ void Context::eraseRelated(const Table& table, std::int64_t key)
     for (const auto& owner : m_tables) {
         const auto& relationships = owner->type().entity().relationships;
         for (std::size_t index = 0; index < relationships.size(); ++index) {
-            if (relationships[index].target != table.type().entity().name) {
-                continue;
+            if (relationships[index].target == table.type().entity().name) {
+                eraseRelatedRows(*owner, index, key);
             }
-            const std::vector<AnyRow*> rows = relatedRows(*owner, index, key);
-            for (AnyRow* row : rows) {
-                if (!row->isAlive) {
-                    continue; // it went with another row of this list
-                }
-                editRow(*owner, row->key);
-                if (relationships[index].whenTargetGoes == WhenTargetGoes::erase) {
-                    eraseRow(*owner, *row);
-                } else {
-                    owner->type().clearReference(row->record(), index);
-                }
-            }
+        }
+    }
+}
+
+void Context::eraseRelatedRows(Table& owner, std::size_t index, std::int64_t key)
+{
+    const WhenTargetGoes whenTargetGoes = owner.type().entity().relationships[index].whenTargetGoes;
+    const std::vector<AnyRow*> rows = relatedRows(owner, index, key);
+    for (AnyRow* row : rows) {
+        if (!row->isAlive) {
+            continue; // it went with another row of this list
+        }
+        editRow(owner, row->key);
+        if (whenTargetGoes == WhenTargetGoes::erase) {
+            eraseRow(owner, *row);
+        } else {
+            owner.type().clearReference(row->record(), index);
         }
     }
 }
@@ -127,17 +132,21 @@ void Context::eraseTied(const Table& table, const UUID& uuid)
 {
     for (const auto& owner : m_tables) {
         for (const UUIDTie& tie : owner->type().uuidTies()) {
-            if (tie.targetEntity != table.type().entity().name) {
-                continue;
+            if (tie.targetEntity == table.type().entity().name) {
+                eraseTiedRows(*owner, tie, uuid);
             }
-            for (AnyRow* row : tied(*owner, tie, uuid)) {
-                editRow(*owner, row->key);
-                if (tie.whenTargetGoes == WhenTargetGoes::erase) {
-                    eraseRow(*owner, *row);
-                } else {
-                    owner->type().clearUUID(row->record(), tie.column);
-                }
-            }
+        }
+    }
+}
+
+void Context::eraseTiedRows(Table& owner, const UUIDTie& tie, const UUID& uuid)
+{
+    for (AnyRow* row : tied(owner, tie, uuid)) {
+        editRow(owner, row->key);
+        if (tie.whenTargetGoes == WhenTargetGoes::erase) {
+            eraseRow(owner, *row);
+        } else {
+            owner.type().clearUUID(row->record(), tie.column);
         }
     }
 }

@@ -173,7 +173,9 @@ private:
     AnyRow& editRow(Table& table, std::int64_t key);
     void eraseRow(Table& table, AnyRow& row);
     void eraseRelated(const Table& table, std::int64_t key);
+    void eraseRelatedRows(Table& owner, std::size_t index, std::int64_t key);
     void eraseTied(const Table& table, const UUID& uuid);
+    void eraseTiedRows(Table& owner, const UUIDTie& tie, const UUID& uuid);
     std::vector<AnyRow*> tied(Table& owner, const UUIDTie& tie, const UUID& uuid);
 
     friend class Scope;
