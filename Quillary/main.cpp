@@ -1,4 +1,4 @@
-#include "Quillary/CommandLine.h"
+#include "Quillary/Commands/CommandLine.h"
 
 int main(int argumentCount, char** arguments)
 {

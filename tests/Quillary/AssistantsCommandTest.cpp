@@ -1,4 +1,4 @@
-#include "Quillary/AssistantSetup.h"
+#include "Quillary/Commands/AssistantSetup.h"
 #include "QuillaryCore/Assistant/ActivityLog.h"
 #include "QuillaryCore/Assistant/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/JSON.h"

@@ -1,4 +1,4 @@
-#include "Quillary/ToolArguments.h"
+#include "Quillary/Commands/ToolArguments.h"
 
 #include "QuillaryCore/Assistant/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"

@@ -1,4 +1,4 @@
-#include "Quillary/CallCommand.h"
+#include "Quillary/Commands/CallCommand.h"
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/OpenLibrary.h"
@@ -120,9 +120,9 @@ JSON CallCommand::arguments() const
 
 /// The library is let go of before anything is printed: a running Quillary waits for it, and whoever reads what is
 /// printed may take long over it.
-int CallCommand::run(const std::filesystem::path& library, AppEnvironment& environment) const
+int CallCommand::run(const CommandSetting& setting) const
 {
-    return print(result(library, environment));
+    return print(result(setting.library, setting.environment));
 }
 
 ToolResult CallCommand::result(const std::filesystem::path& library, AppEnvironment& environment) const

@@ -1,4 +1,4 @@
-#include "Quillary/BackupCommand.h"
+#include "Quillary/Commands/BackupCommand.h"
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/Control/LibraryClaim.h"
@@ -63,13 +63,14 @@ bool BackupCommand::wasGiven() const
     return m_app->parsed();
 }
 
-int BackupCommand::run(const fs::path& library, AppEnvironment& environment) const
+int BackupCommand::run(const CommandSetting& setting) const
 {
-    const Backups backups(fs::absolute(library), DataModel::history(), environment.calendar());
+    const AppEnvironment& environment = setting.environment;
+    const Backups backups(fs::absolute(setting.library), DataModel::history(), environment.calendar());
     if (m_list->parsed()) {
         return list(backups);
     }
-    return m_now->parsed() ? makeNow(backups, environment) : restore(backups, library, m_file, environment);
+    return m_now->parsed() ? makeNow(backups, environment) : restore(backups, setting.library, m_file, environment);
 }
 
 } // namespace Quillary

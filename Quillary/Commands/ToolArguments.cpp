@@ -1,4 +1,4 @@
-#include "Quillary/ToolArguments.h"
+#include "Quillary/Commands/ToolArguments.h"
 
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Quillary/Commands/Command.h"
+
 #include <filesystem>
 #include <string>
 
@@ -14,15 +16,14 @@ class AppEnvironment;
 /// `quillary serve`: the application without its windows. It serves the library to assistant apps until it is told to
 /// end. `--assistant-test-server` serves sample documents in a folder of its own instead, with every assistant allowed:
 /// for trying an assistant app, and for tests.
-class ServeCommand
+class ServeCommand : public Command
 {
 public:
     explicit ServeCommand(CLI::App& app);
 
-    [[nodiscard]] bool wasGiven() const;
+    [[nodiscard]] bool wasGiven() const override;
 
-    /// Returns the exit status. Throws: `UserError`.
-    [[nodiscard]] int run(const std::filesystem::path& library, AppEnvironment& environment) const;
+    [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
     [[nodiscard]] int serveSamples(AppEnvironment& environment) const;

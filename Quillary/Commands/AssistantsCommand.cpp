@@ -1,8 +1,8 @@
-#include "Quillary/AssistantsCommand.h"
+#include "Quillary/Commands/AssistantsCommand.h"
 
-#include "Quillary/AccessWord.h"
 #include "Quillary/AppEnvironment.h"
-#include "Quillary/AssistantSetup.h"
+#include "Quillary/Commands/AccessWord.h"
+#include "Quillary/Commands/AssistantSetup.h"
 #include "QuillaryCore/Assistant/ActivityLog.h"
 #include "QuillaryCore/Assistant/AssistantSettingsFile.h"
 #include "QuillaryCore/Assistant/MCPSession.h"
@@ -119,6 +119,7 @@ AssistantsCommand::AssistantsCommand(CLI::App& app)
     , m_forget(m_app->add_subcommand("forget", "Forgets an assistant: it will be asked about again."))
     , m_log(m_app->add_subcommand("log", "Lists what assistants did, the newest last."))
 {
+    app.add_flag("--show-assistants", m_isShown, "Prints what AI assistants may do, and how to connect them.");
     m_app->require_subcommand(0, 1);
     m_app->add_option("--access", m_access, "What assistants may do: look, drafts or everything.")
         ->check(CLI::IsMember({"look", "drafts", "everything"}));
@@ -134,7 +135,7 @@ AssistantsCommand::AssistantsCommand(CLI::App& app)
 
 bool AssistantsCommand::wasGiven() const
 {
-    return m_app->parsed();
+    return m_app->parsed() || m_isShown;
 }
 
 bool AssistantsCommand::changesSomething() const
@@ -168,8 +169,9 @@ void AssistantsCommand::change(AssistantSettingsFile& file) const
     }
 }
 
-int AssistantsCommand::run(const AppEnvironment& environment) const
+int AssistantsCommand::run(const CommandSetting& setting) const
 {
+    const AppEnvironment& environment = setting.environment;
     if (m_log->parsed()) {
         printLog(environment);
         return 0;

@@ -1,8 +1,8 @@
-#include "Quillary/ServeCommand.h"
+#include "Quillary/Commands/ServeCommand.h"
 
-#include "Quillary/AccessWord.h"
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/AssistantService.h"
+#include "Quillary/Commands/AccessWord.h"
 #include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
 #include "Quillary/StopSignals.h"
@@ -118,12 +118,13 @@ bool ServeCommand::wasGiven() const
     return m_app->parsed() || m_isTest;
 }
 
-int ServeCommand::run(const fs::path& library, AppEnvironment& environment) const
+int ServeCommand::run(const CommandSetting& setting) const
 {
+    AppEnvironment& environment = setting.environment;
     if (m_isTest) {
         return serveSamples(environment);
     }
-    return serve({.library = library,
+    return serve({.library = setting.library,
                   .socket = assistantSocket(),
                   .settings = environment.configurationFolder() / AssistantSettingsFile::fileName,
                   .log = environment.stateFolder() / ActivityLog::fileName,

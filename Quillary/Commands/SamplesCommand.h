@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Quillary/Commands/Command.h"
+
 #include <string>
 
 namespace CLI {
@@ -8,18 +10,15 @@ class App;
 
 namespace Quillary {
 
-class AppEnvironment;
-
 /// `quillary --render-samples FOLDER`: the pages of every kind, design and language, as HTML, PDF and PNG.
-class SamplesCommand
+class SamplesCommand : public Command
 {
 public:
     explicit SamplesCommand(CLI::App& app);
 
-    [[nodiscard]] bool wasGiven() const { return !m_folder.empty(); }
+    [[nodiscard]] bool wasGiven() const override { return !m_folder.empty(); }
 
-    /// Returns the exit status. Throws: `UserError`.
-    [[nodiscard]] int run(AppEnvironment& environment) const;
+    [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
     std::string m_folder;

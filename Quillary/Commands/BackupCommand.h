@@ -1,6 +1,7 @@
 #pragma once
 
-#include <filesystem>
+#include "Quillary/Commands/Command.h"
+
 #include <string>
 
 namespace CLI {
@@ -9,18 +10,15 @@ class App;
 
 namespace Quillary {
 
-class AppEnvironment;
-
 /// `quillary backup now|list|restore FILE`.
-class BackupCommand
+class BackupCommand : public Command
 {
 public:
     explicit BackupCommand(CLI::App& app);
 
-    [[nodiscard]] bool wasGiven() const;
+    [[nodiscard]] bool wasGiven() const override;
 
-    /// Returns the exit status. Throws: `UserError`.
-    [[nodiscard]] int run(const std::filesystem::path& library, AppEnvironment& environment) const;
+    [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
     CLI::App* m_app;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "Quillary/Commands/Command.h"
 #include "QuillaryCore/Assistant/PageJobs.h"
 #include "QuillaryCore/Foundation/JSON.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
 namespace CLI {
@@ -18,15 +18,15 @@ class PrintingHost;
 
 /// `quillary make-example FILE --output FOLDER`: makes the invoice that a JSON file describes in a fresh library, through
 /// the same operations as everybody, and writes its page as HTML, PDF and PNG.
-class ExampleCommand
+class ExampleCommand : public Command
 {
 public:
     explicit ExampleCommand(CLI::App& app);
 
-    [[nodiscard]] bool wasGiven() const;
+    [[nodiscard]] bool wasGiven() const override;
 
     /// Says what was made and where it lies. Returns the exit status. Throws: `UserError`.
-    [[nodiscard]] int run(const std::optional<std::filesystem::path>& library, AppEnvironment& environment) const;
+    [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
     /// What is left to do when the records are made.

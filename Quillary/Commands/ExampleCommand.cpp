@@ -1,4 +1,4 @@
-#include "Quillary/ExampleCommand.h"
+#include "Quillary/Commands/ExampleCommand.h"
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/OpenLibrary.h"
@@ -79,14 +79,15 @@ bool ExampleCommand::wasGiven() const
     return m_app->parsed();
 }
 
-int ExampleCommand::run(const std::optional<fs::path>& library, AppEnvironment& environment) const
+int ExampleCommand::run(const CommandSetting& setting) const
 {
+    AppEnvironment& environment = setting.environment;
     const std::optional<JSON> example = JSON::parse(readFile(m_file, largestExample));
     if (!example) {
         throw UserError(fmt::format("{} isn't readable as JSON.", m_file));
     }
     const fs::path output = fs::absolute(m_output);
-    const fs::path folder = library.value_or(output / "library");
+    const fs::path folder = setting.isLibraryNamed ? setting.library : output / "library";
     PrintingHost host(environment);
     Pages pages = pagesOf(folder, *example, environment, host); // the library is closed again: printing takes a moment
     const fs::path page = replaceFile(output / (pages.name + ".html"), pages.job.html);

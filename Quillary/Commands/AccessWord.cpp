@@ -1,4 +1,4 @@
-#include "Quillary/AccessWord.h"
+#include "Quillary/Commands/AccessWord.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "Quillary/AssistantSetup.h"
+#include "Quillary/Commands/AssistantSetup.h"
 
 #include "QuillaryChannel/AssistantChannel.h"
 #include "QuillaryCore/Foundation/Text.h"

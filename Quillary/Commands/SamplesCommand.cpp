@@ -1,4 +1,4 @@
-#include "Quillary/SamplesCommand.h"
+#include "Quillary/Commands/SamplesCommand.h"
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/PrintingHost.h"
@@ -113,13 +113,13 @@ SamplesCommand::SamplesCommand(CLI::App& app)
     app.add_flag("--sample-english", m_englishOnly, "Renders the English samples only.");
 }
 
-int SamplesCommand::run(AppEnvironment& environment) const
+int SamplesCommand::run(const CommandSetting& setting) const
 {
     const std::string currency = upperCasedASCII(m_currency);
     if (!currency.empty() && !Currencies::isKnown(currency)) {
         throw UserError(fmt::format("--sample-currency must be an ISO currency code such as EUR, not {}.", m_currency));
     }
-    SampleWriter writer(fs::absolute(m_folder), environment);
+    SampleWriter writer(fs::absolute(m_folder), setting.environment);
     for (const DocumentLanguage language : allDocumentLanguages) {
         if (m_englishOnly && language != DocumentLanguage::english) {
             continue;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Quillary/Commands/Command.h"
+
 #include <cstddef>
 #include <string>
 
@@ -15,15 +17,15 @@ struct AssistantSettings;
 
 /// `quillary assistants [on|off|allow NAME|deny NAME|forget NAME|log] [--access LEVEL]`: what AI assistants may do, which
 /// of them the user knows, what they did, and how to connect one.
-class AssistantsCommand
+class AssistantsCommand : public Command
 {
 public:
     explicit AssistantsCommand(CLI::App& app);
 
-    [[nodiscard]] bool wasGiven() const;
+    [[nodiscard]] bool wasGiven() const override;
 
     /// Without anything to change, prints the state. Returns the exit status. Throws: `UserError`.
-    [[nodiscard]] int run(const AppEnvironment& environment) const;
+    [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
     [[nodiscard]] bool changesSomething() const;
@@ -34,6 +36,7 @@ private:
     void printLog(const AppEnvironment& environment) const;
 
     CLI::App* m_app;
+    bool m_isShown = false; ///< asked for by a flag
     CLI::App* m_on;
     CLI::App* m_off;
     CLI::App* m_allow;
