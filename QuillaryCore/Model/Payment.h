@@ -43,7 +43,11 @@ struct Payment : Record<Payment>
         return std::tuple{Reference{"document", &Payment::document, WhenTargetGoes::erase}};
     }
 
-    static constexpr auto indexes() { return std::array{Index{"Payment_document", "document"}}; }
+    static constexpr auto indexes()
+    {
+        return std::array{Index{"Payment_document", "document"},
+                          Index{"Payment_date", "date, document, amountMinorUnits"}};
+    }
 
     friend bool operator==(const Payment&, const Payment&) = default;
 };

@@ -1,8 +1,49 @@
 #include "QuillaryCore/Store/LibraryTables.h"
 
+#include "QuillaryCore/Store/StoreError.h"
+
 #include <fmt/format.h>
 
+#include <cstddef>
+#include <functional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace Quillary::LibraryTables {
+
+namespace {
+
+struct MissingIndex
+{
+    std::string name;
+    std::string creation;
+};
+
+/// SQLite keeps the statement that made an index as it was written.
+std::vector<MissingIndex> missingIndexes(Connection& connection, const Schema& schema)
+{
+    std::set<std::string, std::less<>> made;
+    Statement statement(connection, "SELECT sql FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL");
+    while (statement.step()) {
+        made.emplace(statement.text(0));
+    }
+    std::vector<MissingIndex> missing;
+    for (const Entity& entity : schema.entities) {
+        std::vector<std::string> statements = creationStatements(entity); // those of the indexes stand last
+        const std::size_t first = statements.size() - entity.indexes.size();
+        for (std::size_t number = 0; number < entity.indexes.size(); ++number) {
+            std::string& creation = statements[first + number];
+            if (!made.contains(creation)) {
+                missing.push_back({entity.indexes[number].name, std::move(creation)});
+            }
+        }
+    }
+    return missing;
+}
+
+} // namespace
 
 void createEntities(Connection& connection, const Schema& schema)
 {
@@ -10,6 +51,25 @@ void createEntities(Connection& connection, const Schema& schema)
         for (const std::string& statement : creationStatements(entity)) {
             connection.execute(statement);
         }
+    }
+}
+
+void makeMissingIndexes(Connection& connection, const Schema& schema)
+{
+    try {
+        const std::vector<MissingIndex> missing = missingIndexes(connection, schema);
+        if (missing.empty()) {
+            return;
+        }
+        connection.begin();
+        for (const MissingIndex& index : missing) {
+            connection.execute("DROP INDEX IF EXISTS " + quotedName(index.name));
+            connection.execute(index.creation);
+        }
+        connection.commit();
+    } catch (const StoreError&) {
+        connection.rollback();
+        connection.forgetFailure();
     }
 }
 

@@ -24,6 +24,10 @@ inline constexpr std::string_view keysTable = "LibraryKeys";
 /// Makes the tables and indexes of all entities.
 void createEntities(Connection& connection, const Schema& schema);
 
+/// Makes the indexes that the schema names and the file lacks or has otherwise: which indexes there are is no matter of
+/// the schema's version. Where that fails, the file keeps those it has: without them it is slower and no less right.
+void makeMissingIndexes(Connection& connection, const Schema& schema);
+
 /// Makes the store's own tables and marks the file.
 void createInformation(Connection& connection, const UUID& uuid, Instant created, int schemaVersion);
 

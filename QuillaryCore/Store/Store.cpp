@@ -146,6 +146,8 @@ void Store::openFolder(const SchemaHistory& history, const Clock& clock, UUIDSou
             makeTables(history.current, clock.now(), uuids.next());
             m_connection->checkpoint(); // so that the file tells by itself what it is
             LibraryFile::syncFolder(m_location.folder());
+        } else {
+            LibraryTables::makeMissingIndexes(*m_connection, history.current);
         }
     } catch (...) {
         m_connection.reset();

@@ -171,6 +171,34 @@ TEST_F(StoreTest, anUnfinishedNewFileIsFinished)
     EXPECT_EQ(open(temp / "header")->connection().integer("SELECT count(*) FROM Book"), 0);
 }
 
+TEST_F(StoreTest, bringsTheIndexesOfAnOlderProgramUpToDate)
+{
+    const char* statements = "SELECT group_concat(sql, '; ') FROM (SELECT sql FROM sqlite_master ORDER BY name)";
+    makeLibrary(temp / "library");
+    const auto asMade = open(temp / "library")->connection().text(statements);
+    {
+        Connection older(temp / "library/Library.sqlite", Connection::Access::readWrite);
+        older.execute("DROP INDEX Book_author");
+        older.execute("DROP INDEX Book_shelf");
+        older.execute("CREATE INDEX Book_shelf ON Book (shelf)");
+    }
+    {
+        Store reader = Store::openReadOnly(Store::Location::directory(temp / "library"), records(), history());
+        EXPECT_NE(reader.connection().text(statements), asMade) << "a reader writes nothing";
+    }
+    EXPECT_EQ(open(temp / "library")->connection().text(statements), asMade);
+    {
+        // Nothing can be made under a name that is taken: the library opens all the same.
+        Connection foreign(temp / "library/Library.sqlite", Connection::Access::readWrite);
+        foreign.execute("DROP INDEX Book_author");
+        foreign.execute("CREATE VIEW Book_author AS SELECT 1");
+    }
+    const auto store = open(temp / "library");
+    EXPECT_EQ(store->connection().integer("SELECT count(*) FROM Book"), 1);
+    EXPECT_FALSE(store->lastFailure()) << "a slower library is no failure";
+    EXPECT_FALSE(store->connection().isInTransaction());
+}
+
 TEST_F(StoreTest, onlyOneProgramWritesAndOthersRead)
 {
     const auto store = open(temp / "library");
