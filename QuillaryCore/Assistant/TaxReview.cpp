@@ -1,5 +1,4 @@
 #include "QuillaryCore/Assistant/DocumentReviewer.h"
-#include "QuillaryCore/Assistant/TaxNotes.h"
 #include "QuillaryCore/Foundation/Locale.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
@@ -8,6 +7,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
+#include "QuillaryCore/Model/TaxNotes.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "QuillaryCore/Assistant/TaxNotes.h"
+#include "QuillaryCore/Model/TaxNotes.h"
 
 #include "QuillaryCore/Foundation/Precondition.h"
 
