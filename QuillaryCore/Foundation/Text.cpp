@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -27,6 +28,23 @@ bool isASCII(char byte)
 std::int32_t icuLength(std::string_view text)
 {
     return static_cast<std::int32_t>(std::min<std::size_t>(text.size(), std::numeric_limits<std::int32_t>::max()));
+}
+
+/// The length of a beginning that holds nothing but ASCII and no NUL, up to eight bytes too short: eight bytes at a time.
+std::size_t plainPrefixSize(std::string_view bytes)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    constexpr std::uint64_t lowestBits = 0x0101010101010101;
+    std::size_t size = 0;
+    for (; size + sizeof(std::uint64_t) <= bytes.size(); size += sizeof(std::uint64_t)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data() + size, sizeof word);
+        // Subtracting one borrows from the highest bit of a byte only where the byte is zero.
+        if (((word | (word - lowestBits)) & highBits) != 0) {
+            break;
+        }
+    }
+    return size;
 }
 
 /// In ASCII text every character stands alone, except that CR LF is one.
@@ -166,6 +184,10 @@ bool hasControlCharacter(std::string_view text)
 bool isValidUTF8(std::string_view bytes)
 {
     while (!bytes.empty()) {
+        bytes.remove_prefix(plainPrefixSize(bytes));
+        if (bytes.empty()) {
+            break;
+        }
         const auto character = decodeFirst(bytes);
         if (character.scalar.value_or(0) == 0) {
             return false;
