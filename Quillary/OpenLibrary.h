@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Quillary/Control/LibraryClaim.h"
-#include "QuillaryCore/Assistant/AssistantActions.h"
-#include "QuillaryCore/Assistant/LibrarySearch.h"
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+#include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/ApprovalAsker.h"
+#include "QuillaryCore/Assistant/Access/ApprovalAsker.h"
 
 #include <QSocketNotifier>
 #include <QTimer>

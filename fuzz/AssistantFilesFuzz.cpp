@@ -1,8 +1,8 @@
 // Whatever bytes lie in the assistants' settings and log are refused, or mean what is written back.
 
-#include "QuillaryCore/Assistant/ActivityEntry.h"
-#include "QuillaryCore/Assistant/AssistantSettings.h"
-#include "QuillaryCore/Assistant/ShownText.h"
+#include "QuillaryCore/Assistant/Access/ActivityEntry.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettings.h"
+#include "QuillaryCore/Assistant/Access/ShownText.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/Text.h"
 

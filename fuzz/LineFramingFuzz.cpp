@@ -1,6 +1,6 @@
 // However bytes arrive, the same lines come of them: those that splitting the whole at its newlines gives.
 
-#include "QuillaryCore/Assistant/LineBuffer.h"
+#include "QuillaryCore/Assistant/Session/LineBuffer.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/Text.h"
 

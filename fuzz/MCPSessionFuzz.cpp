@@ -1,8 +1,8 @@
 // Whatever lines an assistant app sends, each is answered once, with a line of valid JSON or with nothing, and the
 // library stays one that can be asked.
 
-#include "QuillaryCore/Assistant/LineBuffer.h"
-#include "QuillaryCore/Assistant/MCPSession.h"
+#include "QuillaryCore/Assistant/Session/LineBuffer.h"
+#include "QuillaryCore/Assistant/Session/MCPSession.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"

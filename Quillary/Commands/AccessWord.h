@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/AssistantAccess.h"
+#include "QuillaryCore/Assistant/Tools/AssistantAccess.h"
 
 #include <optional>
 #include <string_view>

@@ -2,8 +2,8 @@
 
 #include "Quillary/Commands/Command.h"
 #include "Quillary/Commands/ToolArguments.h"
-#include "QuillaryCore/Assistant/AssistantTool.h"
-#include "QuillaryCore/Assistant/ToolResult.h"
+#include "QuillaryCore/Assistant/Tools/AssistantTool.h"
+#include "QuillaryCore/Assistant/Tools/ToolResult.h"
 
 #include <filesystem>
 #include <string>

@@ -8,7 +8,7 @@
 #include "Quillary/Commands/ExampleCommand.h"
 #include "Quillary/Commands/SamplesCommand.h"
 #include "Quillary/Commands/ServeCommand.h"
-#include "QuillaryCore/Assistant/AssistantTool.h"
+#include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
 #include <CLI/CLI.hpp>

@@ -3,7 +3,7 @@
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"
-#include "QuillaryCore/Assistant/AssistantActions.h"
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Model/Business.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Quillary/Commands/Command.h"
-#include "QuillaryCore/Assistant/PageJobs.h"
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Foundation/JSON.h"
 
 #include <filesystem>

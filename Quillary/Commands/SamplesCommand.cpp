@@ -2,7 +2,7 @@
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/PrintingHost.h"
-#include "QuillaryCore/Assistant/PageJobs.h"
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"

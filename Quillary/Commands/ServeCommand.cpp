@@ -7,7 +7,7 @@
 #include "Quillary/PrintingHost.h"
 #include "Quillary/StopSignals.h"
 #include "QuillaryChannel/AssistantChannel.h"
-#include "QuillaryCore/Assistant/AssistantSettings.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettings.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"

@@ -1,6 +1,6 @@
 #include "QuillaryUI/Assistant/AssistantConnection.h"
 
-#include "QuillaryCore/Assistant/MCPMessages.h"
+#include "QuillaryCore/Assistant/Session/MCPMessages.h"
 #include "QuillaryUI/Assistant/LookAhead.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/LineBuffer.h"
+#include "QuillaryCore/Assistant/Session/LineBuffer.h"
 #include "QuillaryUI/Assistant/Descriptor.h"
 #include "QuillaryUI/Assistant/WakeUp.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "QuillaryChannel/AssistantChannel.h"
-#include "QuillaryCore/Assistant/MCPSession.h"
+#include "QuillaryCore/Assistant/Session/MCPSession.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryUI/Assistant/Acceptor.h"
 #include "QuillaryUI/Assistant/AssistantConnection.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/LineBuffer.h"
+#include "QuillaryCore/Assistant/Session/LineBuffer.h"
 
 #include <cstddef>
 #include <functional>

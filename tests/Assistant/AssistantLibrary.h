@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/AssistantActions.h"
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/BusinessDefaults.h"
 #include "QuillaryCore/Model/DataModel.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Assistant/AssistantHost.h"
+#include "QuillaryCore/Assistant/Tools/AssistantHost.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "Quillary/Commands/AssistantSetup.h"
-#include "QuillaryCore/Assistant/ActivityLog.h"
-#include "QuillaryCore/Assistant/AssistantSettingsFile.h"
+#include "QuillaryCore/Assistant/Access/ActivityLog.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "tests/Quillary/RunProgram.h"
 #include "tests/Support/TempFolder.h"

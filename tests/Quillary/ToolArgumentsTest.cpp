@@ -1,6 +1,6 @@
 #include "Quillary/Commands/ToolArguments.h"
 
-#include "QuillaryCore/Assistant/AssistantTool.h"
+#include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,436 @@
+#include "QuillaryCore/Assistant/Operations/DocumentSession.h"
+
+#include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/ServiceDate.h"
+#include "QuillaryCore/Assistant/Review/DocumentReviewer.h"
+#include "QuillaryCore/Assistant/Tools/PlainText.h"
+#include "QuillaryCore/Assistant/Tools/ToolResult.h"
+#include "QuillaryCore/Billing/DocumentAmounts.h"
+#include "QuillaryCore/Billing/DocumentLimits.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/DeliveryKind.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/LineItem.h"
+#include "QuillaryCore/Model/NumberedKind.h"
+#include "QuillaryCore/Model/ReviewAnswer.h"
+#include "QuillaryCore/Model/TaxLabel.h"
+#include "QuillaryCore/Model/TaxNotes.h"
+#include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Model/Units.h"
+#include "QuillaryCore/Numbering/Numbering.h"
+#include "QuillaryCore/Numbering/NumberingError.h"
+#include "QuillaryCore/Schedules/TimeBilling.h"
+
+#include <fmt/format.h>
+
+namespace Quillary {
+
+namespace {
+
+/// How long a quote stands when nobody says otherwise.
+constexpr int quoteValidityDays = 30;
+
+/// What is shown of a longer reason for charging no tax. Unit: characters.
+constexpr std::size_t longestReason = 80;
+/// Of a line's title in a sentence about it. Unit: characters.
+constexpr std::size_t longestTitle = 60;
+constexpr std::size_t longestName = 100;
+
+NumberedKind series(const Document& document)
+{
+    return numbered(kind(document).value_or(DocumentKind::invoice));
+}
+
+bool isQuote(const Document& document)
+{
+    return kind(document) == DocumentKind::quote;
+}
+
+/// Only these ask for money, and so have terms and a due date. A kind that can't be read counts as one.
+bool asksForPayment(const Document& document)
+{
+    return kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+}
+
+} // namespace
+
+DocumentSession::DocumentSession(const AssistantEnvironment& environment, Document& document)
+    : m_environment(environment)
+    , m_document(document)
+{
+}
+
+const Business& DocumentSession::business() const
+{
+    return m_environment.ownBusiness();
+}
+
+const Client* DocumentSession::client() const
+{
+    return m_environment.context.find(m_document.client);
+}
+
+DocumentSession DocumentSession::create(const AssistantEnvironment& environment, std::string_view kindWord)
+{
+    Document& document = environment.context.insert<Document>();
+    DocumentSession session(environment, document);
+    const Business& business = session.business();
+    const bool quote = kindWord == "quote";
+    const Calendar& calendar = environment.calendar;
+
+    document.kindRaw = static_cast<std::int16_t>(quote ? DocumentKind::quote : DocumentKind::invoice);
+    document.statusRaw = static_cast<std::int16_t>(DocumentStatus::draft);
+    document.issueDate = calendar.storedDay(calendar.date(environment.clock.now()));
+    document.currencyCode = business.currencyCode;
+    document.languageCode = business.languageCode;
+    document.paymentTermsDays = business.paymentTermsDays;
+    document.introText = quote ? business.quoteIntroText : business.invoiceIntroText;
+    document.outroText = quote ? business.quoteOutroText : business.invoiceOutroText;
+    document.madeBy = environment.assistantName;
+    if (quote) {
+        document.validUntil = calendar.addingDays(*document.issueDate, quoteValidityDays);
+    }
+    if (business.taxExempt) {
+        session.setTreatment(TaxTreatment::exempt, business.taxExemptNote);
+    }
+    session.m_isNew = true;
+    return session;
+}
+
+DocumentSession DocumentSession::open(const AssistantEnvironment& environment, const Document& document)
+{
+    if (kind(document) == DocumentKind::recurring) {
+        throw AssistantError(fmt::format("{} is a template, which only the user changes, in Quillary. The "
+                                         "invoices made from it can be changed while they are drafts.",
+                                         Lookup::reference(document)));
+    }
+    if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
+        const bool invoice = kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+        throw AssistantError(fmt::format(
+            "{} is no draft any more, so it can't be changed.{}",
+            document.number.empty() ? "This document" : plainText(document.number),
+            invoice ? " To correct an invoice that was sent, make a credit note for it and a new invoice." : ""));
+    }
+    return {environment, environment.context.edit(document)};
+}
+
+void DocumentSession::apply(const Arguments& arguments)
+{
+    const std::optional<Instant> oldIssueDate = m_document.issueDate;
+    const Client* oldClient = client();
+    const std::int16_t oldTerms = m_document.paymentTermsDays;
+    const DocumentLanguage oldLanguage = language(m_document);
+
+    applyClient(arguments, oldClient);
+    applyTexts(arguments);
+    applyCurrency(arguments, oldClient);
+    applyDates(arguments);
+    applyDueDate(oldIssueDate, oldTerms);
+    applyServiceDate(arguments);
+    applyTaxTreatment(arguments);
+    tellOwnExemption();
+    if (language(m_document) != oldLanguage) {
+        refreshWords();
+    }
+    applyLines(arguments);
+    applyDiscount(arguments);
+    if (client() != nullptr && client() == oldClient) {
+        rememberAnswers(arguments);
+    }
+    applyNumber(oldIssueDate, oldClient);
+
+    if (const std::optional<std::string> sentence = checkAggregates(m_environment.context, m_document)) {
+        throw AssistantError(*sentence);
+    }
+    updateCachedTotals(m_environment.context, m_document);
+}
+
+void DocumentSession::applyClient(const Arguments& arguments, const Client* before)
+{
+    const std::optional<std::string> named = arguments.line("client", Limits::lineLength);
+    if (!named) {
+        return;
+    }
+    const Client& chosen = Lookup::client(m_environment, *named);
+    // Naming the client again is no wish to have their settings back in place of what was said since.
+    if (&chosen == before) {
+        return;
+    }
+    requireNoTimeOf(chosen);
+    m_document.client = chosen.ref;
+    takeDefaults(arguments, chosen, before);
+}
+
+/// Time that was tracked for somebody else would be billed to the wrong client, and be gone from the right one's.
+void DocumentSession::requireNoTimeOf(const Client& chosen)
+{
+    Context& context = m_environment.context;
+    std::size_t number = 0;
+    for (const LineItem* line : linesInOrder(context, m_document)) {
+        number += 1;
+        for (const TimeEntry* entry : TimeBilling::entries(context, *line)) {
+            if (entry->client == chosen.ref) {
+                continue;
+            }
+            const Client* owner = context.find(entry->client);
+            throw AssistantError(
+                fmt::format("The client can't become {}: line {} (“{}”) bills tracked time of {}. Remove such lines "
+                            "first, in a call of its own (remove_lines), then change the client.",
+                            plainText(displayName(chosen)),
+                            number,
+                            plainText(line->title, longestTitle),
+                            owner == nullptr ? "nobody" : plainText(displayName(*owner))));
+        }
+    }
+}
+
+void DocumentSession::takeDefaults(const Arguments& arguments, const Client& chosen, const Client* before)
+{
+    const std::string name = plainText(displayName(chosen), longestName);
+    // What another client brought along leaves with that client.
+    if (before != nullptr) {
+        if (!before->languageCode.empty() && m_document.languageCode == before->languageCode) {
+            m_document.languageCode = business().languageCode;
+        }
+        if (before->paymentTermsDays > 0 && m_document.paymentTermsDays == before->paymentTermsDays) {
+            m_document.paymentTermsDays = business().paymentTermsDays;
+        }
+    }
+    if (!chosen.languageCode.empty() && !arguments.has("language")) {
+        m_document.languageCode = chosen.languageCode;
+        m_filledIn.push_back(fmt::format("language {} (from {})", chosen.languageCode, name));
+    }
+    if (chosen.paymentTermsDays > 0 && !arguments.has("payment_terms_days")) {
+        // A quote keeps them for the invoice that may be made from it, and shows nothing of them.
+        m_document.paymentTermsDays = chosen.paymentTermsDays;
+        if (asksForPayment(m_document)) {
+            m_filledIn.push_back(fmt::format("payment terms {} days (from {})", chosen.paymentTermsDays, name));
+        }
+    }
+}
+
+void DocumentSession::applyTexts(const Arguments& arguments)
+{
+    if (auto title = arguments.line("title", Limits::lineLength)) {
+        m_document.title = std::move(*title);
+    }
+    if (auto intro = arguments.paragraphs("intro", Limits::textLength)) {
+        m_document.introText = std::move(*intro);
+    }
+    if (auto footer = arguments.paragraphs("footer", Limits::textLength)) {
+        m_document.outroText = std::move(*footer);
+    }
+    if (auto language = arguments.line("language", Limits::lineLength)) {
+        m_document.languageCode = std::move(*language);
+    }
+}
+
+void DocumentSession::applyDates(const Arguments& arguments)
+{
+    const Calendar& calendar = m_environment.calendar;
+    const std::optional<CalendarDate> issueDate = arguments.date("issue_date");
+    if (issueDate) {
+        if (isQuote(m_document) && m_document.validUntil && m_document.issueDate) {
+            const int validity = calendar.daysBetween(*m_document.issueDate, *m_document.validUntil);
+            m_document.validUntil = calendar.addingDays(calendar.storedDay(*issueDate), validity);
+        }
+        const bool isSameDay = m_document.issueDate && calendar.date(*m_document.issueDate) == *issueDate;
+        m_document.issueDate = isSameDay ? m_document.issueDate : calendar.storedDay(*issueDate);
+    }
+    if (const auto terms = arguments.wholeNumber("payment_terms_days", 0, Limits::paymentTermsDays)) {
+        if (!asksForPayment(m_document)) {
+            arguments.refuse("payment_terms_days",
+                             fmt::format("belongs to invoices: a {} asks for no payment.",
+                                         isQuote(m_document) ? "quote" : "credit note"));
+        }
+        m_document.paymentTermsDays = static_cast<std::int16_t>(*terms);
+    }
+}
+
+void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
+{
+    if (!asksForPayment(m_document) || !m_document.issueDate) {
+        return;
+    }
+    // A due date that the user picked stays until the dates that it hangs on change.
+    const bool hangsOnChange = m_document.issueDate != oldIssueDate || m_document.paymentTermsDays != oldTerms;
+    if (!m_document.dueDate || hangsOnChange) {
+        m_document.dueDate = m_environment.calendar.addingDays(*m_document.issueDate, m_document.paymentTermsDays);
+    }
+}
+
+void DocumentSession::applyServiceDate(const Arguments& arguments)
+{
+    const std::optional<std::string> text = arguments.line("service_date", Limits::lineLength);
+    if (!text) {
+        return;
+    }
+    if (text->empty()) {
+        m_document.deliveryKindRaw = static_cast<std::int16_t>(DeliveryKind::none);
+        m_document.deliveryStart.reset();
+        m_document.deliveryEnd.reset();
+        return;
+    }
+    const Calendar& calendar = m_environment.calendar;
+    const CalendarDate today = calendar.date(m_environment.clock.now());
+    const CalendarDate invoiceDate = m_document.issueDate ? calendar.date(*m_document.issueDate) : today;
+    const std::optional<ServiceDate> service = ServiceDate::parse(*text, today, invoiceDate);
+    if (!service) {
+        arguments.refuse("service_date",
+                         "must be a date such as 2026-03-31, a period such as 2026-03-01..2026-03-31, or today, "
+                         "yesterday, invoice_date, this_week, last_week, this_month or last_month.");
+    }
+    const DeliveryKind delivery = service->end ? DeliveryKind::servicePeriod : DeliveryKind::serviceDate;
+    m_document.deliveryKindRaw = static_cast<std::int16_t>(delivery);
+    m_document.deliveryStart = calendar.storedDay(service->start);
+    m_document.deliveryEnd = service->end ? std::optional(calendar.storedDay(*service->end)) : std::nullopt;
+}
+
+void DocumentSession::applyTaxTreatment(const Arguments& arguments)
+{
+    const std::optional<bool> reverseCharge = arguments.flag("reverse_charge");
+    const std::optional<bool> outsideEU = arguments.flag("outside_eu");
+    const std::optional<bool> exempt = arguments.flag("tax_exempt");
+    const int chosen = int{reverseCharge == true} + int{outsideEU == true} + int{exempt == true};
+    if (chosen > 1) {
+        throw AssistantError("Choose one of “reverse_charge”, “outside_eu” and “tax_exempt”.");
+    }
+    const std::optional<std::string> note = arguments.paragraphs("tax_exempt_note", Limits::textLength);
+    if (reverseCharge == true) {
+        setPrintedTreatment(TaxTreatment::reverseCharge);
+    } else if (outsideEU == true) {
+        setPrintedTreatment(TaxTreatment::outsideEU);
+    } else if (exempt == true) {
+        setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : ownReason());
+    } else {
+        takeBackTreatment(arguments);
+    }
+    if (note) {
+        if (!m_document.taxExempt && !note->empty()) {
+            arguments.refuse("tax_exempt_note", "needs a document without tax: set tax_exempt as well.");
+        }
+        m_document.taxExemptNote = *note;
+    }
+}
+
+void DocumentSession::takeBackTreatment(const Arguments& arguments)
+{
+    const TaxTreatment current = taxTreatment(m_environment.context, m_document);
+    if (arguments.flag("tax_exempt") == false) {
+        // The lines have kept their rates all the while, so that the tax is back as it was.
+        setTreatment(TaxTreatment::standard, "");
+        return;
+    }
+    const bool takenBack = (current == TaxTreatment::reverseCharge && arguments.flag("reverse_charge") == false) ||
+                           (current == TaxTreatment::outsideEU && arguments.flag("outside_eu") == false);
+    if (takenBack && business().taxExempt) {
+        setTreatment(TaxTreatment::exempt, business().taxExemptNote);
+    } else if (takenBack) {
+        setTreatment(TaxTreatment::standard, "");
+    }
+}
+
+/// A treatment with the reason that we print for it, unless it holds already with one in the user's own words.
+void DocumentSession::setPrintedTreatment(TaxTreatment treatment)
+{
+    const bool holdsAlready = taxTreatment(m_environment.context, m_document) == treatment;
+    const std::string own = holdsAlready ? ownReason() : "";
+    setTreatment(treatment, own.empty() ? std::string(taxNote(treatment, language(m_document))) : own);
+}
+
+/// A new document of a business that charges no tax says so, if it still holds after the call's own wishes.
+void DocumentSession::tellOwnExemption()
+{
+    if (!m_isNew || !business().taxExempt || taxTreatment(m_environment.context, m_document) != TaxTreatment::exempt) {
+        return;
+    }
+    const std::string reason = plainText(m_document.taxExemptNote, longestReason);
+    m_filledIn.push_back(
+        fmt::format("no {}: {}", taxLabelText(business()), reason.empty() ? "(no reason given)" : reason));
+}
+
+/// Answers that leave the document as it is. They count once the client is known: before that nothing was asked.
+void DocumentSession::rememberAnswers(const Arguments& arguments)
+{
+    Context& context = m_environment.context;
+    if (arguments.has("currency")) {
+        ReviewAnswers::remember(
+            context, m_document, ReviewTopic::currency, currencyAnswer(*client(), m_document.currencyCode));
+    }
+    const bool isDeclined = arguments.flag("reverse_charge") == false || arguments.flag("outside_eu") == false;
+    if (isDeclined && !m_document.taxExempt) {
+        ReviewAnswers::remember(context, m_document, ReviewTopic::taxTreatment, taxTreatmentAnswer(*client()));
+    }
+}
+
+/// The note, unless it is one that we print: those go with their treatment, whatever the language was when they came.
+std::string DocumentSession::ownReason() const
+{
+    const std::string& note = m_document.taxExemptNote;
+    const bool isOurs = isTaxNote(note, TaxTreatment::reverseCharge) || isTaxNote(note, TaxTreatment::outsideEU);
+    return isOurs ? "" : note;
+}
+
+void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& note)
+{
+    m_document.taxExempt = treatment != TaxTreatment::standard;
+    m_document.taxExemptNote = note;
+    setTaxTreatment(m_environment.context, m_document, treatment);
+}
+
+void DocumentSession::refreshWords()
+{
+    const UnitLibrary library(m_environment.context, business());
+    for (const LineItem* line : linesInOrder(m_environment.context, m_document)) {
+        if (!line->unit.empty()) {
+            Quillary::setUnit(m_environment.context.edit(*line), line->unit, library, language(m_document));
+        }
+    }
+    const TaxTreatment treatment = taxTreatment(m_environment.context, m_document);
+    if (isTaxNote(m_document.taxExemptNote, treatment)) {
+        m_document.taxExemptNote = taxNote(treatment, language(m_document));
+    }
+}
+
+void DocumentSession::applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient)
+{
+    Context& context = m_environment.context;
+    const Calendar& calendar = m_environment.calendar;
+    const Instant date = m_document.issueDate.value_or(m_environment.clock.now());
+    if (!m_document.number.empty()) {
+        if (oldIssueDate == m_document.issueDate && oldClient == client()) {
+            return;
+        }
+        // A draft's number moves with its date and client only while it is the newest: any other would leave a gap.
+        const bool released = Numbering::releaseIfNewest(context,
+                                                         m_document.number,
+                                                         series(m_document),
+                                                         oldIssueDate.value_or(date),
+                                                         oldClient,
+                                                         business(),
+                                                         calendar);
+        if (!released) {
+            return;
+        }
+        m_document.number.clear();
+    }
+    try {
+        m_document.number = Numbering::assign(context, series(m_document), date, client(), business(), calendar);
+    } catch (const NumberingError& error) {
+        // A pattern that counts per client numbers the draft once it has one.
+        const bool waitsForClient = error.reason() == NumberingError::Reason::missingClient ||
+                                    error.reason() == NumberingError::Reason::missingClientNumber;
+        if (!waitsForClient || client() != nullptr) {
+            throw AssistantError(error.message());
+        }
+    }
+}
+
+} // namespace Quillary

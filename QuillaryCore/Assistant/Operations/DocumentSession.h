@@ -1,0 +1,93 @@
+#pragma once
+
+#include "QuillaryCore/Assistant/Tools/Arguments.h"
+#include "QuillaryCore/Assistant/Tools/AssistantEnvironment.h"
+#include "QuillaryCore/Model/DocumentLanguage.h"
+#include "QuillaryCore/Model/DocumentTaxTreatment.h"
+#include "QuillaryCore/Schedules/TimeInvoicing.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Quillary {
+
+struct Client;
+struct Document;
+struct LineItem;
+struct TimeEntry;
+
+/// Fills one draft from a call's arguments, and everything else from the client's and the business's settings.
+///
+/// Works inside the caller's scope: when an argument is refused the scope takes back all of it. Throws:
+/// `AssistantError`.
+class DocumentSession
+{
+public:
+    /// A new draft of "invoice" or "quote" with the business's defaults, not yet numbered.
+    [[nodiscard]] static DocumentSession create(const AssistantEnvironment& environment, std::string_view kindWord);
+
+    /// An existing draft. Throws when the document is no draft any more: what was issued is not changed; nor
+    /// is a recurring template, which counts no number and is sent to nobody.
+    [[nodiscard]] static DocumentSession open(const AssistantEnvironment& environment, const Document& document);
+
+    /// Applies all arguments, numbers the document and brings its figures up to date.
+    void apply(const Arguments& arguments);
+
+    [[nodiscard]] const Document& document() const { return m_document; }
+
+    /// What the settings filled in, in short texts for the answer.
+    [[nodiscard]] const std::vector<std::string>& filledIn() const { return m_filledIn; }
+
+private:
+    DocumentSession(const AssistantEnvironment& environment, Document& document);
+
+    void applyClient(const Arguments& arguments, const Client* before);
+    void takeDefaults(const Arguments& arguments, const Client& chosen, const Client* before);
+    void requireNoTimeOf(const Client& chosen);
+    void applyTexts(const Arguments& arguments);
+    void applyCurrency(const Arguments& arguments, const Client* before);
+    [[nodiscard]] std::string wantedCurrency(const Arguments& arguments, const Client* before);
+    void changeCurrency(const std::string& wanted, const Arguments& arguments);
+    void requireOwnPrice(const LineItem& line, std::size_t number, const std::string& wanted);
+    void applyDates(const Arguments& arguments);
+    void applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms);
+    void applyServiceDate(const Arguments& arguments);
+    void applyTaxTreatment(const Arguments& arguments);
+    void takeBackTreatment(const Arguments& arguments);
+    void setPrintedTreatment(TaxTreatment treatment);
+    void tellOwnExemption();
+    void rememberAnswers(const Arguments& arguments);
+    void applyLines(const Arguments& arguments);
+    void applyDiscount(const Arguments& arguments);
+    void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
+
+    void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);
+    void addLine(const Arguments& arguments, std::int32_t sortIndex);
+    void copyLastInvoice();
+    [[nodiscard]] const Document& lastInvoice();
+    void copyLines(const Document& last);
+    void keepLineAnswers(const LineItem& copy);
+    void rememberLineAnswers(const LineItem& line, const Arguments& change);
+    void addUnbilledTime();
+    void addTimeLine(const TimeInvoicing::Line& proposed, const std::vector<const TimeEntry*>& entries);
+    void fillLine(LineItem& line, const Arguments& arguments);
+    void setUnit(LineItem& line, const Arguments& arguments);
+    void setTreatment(TaxTreatment treatment, const std::string& note);
+    void refreshWords();
+
+    [[nodiscard]] const Business& business() const;
+    [[nodiscard]] const Client* client() const;
+    [[nodiscard]] std::int32_t defaultRate() const;
+    [[nodiscard]] std::int32_t nextSortIndex() const;
+    [[nodiscard]] std::string ownReason() const;
+
+    const AssistantEnvironment& m_environment;
+    Document& m_document;
+    std::vector<std::string> m_filledIn;
+    bool m_isNew = false;
+};
+
+} // namespace Quillary
