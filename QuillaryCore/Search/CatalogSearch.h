@@ -4,12 +4,20 @@
 #include "QuillaryCore/Store/Context.h"
 
 #include <string_view>
-#include <vector>
 
 namespace Quillary {
 
-/// The saved products and services whose name (or, less so, details) fits a query; an empty one gives all. In no order.
-/// There are few enough of them to be read anew each time.
-[[nodiscard]] std::vector<TextIndex::Hit> findCatalogItems(Context& context, std::string_view query);
+/// The saved products and services as they are when it is made: there are few enough of them to be read anew each time.
+class CatalogSearch
+{
+public:
+    explicit CatalogSearch(Context& context);
+
+    /// By name or, less so, details; an empty query gives all. Valid as long as the search.
+    [[nodiscard]] TextHits items(std::string_view query) const;
+
+private:
+    TextIndex m_items;
+};
 
 } // namespace Quillary

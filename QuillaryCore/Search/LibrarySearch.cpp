@@ -105,12 +105,20 @@ void LibrarySearch::enterClient(const Statement& row, const std::vector<std::str
     const std::array<std::string_view, 5> own = {row.text(2), row.text(3), person, row.text(6), vatID};
     std::vector<std::string_view> further = {row.text(8)};
     further.insert(further.end(), contacts.begin(), contacts.end());
-    m_clients.put(row.integer(0), milliseconds(row.instant(1)), own, further);
+    const std::size_t slot = m_clients.put(row.integer(0), milliseconds(row.instant(1)), own, further);
+    m_clientsBySlot.resize(slot + 1);
+    m_clientsBySlot[slot] = clientNumber(row.integer(0));
+}
+
+LibrarySearch::ClientNumber LibrarySearch::clientNumber(Key client)
+{
+    return m_clientNumbers.try_emplace(client, static_cast<ClientNumber>(m_clientNumbers.size())).first->second;
 }
 
 void LibrarySearch::fillClients()
 {
     m_clients.clear();
+    m_clientsBySlot.clear();
     m_clientOfContact.clear();
     m_changedClients.clear();
     m_changedContacts.clear();
@@ -174,16 +182,20 @@ void LibrarySearch::enterDocument(const Statement& row)
                      .client = row.integer(6),
                      .dueDate = row.instant(8),
                      .validUntil = row.instant(9)};
+    m_clientsOfDocuments.resize(slot + 1);
+    m_clientsOfDocuments[slot] = clientNumber(row.integer(6));
 }
 
 void LibrarySearch::fillDocuments()
 {
     m_documents.clear();
     m_facts.clear();
+    m_clientsOfDocuments.clear();
     m_changedDocuments.clear();
     const auto count = static_cast<std::size_t>(m_context.count<Document>(""));
     m_documents.reserve(count);
     m_facts.reserve(count);
+    m_clientsOfDocuments.reserve(count);
     m_context.query(fmt::format("SELECT {} ORDER BY id", documentColumns),
                     [this](const Statement& row) { enterDocument(row); });
     m_hasDocuments = true;
@@ -206,63 +218,54 @@ void LibrarySearch::refreshDocuments()
     }
 }
 
-std::vector<LibrarySearch::Hit> LibrarySearch::clients(std::string_view query, TextIndex::Slips slips)
+TextHits LibrarySearch::clients(std::string_view query, TextIndex::Slips slips)
 {
     refreshClients();
     return query.empty() ? m_clients.all() : m_clients.find(query, slips);
 }
 
-std::vector<LibrarySearch::Hit> LibrarySearch::documents(std::string_view query)
+TextHits LibrarySearch::documents(std::string_view query)
 {
     refreshDocuments();
     if (query.empty()) {
         return m_documents.all();
     }
-    std::vector<Hit> hits = m_documents.find(query);
+    TextHits hits = m_documents.find(query);
     addDocumentsOfClients(query, hits);
     return hits;
 }
 
-void LibrarySearch::addDocumentsOfClients(std::string_view query, std::vector<Hit>& hits)
+void LibrarySearch::addDocumentsOfClients(std::string_view query, TextHits& hits)
 {
-    const bool hasOnlySlips =
-        std::ranges::all_of(hits, [](const Hit& hit) { return hit.rank == TextIndex::Rank::similar; });
-    std::unordered_map<Key, const Hit*> clientHits;
-    const std::vector<Hit> found = clients(query);
-    for (const Hit& hit : found) {
-        // What only looks like a client's name adds nothing to documents that really hold the query.
-        if (hasOnlySlips || hit.rank != TextIndex::Rank::similar) {
-            clientHits.emplace(hit.key, &hit);
-        }
-    }
-    if (clientHits.empty()) {
+    const auto isReal = [](const Hit& hit) {
+        return hit.rank != TextRank::similar;
+    };
+    const bool hasReal = hits.anyOf(isReal);
+    // What only looks like a client's name adds nothing to documents that really hold the query.
+    const TextHits found = clients(query, hasReal ? TextIndex::Slips::notForgiven : TextIndex::Slips::forgiven);
+    if (found.isEmpty()) {
         return;
     }
-    const bool hasReal = std::ranges::any_of(
-        clientHits, [](const auto& entry) { return entry.second->rank != TextIndex::Rank::similar; });
-    if (hasReal && hasOnlySlips) {
+    if (!hasReal && found.anyOf(isReal)) {
         hits.clear();
     }
-    std::vector<bool> isFound(m_facts.size());
-    for (const Hit& hit : hits) {
-        isFound[hit.slot] = true;
-    }
-    for (Hit& hit : m_documents.all()) {
-        const auto client = clientHits.find(m_facts[hit.slot].client);
-        if (!isFound[hit.slot] && client != clientHits.end()) {
-            hit.rank = std::max(client->second->rank, TextIndex::Rank::word);
-            hit.slips = client->second->slips;
-            hit.isOwn = false;
-            hits.push_back(hit);
+    struct ClientHit
+    {
+        bool isFound = false;
+        TextRank rank = TextRank::exact;
+        std::uint8_t slips = 0;
+    };
+    std::vector<ClientHit> hitOfClient(m_clientNumbers.size());
+    found.forEach([&](const Hit& hit) {
+        hitOfClient[m_clientsBySlot[hit.slot]] = {
+            .isFound = true, .rank = hit.rank, .slips = static_cast<std::uint8_t>(hit.slips)};
+    });
+    m_documents.all().forEach([&](const Hit& document) {
+        const ClientHit& client = hitOfClient[m_clientsOfDocuments[document.slot]];
+        if (client.isFound && !hits.holds(document.slot)) {
+            hits.note(document.slot, std::max(client.rank, TextRank::word), false, client.slips);
         }
-    }
-}
-
-void LibrarySearch::keepBest(std::vector<Hit>& hits, std::size_t limit)
-{
-    const auto middle = hits.begin() + static_cast<std::ptrdiff_t>(std::min(limit, hits.size()));
-    std::partial_sort(hits.begin(), middle, hits.end());
-    hits.erase(middle, hits.end());
+    });
 }
 
 } // namespace Quillary

@@ -35,11 +35,12 @@ public:
 
     explicit LibrarySearch(Context& context);
 
-    /// By number, name, email, VAT ID, contact person or city; in no order. An empty query gives all.
-    [[nodiscard]] std::vector<Hit> clients(std::string_view query, TextIndex::Slips slips = TextIndex::Slips::forgiven);
+    /// By number, name, email, VAT ID, contact person or city. An empty query gives all. Valid until the next search.
+    [[nodiscard]] TextHits clients(std::string_view query, TextIndex::Slips slips = TextIndex::Slips::forgiven);
 
-    /// Invoices, quotes and credit notes by number, title or client; in no order. An empty query gives all.
-    [[nodiscard]] std::vector<Hit> documents(std::string_view query);
+    /// Invoices, quotes and credit notes by number, title or client. An empty query gives all. Valid until the next
+    /// search.
+    [[nodiscard]] TextHits documents(std::string_view query);
 
     /// Of a document that `documents` has found; valid until the next search.
     [[nodiscard]] const DocumentFacts& facts(const Hit& hit) const { return m_facts[hit.slot]; }
@@ -47,10 +48,10 @@ public:
     /// Whether clients can be found without reading the library.
     [[nodiscard]] bool hasClients() const { return m_hasClients; }
 
-    /// Leaves the best `limit` hits, in their order.
-    static void keepBest(std::vector<Hit>& hits, std::size_t limit);
-
 private:
+    /// Counts the clients that were heard of; unlike a slot it stays as it is when a client is entered anew.
+    using ClientNumber = std::uint32_t;
+
     void note(const ChangeSet& changes);
     void observe();
     void refreshClients();
@@ -60,12 +61,16 @@ private:
     void enterContacts(Key client, std::vector<std::string>& texts);
     void enterClient(const Statement& row, const std::vector<std::string>& contacts);
     void enterDocument(const Statement& row);
-    void addDocumentsOfClients(std::string_view query, std::vector<Hit>& hits);
+    [[nodiscard]] ClientNumber clientNumber(Key client);
+    void addDocumentsOfClients(std::string_view query, TextHits& hits);
 
     Context& m_context;
     TextIndex m_clients;
     TextIndex m_documents;
-    std::vector<DocumentFacts> m_facts; ///< by the slots of `m_documents`
+    std::vector<DocumentFacts> m_facts;             ///< by the slots of `m_documents`
+    std::vector<ClientNumber> m_clientsOfDocuments; ///< by the slots of `m_documents`
+    std::vector<ClientNumber> m_clientsBySlot;      ///< by the slots of `m_clients`
+    std::unordered_map<Key, ClientNumber> m_clientNumbers;
     std::unordered_map<Key, Key> m_clientOfContact;
     std::vector<Key> m_changedClients;
     std::vector<Key> m_changedContacts;

@@ -1,27 +1,34 @@
 #include "QuillaryCore/Search/TextIndex.h"
 
+#include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Search/TypingSlips.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace Quillary {
 namespace {
 
-using Rank = TextIndex::Rank;
+using Rank = TextRank;
 
 /// The keys of the best hits, in their order.
 std::string found(const TextIndex& index, std::string_view query)
 {
-    std::vector<TextIndex::Hit> hits = index.find(query);
-    std::sort(hits.begin(), hits.end());
+    const TextHits hits = index.find(query);
     std::string keys;
-    for (const TextIndex::Hit& hit : hits) {
+    for (const TextHit& hit : hits.best()) {
         keys += std::to_string(hit.key) + " ";
     }
     return keys;
@@ -92,6 +99,84 @@ TEST(TextIndexTest, forgetsWhatWasRemovedOrEnteredAnew)
     put(index, 4, {});
     put(index, 5, {"Delta"});
     EXPECT_EQ(found(index, "delta"), "5 ");
+}
+
+// The scan reads 64 places at a time and the last few one by one, and looks no further in a record than it must: held
+// against a plain look at every place of made-up records, with queries of one to five letters.
+TEST(TextIndexTest, findsWhatAPlainLookFinds)
+{
+    std::uint32_t state = 1;
+    const auto pick = [&state](std::uint32_t count) {
+        state = state * 1'664'525 + 1'013'904'223;
+        return (state >> 16U) % count;
+    };
+    const auto text = [&] {
+        std::string result;
+        for (std::uint32_t left = pick(30); left > 0; --left) {
+            result += "aab -c"[pick(6)];
+        }
+        return std::string(trimmed(replacing(result, "c", "β")));
+    };
+    struct Record
+    {
+        std::string own;
+        std::string further;
+    };
+    std::vector<Record> records(200);
+    TextIndex index;
+    for (std::size_t key = 0; key < records.size(); ++key) {
+        records[key] = {.own = text(), .further = text()};
+        put(index, static_cast<TextIndex::Key>(key), {records[key].own}, {records[key].further});
+    }
+    const auto rankIn = [](const std::string& held, const std::string& query, bool isOwn) {
+        std::optional<Rank> best;
+        for (std::size_t place = held.find(query); place != std::string::npos; place = held.find(query, place + 1)) {
+            const bool beginsWord = place == 0 || held[place - 1] == ' ' || held[place - 1] == '-';
+            const Rank atStart = !isOwn ? Rank::word : held == query ? Rank::exact : Rank::beginning;
+            best = std::min(best.value_or(Rank::inside), place == 0 ? atStart : beginsWord ? Rank::word : Rank::inside);
+        }
+        return best;
+    };
+    for (const std::string query : {"a", "b", "-", "β", "aβ", "aa", "ab", "aab", "a-b", "abaab", "b a"}) {
+        std::map<TextIndex::Key, std::pair<Rank, bool>> expected;
+        for (std::size_t key = 0; key < records.size(); ++key) {
+            const auto own = rankIn(records[key].own, query, true);
+            const auto further = rankIn(records[key].further, query, false);
+            if (own && (!further || *own <= *further)) {
+                expected[static_cast<TextIndex::Key>(key)] = {*own, true};
+            } else if (further) {
+                expected[static_cast<TextIndex::Key>(key)] = {*further, false};
+            }
+        }
+        std::map<TextIndex::Key, std::pair<Rank, bool>> hits;
+        index.find(query).forEach([&](const TextHit& hit) {
+            if (hit.rank < Rank::words) {
+                hits[hit.key] = {hit.rank, hit.isOwn};
+            }
+        });
+        EXPECT_EQ(hits, expected) << query;
+    }
+}
+
+// Only as many are put in order as are shown, and these are the best of all.
+TEST(TextIndexTest, ordersTheBestOnly)
+{
+    TextIndex index;
+    for (TextIndex::Key key = 0; key < 300; ++key) {
+        const std::string_view name = key % 3 == 0 ? "ab" : key % 3 == 1 ? "ba b" : "cbc";
+        index.put(key, key % 7, std::array<std::string_view, 1>{name}, {});
+    }
+    const TextHits hits = index.find("b");
+    const std::vector<TextHit> all = hits.best();
+    EXPECT_EQ(all.size(), 300U);
+    EXPECT_TRUE(std::ranges::is_sorted(all, std::less()));
+    for (const std::size_t limit : {0U, 1U, 7U, 299U}) {
+        const std::vector<TextHit> best = hits.best(limit);
+        ASSERT_EQ(best.size(), limit);
+        for (std::size_t place = 0; place < limit; ++place) {
+            EXPECT_EQ(best[place].key, all[place].key) << limit;
+        }
+    }
 }
 
 // Every text within the allowed slips of a word is found, whatever the slip and wherever it is: held against a table

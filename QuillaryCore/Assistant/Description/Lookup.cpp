@@ -24,13 +24,13 @@ namespace Quillary {
 
 namespace {
 
-using Hit = TextIndex::Hit;
-using Rank = TextIndex::Rank;
+using Hit = TextHit;
+using Rank = TextRank;
 
 constexpr std::size_t listedCandidates = 5;
 
 /// Leaves those that bear exactly this name, if there are any; else those that hold it as it was asked for.
-void keepMeant(std::vector<Hit>& hits)
+void keepMeant(TextHits& hits)
 {
     const auto isExact = [](const Hit& hit) {
         return hit.rank == Rank::exact && hit.isOwn;
@@ -38,18 +38,23 @@ void keepMeant(std::vector<Hit>& hits)
     const auto isWhole = [](const Hit& hit) {
         return hit.rank < Rank::words;
     };
-    if (std::ranges::any_of(hits, isExact)) {
-        std::erase_if(hits, [&](const Hit& hit) { return !isExact(hit); });
-    } else if (std::ranges::any_of(hits, isWhole)) {
-        std::erase_if(hits, [&](const Hit& hit) { return !isWhole(hit); });
+    if (hits.anyOf(isExact)) {
+        hits.keepIf(isExact);
+    } else if (hits.anyOf(isWhole)) {
+        hits.keepIf(isWhole);
     }
 }
 
-/// Whether the only hit is what was meant: its name, or a word of it, begins with what was asked for. A few letters
-/// from the middle, a city or a slip in typing name nobody.
-bool isMeant(const std::vector<Hit>& hits)
+/// The only hit, if it is what was meant: its name, or a word of it, begins with what was asked for. A few letters from
+/// the middle, a city or a slip in typing name nobody.
+template <class Record>
+const Record* onlyMeant(Context& context, const TextHits& hits)
 {
-    return hits.size() == 1 && hits.front().isOwn && hits.front().rank <= Rank::word;
+    if (hits.size() != 1) {
+        return nullptr;
+    }
+    const Hit only = hits.best(1).front();
+    return only.isOwn && only.rank <= Rank::word ? context.find(Ref<Record>(only.key)) : nullptr;
 }
 
 /// A record among others that a call may mean: clients of one name and city differ by their number at least.
@@ -67,26 +72,23 @@ std::string candidate(const Record& record)
 }
 
 template <class Record>
-std::string listed(Context& context, std::vector<Hit> hits)
+std::string listed(Context& context, const TextHits& hits)
 {
-    const std::size_t count = hits.size();
-    LibrarySearch::keepBest(hits, listedCandidates);
     std::string list;
-    for (const Hit& hit : hits) {
+    for (const Hit& hit : hits.best(listedCandidates)) {
         if (const Record* record = context.find(Ref<Record>(hit.key))) {
             list += (list.empty() ? "" : "; ") + candidate(*record);
         }
     }
-    return count > listedCandidates ? fmt::format("{}; and {} more", list, count - listedCandidates) : list;
+    return hits.size() > listedCandidates ? fmt::format("{}; and {} more", list, hits.size() - listedCandidates) : list;
 }
 
 /// Throws the question that a name leaves open: which of several, or whether it is one of these at all.
 template <class Record>
-[[noreturn]] void
-ask(Context& context, const std::vector<Hit>& hits, std::string_view asked, std::string_view otherwise)
+[[noreturn]] void ask(Context& context, const TextHits& hits, std::string_view asked, std::string_view otherwise)
 {
     const std::string list = listed<Record>(context, hits);
-    const bool isNear = hits.size() == 1 || hits.front().rank == Rank::similar;
+    const bool isNear = hits.size() == 1 || hits.best(1).front().rank == Rank::similar;
     throw AssistantError(
         isNear ? fmt::format("Nothing is called {}. Did you mean {}? {}", Quillary::quoted(asked), list, otherwise)
                : fmt::format("{} fits several. Which one? {}.", Quillary::quoted(asked), list));
@@ -152,15 +154,15 @@ const Document& Lookup::document(const AssistantEnvironment& environment, std::s
     if (same.size() == 1) {
         return *same.front();
     }
-    std::vector<Hit> hits = environment.librarySearch().documents(asked);
+    TextHits hits = environment.librarySearch().documents(asked);
     // A title or a client names no document: what is meant bears this number, in whatever spelling.
     keepMeant(hits);
-    std::erase_if(hits, [](const Hit& hit) { return !hit.isOwn; });
-    if (hits.empty()) {
+    hits.keepIf([](const Hit& hit) { return hit.isOwn; });
+    if (hits.isEmpty()) {
         throw AssistantError(fmt::format("There's no document with the id or number {}. find_documents lists them.",
                                          Quillary::quoted(asked)));
     }
-    const Document* only = context.find(Ref<Document>(hits.front().key));
+    const Document* only = context.find(Ref<Document>(hits.best(1).front().key));
     if (hits.size() == 1 && only != nullptr && folded(only->number) == folded(asked)) {
         return *only;
     }
@@ -182,16 +184,14 @@ const Client& Lookup::client(const AssistantEnvironment& environment, std::strin
     if (const Client* found = named<Client>(context, asked)) {
         return *found;
     }
-    std::vector<Hit> hits = environment.librarySearch().clients(asked);
+    TextHits hits = environment.librarySearch().clients(asked);
     keepMeant(hits);
-    if (hits.empty()) {
+    if (hits.isEmpty()) {
         throw AssistantError(fmt::format("There's no client {}. find_clients lists them, create_client adds one.",
                                          Quillary::quoted(asked)));
     }
-    if (isMeant(hits)) {
-        if (const Client* only = context.find(Ref<Client>(hits.front().key))) {
-            return *only;
-        }
+    if (const Client* only = onlyMeant<Client>(context, hits)) {
+        return *only;
     }
     ask<Client>(context, hits, asked, "If not, create_client adds one.");
 }
@@ -205,16 +205,15 @@ const CatalogItem& Lookup::catalogItem(Context& context, std::string_view idOrNa
     if (const CatalogItem* found = named<CatalogItem>(context, asked)) {
         return *found;
     }
-    std::vector<Hit> hits = findCatalogItems(context, asked);
+    const CatalogSearch search(context);
+    TextHits hits = search.items(asked);
     keepMeant(hits);
-    if (hits.empty()) {
+    if (hits.isEmpty()) {
         throw AssistantError(
             fmt::format("There's no catalog item {}. find_catalog_items lists them.", Quillary::quoted(asked)));
     }
-    if (isMeant(hits)) {
-        if (const CatalogItem* only = context.find(Ref<CatalogItem>(hits.front().key))) {
-            return *only;
-        }
+    if (const CatalogItem* only = onlyMeant<CatalogItem>(context, hits)) {
+        return *only;
     }
     ask<CatalogItem>(context, hits, asked, "find_catalog_items lists all.");
 }

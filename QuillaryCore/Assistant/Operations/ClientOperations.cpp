@@ -172,9 +172,8 @@ std::optional<Likeness> likenessBy(const AssistantEnvironment& environment, cons
         return std::nullopt;
     }
     // Not only exact hits: a name that was stored with two spaces is none.
-    std::vector<TextIndex::Hit> hits = environment.librarySearch().clients(text, TextIndex::Slips::notForgiven);
-    LibrarySearch::keepBest(hits, comparedClients);
-    for (const TextIndex::Hit& hit : hits) {
+    const TextHits hits = environment.librarySearch().clients(text, TextIndex::Slips::notForgiven);
+    for (const TextHit& hit : hits.best(comparedClients)) {
         const Client* other = environment.context.find(Ref<Client>(hit.key));
         if (auto found = other == nullptr ? std::nullopt : likeness(made, *other)) {
             return found;

@@ -27,7 +27,7 @@ namespace Quillary {
 
 namespace {
 
-using Hit = TextIndex::Hit;
+using Hit = TextHit;
 
 constexpr std::int64_t usualLimit = 10;
 constexpr std::int64_t usualDocumentLimit = 20;
@@ -45,21 +45,35 @@ std::string queryArgument(const Arguments& arguments)
     return arguments.line("query", Limits::lineLength).value_or("");
 }
 
+/// What a query found.
+struct Found
+{
+    std::size_t count = 0;
+    std::vector<Hit> best; ///< as many as are shown, in their order
+};
+
+Found bestOf(const TextHits& hits, std::size_t limit)
+{
+    return {.count = hits.size(), .best = hits.best(limit)};
+}
+
+/// The record whose id the query is, if there is one; nothing else is looked for then.
+template <class Record>
+std::optional<Found> named(Context& context, std::string_view query)
+{
+    const std::optional<UUID> uuid = Lookup::idIn(query);
+    const Record* record = uuid ? context.find<Record>(*uuid) : nullptr;
+    return record == nullptr ? std::nullopt : std::optional(Found{.count = 1, .best = {{.key = record->ref.key()}}});
+}
+
 /// The list of what was found, under `key`, with the number of those that there is no room for.
 template <class Record, class Text, class Data>
-ToolResult listed(Context& context,
-                  std::string_view key,
-                  std::vector<Hit> hits,
-                  std::size_t limit,
-                  const Text& text,
-                  const Data& data)
+ToolResult listed(Context& context, std::string_view key, const Found& found, const Text& text, const Data& data)
 {
-    const std::size_t count = hits.size();
-    LibrarySearch::keepBest(hits, limit);
     ToolResult result;
     ResultLines lines(result.text);
     JSON::Array items;
-    for (const Hit& hit : hits) {
+    for (const Hit& hit : found.best) {
         const Record* record = context.find(Ref<Record>(hit.key));
         JSON item = record == nullptr ? JSON() : data(*record);
         if (record == nullptr || !lines.add(text(*record), item)) {
@@ -67,23 +81,43 @@ ToolResult listed(Context& context,
         }
         items.push_back(std::move(item));
     }
-    const std::size_t left = count - items.size();
+    const std::size_t left = found.count - items.size();
     if (left > 0) {
         result.text += fmt::format("… and {} more; ask for something narrower to see them.\n", left);
     }
-    result.summary = fmt::format("Found {}", count);
+    result.summary = fmt::format("Found {}", found.count);
     result.data = JSON::object({{std::string(key), std::move(items)}, {"more", left}});
     return result;
 }
 
 /// The newest clients without filling the index: for a command that asks this and nothing else.
-std::vector<Hit> newestClients(Context& context)
+Found newestClients(Context& context, std::size_t limit)
 {
-    std::vector<Hit> hits;
-    context.query("SELECT id, createdAt FROM Client", [&hits](const Statement& row) {
-        hits.push_back({.key = row.integer(0), .order = row.isNull(1) ? 0 : row.integer(1)});
-    });
-    return hits;
+    Found found{.count = static_cast<std::size_t>(context.count<Client>("")), .best = {}};
+    const auto rows = static_cast<std::int64_t>(limit);
+    context.query(
+        "SELECT id FROM Client ORDER BY createdAt DESC, id DESC LIMIT ?",
+        [&found](const Statement& row) { found.best.push_back({.key = row.integer(0)}); },
+        rows);
+    return found;
+}
+
+Found findClients(const AssistantEnvironment& environment, std::string_view query, std::size_t limit)
+{
+    if (std::optional<Found> found = named<Client>(environment.context, query)) {
+        return *std::move(found);
+    }
+    LibrarySearch& search = environment.librarySearch();
+    return query.empty() && !search.hasClients() ? newestClients(environment.context, limit)
+                                                 : bestOf(search.clients(query), limit);
+}
+
+Found findItems(Context& context, std::string_view query, std::size_t limit)
+{
+    if (std::optional<Found> found = named<CatalogItem>(context, query)) {
+        return *std::move(found);
+    }
+    return bestOf(CatalogSearch(context).items(query), limit);
 }
 
 /// The rate that an item brings along; none for those that are taxed at the usual rate.
@@ -147,6 +181,15 @@ bool fitsStatus(DisplayStatus status, std::string_view word)
     return false;
 }
 
+LibrarySearch::DocumentFacts factsOf(const Document& document)
+{
+    return {.kindRaw = document.kindRaw,
+            .statusRaw = document.statusRaw,
+            .client = document.client.key(),
+            .dueDate = document.dueDate,
+            .validUntil = document.validUntil};
+}
+
 /// What a list of documents is narrowed to.
 class DocumentFilter
 {
@@ -187,24 +230,30 @@ private:
     Document m_figures; ///< only what kind and status are derived from
 };
 
+Found findDocuments(const AssistantEnvironment& environment,
+                    DocumentFilter& filter,
+                    std::string_view query,
+                    std::size_t limit)
+{
+    if (std::optional<Found> found = named<Document>(environment.context, query)) {
+        const Document& document = *environment.context.find(Ref<Document>(found->best.front().key));
+        return filter.accepts(factsOf(document)) ? *std::move(found) : Found();
+    }
+    LibrarySearch& search = environment.librarySearch();
+    TextHits hits = search.documents(query);
+    hits.keepIf([&](const Hit& hit) { return filter.accepts(search.facts(hit)); });
+    return bestOf(hits, limit);
+}
+
 } // namespace
 
 ToolResult FindOperations::clients(const AssistantEnvironment& environment, const Arguments& arguments)
 {
     const std::string query = queryArgument(arguments);
-    LibrarySearch& search = environment.librarySearch();
-    std::vector<Hit> hits =
-        query.empty() && !search.hasClients() ? newestClients(environment.context) : search.clients(query);
-    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
-        if (const Client* client = environment.context.find<Client>(*uuid)) {
-            hits = {{.key = client->ref.key()}};
-        }
-    }
     ToolResult result = listed<Client>(
         environment.context,
         "clients",
-        std::move(hits),
-        limitArgument(arguments, usualLimit),
+        findClients(environment, query, limitArgument(arguments, usualLimit)),
         [&](const Client& client) { return clientText(client, environment.ownBusiness().currencyCode); },
         [&](const Client& client) { return clientData(client, environment.ownBusiness().currencyCode); });
     if (result.text.empty()) {
@@ -218,17 +267,10 @@ ToolResult FindOperations::clients(const AssistantEnvironment& environment, cons
 ToolResult FindOperations::catalogItems(const AssistantEnvironment& environment, const Arguments& arguments)
 {
     const std::string query = queryArgument(arguments);
-    std::vector<Hit> hits = findCatalogItems(environment.context, query);
-    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
-        if (const CatalogItem* item = environment.context.find<CatalogItem>(*uuid)) {
-            hits = {{.key = item->ref.key()}};
-        }
-    }
     ToolResult result = listed<CatalogItem>(
         environment.context,
         "items",
-        std::move(hits),
-        limitArgument(arguments, usualLimit),
+        findItems(environment.context, query, limitArgument(arguments, usualLimit)),
         [&](const CatalogItem& item) { return itemText(environment.context, item); },
         [&](const CatalogItem& item) { return itemData(environment.context, item); });
     if (result.text.empty()) {
@@ -243,20 +285,11 @@ ToolResult FindOperations::documents(const AssistantEnvironment& environment, co
     const std::string query = queryArgument(arguments);
     const std::size_t limit = limitArgument(arguments, usualDocumentLimit);
     DocumentFilter filter(environment, arguments);
-    LibrarySearch& search = environment.librarySearch();
-    std::vector<Hit> hits = search.documents(query);
-    if (const std::optional<UUID> uuid = Lookup::idIn(query)) {
-        if (const Document* document = environment.context.find<Document>(*uuid)) {
-            hits = {{.key = document->ref.key()}};
-        }
-    }
-    std::erase_if(hits, [&](const Hit& hit) { return !filter.accepts(search.facts(hit)); });
     DocumentListing listing(environment);
     ToolResult result = listed<Document>(
         environment.context,
         "documents",
-        std::move(hits),
-        limit,
+        findDocuments(environment, filter, query, limit),
         [&listing](const Document& document) { return listing.text(document); },
         [&listing](const Document& document) { return listing.data(document); });
     if (result.text.empty()) {
