@@ -1,7 +1,6 @@
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 
 #include "QuillaryCore/Assistant/Description/Lookup.h"
-#include "QuillaryCore/Assistant/Operations/ServiceDate.h"
 #include "QuillaryCore/Assistant/Review/DocumentReviewer.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
@@ -11,7 +10,6 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
-#include "QuillaryCore/Model/DeliveryKind.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/DocumentKind.h"
@@ -20,7 +18,6 @@
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/NumberedKind.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
-#include "QuillaryCore/Model/TaxLabel.h"
 #include "QuillaryCore/Model/TaxNotes.h"
 #include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Model/Units.h"
@@ -37,8 +34,6 @@ namespace {
 /// How long a quote stands when nobody says otherwise.
 constexpr int quoteValidityDays = 30;
 
-/// What is shown of a longer reason for charging no tax. Unit: characters.
-constexpr std::size_t longestReason = 80;
 /// Of a line's title in a sentence about it. Unit: characters.
 constexpr std::size_t longestTitle = 60;
 constexpr std::size_t longestName = 100;
@@ -46,17 +41,6 @@ constexpr std::size_t longestName = 100;
 NumberedKind series(const Document& document)
 {
     return numbered(kind(document).value_or(DocumentKind::invoice));
-}
-
-bool isQuote(const Document& document)
-{
-    return kind(document) == DocumentKind::quote;
-}
-
-/// Only these ask for money, and so have terms and a due date. A kind that can't be read counts as one.
-bool asksForPayment(const Document& document)
-{
-    return kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
 }
 
 } // namespace
@@ -75,6 +59,11 @@ const Business& DocumentSession::business() const
 const Client* DocumentSession::client() const
 {
     return m_environment.context.find(m_document.client);
+}
+
+bool DocumentSession::asksForPayment() const
+{
+    return kind(m_document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
 }
 
 DocumentSession DocumentSession::create(const AssistantEnvironment& environment, std::string_view kindWord)
@@ -210,7 +199,7 @@ void DocumentSession::takeDefaults(const Arguments& arguments, const Client& cho
     if (chosen.paymentTermsDays > 0 && !arguments.has("payment_terms_days")) {
         // A quote keeps them for the invoice that may be made from it, and shows nothing of them.
         m_document.paymentTermsDays = chosen.paymentTermsDays;
-        if (asksForPayment(m_document)) {
+        if (asksForPayment()) {
             m_filledIn.push_back(fmt::format("payment terms {} days (from {})", chosen.paymentTermsDays, name));
         }
     }
@@ -232,130 +221,6 @@ void DocumentSession::applyTexts(const Arguments& arguments)
     }
 }
 
-void DocumentSession::applyDates(const Arguments& arguments)
-{
-    const Calendar& calendar = m_environment.calendar;
-    const std::optional<CalendarDate> issueDate = arguments.date("issue_date");
-    if (issueDate) {
-        if (isQuote(m_document) && m_document.validUntil && m_document.issueDate) {
-            const int validity = calendar.daysBetween(*m_document.issueDate, *m_document.validUntil);
-            m_document.validUntil = calendar.addingDays(calendar.storedDay(*issueDate), validity);
-        }
-        const bool isSameDay = m_document.issueDate && calendar.date(*m_document.issueDate) == *issueDate;
-        m_document.issueDate = isSameDay ? m_document.issueDate : calendar.storedDay(*issueDate);
-    }
-    if (const auto terms = arguments.wholeNumber("payment_terms_days", 0, Limits::paymentTermsDays)) {
-        if (!asksForPayment(m_document)) {
-            arguments.refuse("payment_terms_days",
-                             fmt::format("belongs to invoices: a {} asks for no payment.",
-                                         isQuote(m_document) ? "quote" : "credit note"));
-        }
-        m_document.paymentTermsDays = static_cast<std::int16_t>(*terms);
-    }
-}
-
-void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
-{
-    if (!asksForPayment(m_document) || !m_document.issueDate) {
-        return;
-    }
-    // A due date that the user picked stays until the dates that it hangs on change.
-    const bool hangsOnChange = m_document.issueDate != oldIssueDate || m_document.paymentTermsDays != oldTerms;
-    if (!m_document.dueDate || hangsOnChange) {
-        m_document.dueDate = m_environment.calendar.addingDays(*m_document.issueDate, m_document.paymentTermsDays);
-    }
-}
-
-void DocumentSession::applyServiceDate(const Arguments& arguments)
-{
-    const std::optional<std::string> text = arguments.line("service_date", Limits::lineLength);
-    if (!text) {
-        return;
-    }
-    if (text->empty()) {
-        m_document.deliveryKindRaw = static_cast<std::int16_t>(DeliveryKind::none);
-        m_document.deliveryStart.reset();
-        m_document.deliveryEnd.reset();
-        return;
-    }
-    const Calendar& calendar = m_environment.calendar;
-    const CalendarDate today = calendar.date(m_environment.clock.now());
-    const CalendarDate invoiceDate = m_document.issueDate ? calendar.date(*m_document.issueDate) : today;
-    const std::optional<ServiceDate> service = ServiceDate::parse(*text, today, invoiceDate);
-    if (!service) {
-        arguments.refuse("service_date",
-                         "must be a date such as 2026-03-31, a period such as 2026-03-01..2026-03-31, or today, "
-                         "yesterday, invoice_date, this_week, last_week, this_month or last_month.");
-    }
-    const DeliveryKind delivery = service->end ? DeliveryKind::servicePeriod : DeliveryKind::serviceDate;
-    m_document.deliveryKindRaw = static_cast<std::int16_t>(delivery);
-    m_document.deliveryStart = calendar.storedDay(service->start);
-    m_document.deliveryEnd = service->end ? std::optional(calendar.storedDay(*service->end)) : std::nullopt;
-}
-
-void DocumentSession::applyTaxTreatment(const Arguments& arguments)
-{
-    const std::optional<bool> reverseCharge = arguments.flag("reverse_charge");
-    const std::optional<bool> outsideEU = arguments.flag("outside_eu");
-    const std::optional<bool> exempt = arguments.flag("tax_exempt");
-    const int chosen = int{reverseCharge == true} + int{outsideEU == true} + int{exempt == true};
-    if (chosen > 1) {
-        throw AssistantError("Choose one of “reverse_charge”, “outside_eu” and “tax_exempt”.");
-    }
-    const std::optional<std::string> note = arguments.paragraphs("tax_exempt_note", Limits::textLength);
-    if (reverseCharge == true) {
-        setPrintedTreatment(TaxTreatment::reverseCharge);
-    } else if (outsideEU == true) {
-        setPrintedTreatment(TaxTreatment::outsideEU);
-    } else if (exempt == true) {
-        setTreatment(TaxTreatment::exempt, business().taxExempt ? business().taxExemptNote : ownReason());
-    } else {
-        takeBackTreatment(arguments);
-    }
-    if (note) {
-        if (!m_document.taxExempt && !note->empty()) {
-            arguments.refuse("tax_exempt_note", "needs a document without tax: set tax_exempt as well.");
-        }
-        m_document.taxExemptNote = *note;
-    }
-}
-
-void DocumentSession::takeBackTreatment(const Arguments& arguments)
-{
-    const TaxTreatment current = taxTreatment(m_environment.context, m_document);
-    if (arguments.flag("tax_exempt") == false) {
-        // The lines have kept their rates all the while, so that the tax is back as it was.
-        setTreatment(TaxTreatment::standard, "");
-        return;
-    }
-    const bool takenBack = (current == TaxTreatment::reverseCharge && arguments.flag("reverse_charge") == false) ||
-                           (current == TaxTreatment::outsideEU && arguments.flag("outside_eu") == false);
-    if (takenBack && business().taxExempt) {
-        setTreatment(TaxTreatment::exempt, business().taxExemptNote);
-    } else if (takenBack) {
-        setTreatment(TaxTreatment::standard, "");
-    }
-}
-
-/// A treatment with the reason that we print for it, unless it holds already with one in the user's own words.
-void DocumentSession::setPrintedTreatment(TaxTreatment treatment)
-{
-    const bool holdsAlready = taxTreatment(m_environment.context, m_document) == treatment;
-    const std::string own = holdsAlready ? ownReason() : "";
-    setTreatment(treatment, own.empty() ? std::string(taxNote(treatment, language(m_document))) : own);
-}
-
-/// A new document of a business that charges no tax says so, if it still holds after the call's own wishes.
-void DocumentSession::tellOwnExemption()
-{
-    if (!m_isNew || !business().taxExempt || taxTreatment(m_environment.context, m_document) != TaxTreatment::exempt) {
-        return;
-    }
-    const std::string reason = plainText(m_document.taxExemptNote, longestReason);
-    m_filledIn.push_back(
-        fmt::format("no {}: {}", taxLabelText(business()), reason.empty() ? "(no reason given)" : reason));
-}
-
 /// Answers that leave the document as it is. They count once the client is known: before that nothing was asked.
 void DocumentSession::rememberAnswers(const Arguments& arguments)
 {
@@ -368,21 +233,6 @@ void DocumentSession::rememberAnswers(const Arguments& arguments)
     if (isDeclined && !m_document.taxExempt) {
         ReviewAnswers::remember(context, m_document, ReviewTopic::taxTreatment, taxTreatmentAnswer(*client()));
     }
-}
-
-/// The note, unless it is one that we print: those go with their treatment, whatever the language was when they came.
-std::string DocumentSession::ownReason() const
-{
-    const std::string& note = m_document.taxExemptNote;
-    const bool isOurs = isTaxNote(note, TaxTreatment::reverseCharge) || isTaxNote(note, TaxTreatment::outsideEU);
-    return isOurs ? "" : note;
-}
-
-void DocumentSession::setTreatment(TaxTreatment treatment, const std::string& note)
-{
-    m_document.taxExempt = treatment != TaxTreatment::standard;
-    m_document.taxExemptNote = note;
-    setTaxTreatment(m_environment.context, m_document, treatment);
 }
 
 void DocumentSession::refreshWords()

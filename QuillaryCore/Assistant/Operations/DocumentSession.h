@@ -80,6 +80,8 @@ private:
 
     [[nodiscard]] const Business& business() const;
     [[nodiscard]] const Client* client() const;
+    /// Only invoices ask for money, and so have terms and a due date. A kind that can't be read counts as one.
+    [[nodiscard]] bool asksForPayment() const;
     [[nodiscard]] std::int32_t defaultRate() const;
     [[nodiscard]] std::int32_t nextSortIndex() const;
     [[nodiscard]] std::string ownReason() const;
