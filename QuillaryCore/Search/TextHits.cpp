@@ -1,6 +1,7 @@
 #include "QuillaryCore/Search/TextHits.h"
 
 #include <tuple>
+#include <utility>
 
 namespace Quillary {
 
@@ -14,25 +15,32 @@ bool operator<(const TextHit& left, const TextHit& right)
 
 std::vector<TextHit> TextHits::best(std::size_t limit) const
 {
-    // A heap of the best so far, the worst of them on top. The newest come first, so that later ones seldom get in.
+    // A heap of the best so far, the worst of them on top. The newest come first, so that later ones seldom get in; and
+    // what can't get in is left out without being looked at, since most of a search's hits can't.
     std::vector<TextHit> kept;
     kept.reserve(std::min(limit, m_count));
-    std::uint8_t worst = nothing;
+    TextHit worst;
+    std::uint8_t highest = nothing - 1; // quality that may still get in
     for (std::size_t slot = m_qualities.size(); slot-- > 0 && limit > 0;) {
         const std::uint8_t quality = m_qualities[slot];
-        if (quality == nothing || (kept.size() == limit && quality > worst)) {
+        if (quality > highest) {
             continue;
         }
-        if (const TextHit candidate = hit(slot); kept.size() < limit) {
-            kept.push_back(candidate);
-        } else if (candidate < kept.front()) {
+        if (kept.size() == limit) {
+            const bool isWorse = quality == highest && std::pair(m_table.orders[slot], m_table.keys[slot]) <
+                                                           std::pair(worst.order, worst.key);
+            if (isWorse) {
+                continue;
+            }
             std::pop_heap(kept.begin(), kept.end());
-            kept.back() = candidate;
-        } else {
-            continue;
+            kept.pop_back();
         }
+        kept.push_back(hit(slot));
         std::push_heap(kept.begin(), kept.end());
-        worst = m_qualities[kept.front().slot];
+        if (kept.size() == limit) {
+            worst = kept.front();
+            highest = m_qualities[worst.slot];
+        }
     }
     std::sort_heap(kept.begin(), kept.end());
     return kept;

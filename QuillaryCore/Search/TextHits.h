@@ -42,7 +42,7 @@ class TextHits
 {
 public:
     /// What an index knows of its records, by slot.
-    struct Slots
+    struct Table
     {
         std::span<const std::int64_t> keys;
         std::span<const std::int64_t> orders;
@@ -52,9 +52,9 @@ public:
 
     /// None yet.
     TextHits() = default;
-    explicit TextHits(Slots slots)
-        : m_slots(slots)
-        , m_qualities(slots.keys.size(), nothing)
+    explicit TextHits(Table table)
+        : m_table(table)
+        , m_qualities(table.keys.size(), nothing)
     {
     }
 
@@ -120,15 +120,15 @@ private:
     [[nodiscard]] TextHit hit(std::size_t slot) const
     {
         const unsigned quality = m_qualities[slot];
-        return {.key = m_slots.keys[slot],
+        return {.key = m_table.keys[slot],
                 .slot = slot,
-                .order = m_slots.orders[slot],
+                .order = m_table.orders[slot],
                 .rank = static_cast<TextRank>(quality >> 4U),
                 .isOwn = (quality & 1U) == 0,
                 .slips = static_cast<int>((quality >> 1U) & 7U)};
     }
 
-    Slots m_slots;
+    Table m_table;
     std::vector<std::uint8_t>
         m_qualities; ///< by slot: rank, slips and whether it is another's text; the lowest is the best
     std::size_t m_count = 0;

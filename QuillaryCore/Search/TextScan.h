@@ -48,8 +48,9 @@ void run(const TextBlock& block, std::string_view wanted, const Visitor& visit)
     std::size_t wordsUntil = 0; // before this place only beginnings of words are wanted
     for (std::size_t from = 1; from + wanted.size() <= text.size();) {
         std::uint64_t places = candidates(text, from, wanted);
-        if (places != 0 && from < wordsUntil) {
-            places &= wordBeginnings(text, from) | allFrom(wordsUntil - from);
+        const std::uint64_t words = places == 0 ? 0 : wordBeginnings(text, from);
+        if (from < wordsUntil) {
+            places &= words | allFrom(wordsUntil - from);
         }
         std::size_t next = from + width;
         while (places != 0) {
@@ -69,7 +70,7 @@ void run(const TextBlock& block, std::string_view wanted, const Visitor& visit)
                 next = end > next ? end : next;
             } else if (then == Then::nextWord) {
                 wordsUntil = end;
-                places &= places == 0 ? 0 : wordBeginnings(text, from) | allFrom(end - from);
+                places &= words | allFrom(end - from);
             }
         }
         from = next;

@@ -36,9 +36,10 @@ TextSearch::TextSearch(const TextBlock& block, std::string_view query, TextHits&
 
 void TextSearch::findHolding()
 {
-    findWhole();
     if (m_words.size() > 1) {
         findWords();
+    } else {
+        findWhole();
     }
 }
 
@@ -64,6 +65,7 @@ void TextSearch::findWhole()
     });
 }
 
+/// Whatever holds the query, or all its words, holds the longest of them: the block is read once.
 void TextSearch::findWords()
 {
     const std::string_view longest =
@@ -72,11 +74,23 @@ void TextSearch::findWords()
         const auto holdsAll = [this](std::string_view text) {
             return std::ranges::all_of(m_words, [text](std::string_view word) { return text.contains(word); });
         };
-        if (holdsAll(m_block.textOf(slot))) {
+        if (!findWholeIn(slot) && holdsAll(m_block.textOf(slot))) {
             m_hits.note(slot, TextRank::words, holdsAll(m_block.ownTextOf(slot)));
         }
         return Then::nextRecord;
     });
+}
+
+bool TextSearch::findWholeIn(std::size_t slot)
+{
+    const std::string_view text = m_block.textOf(slot);
+    const std::size_t begin = m_block.begin(slot);
+    for (std::size_t place = text.find(m_query); place != std::string_view::npos;
+         place = text.find(m_query, place + 1)) {
+        const bool isOwn = m_block.isOwn(slot, begin + place);
+        m_hits.note(slot, rankAt(begin + place, isOwn), isOwn);
+    }
+    return m_hits.holds(slot);
 }
 
 void TextSearch::findSimilar()

@@ -26,6 +26,7 @@ private:
     [[nodiscard]] TextRank rankAt(std::size_t place, bool isOwn) const;
     void findWhole();
     void findWords();
+    bool findWholeIn(std::size_t slot);
 
     const TextBlock& m_block;
     std::string_view m_query;
