@@ -5,16 +5,12 @@
 #include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
 #include "QuillaryChannel/AssistantChannel.h"
-#include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
 #include <fmt/format.h>
 
-#include <array>
-#include <cerrno>
 #include <exception>
 #include <optional>
-#include <sys/socket.h>
 #include <system_error>
 #include <tuple>
 #include <unistd.h>
@@ -27,25 +23,9 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-/// The other Quillary first ends the call it is at, which may print a long document.
-constexpr milliseconds handoverPatience{150'000};
 /// How often a service looks whether it is idle before it takes itself for it.
 constexpr int idleLooks = 4;
 constexpr milliseconds betweenBackups{60 * 60 * 1000};
-
-constexpr const char* alreadyRunning = "Quillary is already running.";
-
-/// So many times a Quillary that began to serve just now is asked for everything.
-constexpr int mostTries = 5;
-/// The helper, which starts a service in the background, waits for ten seconds.
-constexpr milliseconds backgroundPatience{9'000};
-
-fs::path comparable(const fs::path& path)
-{
-    std::error_code failure;
-    fs::path whole = fs::weakly_canonical(path, failure);
-    return failure ? path : whole;
-}
 
 } // namespace
 
@@ -77,62 +57,19 @@ AssistantService::~AssistantService() = default;
 
 void AssistantService::claim()
 {
-    for (int tries = 0; !askForHandover(); ++tries) {
-        LibraryClaim claim;
-        if (fs::is_directory(m_options.library)) {
-            claim = claimLibrary(m_options.library, m_options.isBackground ? backgroundPatience : patienceWithCommands);
-        }
-        if (!claim.lender.isOpen()) {
-            m_claim = std::move(claim);
-            return;
-        }
-        // Somebody serves since just now. A loan is not for good; what was lent goes back, and everything is asked for.
-        if (tries == mostTries) {
-            throw UserError(alreadyRunning);
-        }
-    }
-}
-
-/// Asks the Quillary that holds the library, if one does. False: none does.
-bool AssistantService::askForHandover()
-{
-    std::optional<Descriptor> holder = ControlSocket::connect(m_options.library);
-    if (!holder) {
-        return false;
-    }
-    if (m_options.isBackground) {
-        throw UserError(alreadyRunning);
-    }
-    const ControlMessage request{
-        .body = JSON::object({{"do", "hand over"}, {"socket", comparable(m_socketPath).string()}})};
-    if (!ControlChannel::send(holder->number(), request)) {
-        return false;
-    }
-    std::optional<ControlMessage> answer = ControlChannel::receive(holder->number(), handoverPatience);
-    if (!answer) {
-        return false; // it has just ended; the library says so itself if not
-    }
-    if (const std::string refusal = answer->text("refusal"); !refusal.empty()) {
-        throw UserError(refusal);
-    }
-    std::optional<Handover> handover = Handover::unpacked(std::move(*answer));
-    if (!handover) {
-        throw UserError("The running Quillary couldn't hand the library over. Close it, then try again.");
-    }
-    m_taken = std::make_unique<Taken>(Taken{.holder = std::move(*holder), .handover = std::move(*handover)});
-    return true;
+    m_right = ServingRight::obtain(m_options.library, m_socketPath, m_options.isBackground);
 }
 
 void AssistantService::start()
 {
-    if (m_taken) {
-        m_socketPath = m_taken->handover.socketPath; // as the other one wrote it
+    if (m_right.taken) {
+        m_socketPath = m_right.taken->handover.socketPath; // as the other one wrote it
     }
     m_server = std::make_unique<AssistantServer>(m_socketPath, [this] { return makeSession(); });
-    if (m_taken) {
+    if (m_right.taken) {
         takeOver();
     } else {
-        openLibrary(std::move(m_claim));
+        openLibrary(std::move(m_right.claim));
         m_server->start();
         listen();
     }
@@ -142,7 +79,7 @@ void AssistantService::start()
 /// Whatever fails before the word that ends the other one leaves that one serving.
 void AssistantService::takeOver()
 {
-    const std::unique_ptr<Taken> taken = std::move(m_taken);
+    std::optional<ServingRight::Taken> taken = std::exchange(m_right.taken, std::nullopt);
     openLibrary({.lender = {}, .lock = LibraryLock::adopted(taken->handover.lock.release())});
     listen();
     std::ignore = ControlChannel::send(taken->holder.number(), {.body = JSON::object({{"did", "take over"}})});
@@ -222,12 +159,12 @@ void AssistantService::didAsk(const ControlMessage& request, Descriptor asker)
     if (m_hasEnded || (what != "lend" && what != "hand over")) {
         return;
     }
-    const bool isHandover = what == "hand over";
-    if (const std::string no = isHandover ? refusal(request) : ""; !no.empty()) {
+    const auto kind = what == "hand over" ? LibraryLoan::Kind::handedOver : LibraryLoan::Kind::lent;
+    if (const std::string no = kind == LibraryLoan::Kind::handedOver ? refusal(request) : ""; !no.empty()) {
         std::ignore = ControlChannel::send(asker.number(), {.body = JSON::object({{"refusal", no}})});
         return;
     }
-    m_requests.push_back({.isHandover = isHandover, .asker = std::move(asker)});
+    m_requests.push_back({.kind = kind, .asker = std::move(asker)});
     if (m_requests.size() == 1) {
         serveNext();
     }
@@ -237,10 +174,10 @@ void AssistantService::didAsk(const ControlMessage& request, Descriptor asker)
 std::string AssistantService::refusal(const ControlMessage& request) const
 {
     if (!m_options.isBackground) {
-        return alreadyRunning;
+        return ServingRight::alreadyRunning;
     }
     const std::string wanted = request.text("socket");
-    if (!wanted.empty() && wanted != comparable(m_socketPath)) {
+    if (!wanted.empty() && wanted != ServingRight::comparable(m_socketPath)) {
         return fmt::format("A Quillary in the background serves this library to assistants at {}, and this one should "
                            "serve them at {}. Set {} to the first of them, or wait until that one has ended.",
                            m_socketPath.string(),
@@ -261,56 +198,29 @@ void AssistantService::serveNext()
 void AssistantService::give(AssistantServer::Handover assistants)
 {
     Request& request = m_requests.front();
-    m_given = std::make_unique<Given>(Given{.asker = std::move(request.asker),
-                                            .isHandover = request.isHandover,
-                                            .lock = OpenLibrary::close(std::move(m_library)),
-                                            .assistants = std::move(assistants)});
-    const bool isSent = m_given->isHandover ? handOver() : lend();
-    if (!isSent) {
+    m_loan = std::make_unique<LibraryLoan>(
+        request.kind,
+        std::move(request.asker),
+        LibraryLoan::Contents{.lock = OpenLibrary::close(std::move(m_library)), .assistants = std::move(assistants)});
+    if (request.kind == LibraryLoan::Kind::handedOver) {
+        m_control.reset(); // the other one listens there from now on
+    }
+    if (!m_loan->give(m_socketPath)) {
         goOn();
         return;
     }
-    m_word = std::make_unique<QSocketNotifier>(m_given->asker.number(), QSocketNotifier::Read);
+    m_word = std::make_unique<QSocketNotifier>(m_loan->asker(), QSocketNotifier::Read);
     QObject::connect(m_word.get(), &QSocketNotifier::activated, m_word.get(), [this] { guarded([this] { hear(); }); });
 }
 
-/// False: nobody has it.
-bool AssistantService::lend()
-{
-    ControlMessage answer{.body = JSON::object({{"did", "lend"}})};
-    answer.descriptors.push_back(Descriptor::duplicateOf(m_given->lock->descriptor()));
-    return answer.descriptors.front().isOpen() && ControlChannel::send(m_given->asker.number(), answer);
-}
-
-/// False: nobody has it.
-bool AssistantService::handOver()
-{
-    Descriptor lock = Descriptor::duplicateOf(m_given->lock->descriptor());
-    if (!lock.isOpen()) {
-        return false;
-    }
-    m_control.reset(); // the other one listens there from now on
-    ControlMessage message = Handover::packed(
-        {.lock = std::move(lock), .socketPath = m_socketPath, .assistants = std::move(m_given->assistants)});
-    const bool isSent = ControlChannel::send(m_given->asker.number(), message);
-    Handover kept = Handover::unpacked(std::move(message)).value_or(Handover());
-    precondition(kept.lock.isOpen(), "what was packed can be unpacked");
-    m_given->assistants = std::move(kept.assistants);
-    return isSent;
-}
-
-/// A borrower is done when it closes, whatever it says before. One that takes over says so; if it closes without a word,
-/// it has failed.
 void AssistantService::hear()
 {
-    std::array<char, 64> ignored{};
-    const ssize_t count = recv(m_given->asker.number(), ignored.data(), ignored.size(), MSG_DONTWAIT);
-    const bool isLater = count < 0 && (errno == EINTR || errno == EAGAIN);
-    if (isLater || (count > 0 && !m_given->isHandover)) {
+    const LibraryLoan::Word word = m_loan->hear();
+    if (word == LibraryLoan::Word::none) {
         return;
     }
     m_word->setEnabled(false);
-    if (count > 0) {
+    if (word == LibraryLoan::Word::takenOver) {
         end(0);
     } else {
         goOn();
@@ -321,13 +231,13 @@ void AssistantService::hear()
 void AssistantService::goOn()
 {
     m_requests.pop_front();
-    m_given->isHandover = false; // until it is served again, its socket is this service's to remove
+    LibraryLoan::Contents contents = m_loan->takeBack();
     if (m_control == nullptr) {
         listen();
     }
-    openLibrary({.lender = {}, .lock = std::move(m_given->lock)});
-    m_server->adopt(std::move(m_given->assistants));
-    m_given.reset();
+    openLibrary({.lender = {}, .lock = std::move(contents.lock)});
+    m_server->adopt(std::move(contents.assistants));
+    m_loan.reset();
     backUpIfDue();
     if (!m_requests.empty()) {
         serveNext();
@@ -349,10 +259,10 @@ void AssistantService::stop()
     m_hasEnded = true;
     m_word.reset();
     m_control.reset();
-    if (m_given && !m_given->isHandover) {
+    if (m_loan && !m_loan->isElsewhere()) {
         unlink(m_socketPath.c_str());
     }
-    m_given.reset();
+    m_loan.reset();
     if (m_server != nullptr) {
         m_server->stop();
     }

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "Quillary/Control/ControlSocket.h"
-#include "Quillary/Control/LibraryClaim.h"
-#include "Quillary/Handover.h"
+#include "Quillary/LibraryLoan.h"
 #include "Quillary/OpenLibrary.h"
+#include "Quillary/ServingRight.h"
 #include "Quillary/TerminalAsker.h"
 #include "Quillary/TimerDelay.h"
 #include "QuillaryCore/Assistant/Access/ActivityLog.h"
 #include "QuillaryCore/Assistant/Access/AppLock.h"
 #include "QuillaryCore/Assistant/Access/AssistantGate.h"
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
-#include "QuillaryCore/Store/LibraryLock.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
 #include <QSocketNotifier>
@@ -68,7 +67,6 @@ public:
     [[nodiscard]] const std::filesystem::path& socketPath() const { return m_socketPath; }
 
 private:
-    [[nodiscard]] bool askForHandover();
     void takeOver();
     void openLibrary(LibraryClaim claim);
     void listen();
@@ -82,32 +80,14 @@ private:
     [[nodiscard]] std::string refusal(const ControlMessage& request) const;
     void serveNext();
     void give(AssistantServer::Handover assistants);
-    [[nodiscard]] bool lend();
-    [[nodiscard]] bool handOver();
     void hear();
     void goOn();
     void endWhenIdle();
 
     struct Request
     {
-        bool isHandover;
+        LibraryLoan::Kind kind;
         Descriptor asker;
-    };
-
-    /// What the Quillary in the background passed on, and waits to be confirmed.
-    struct Taken
-    {
-        Descriptor holder;
-        Handover handover;
-    };
-
-    /// What others use meanwhile.
-    struct Given
-    {
-        Descriptor asker;
-        bool isHandover;
-        std::unique_ptr<LibraryLock> lock; ///< of which the asker has a copy
-        AssistantServer::Handover assistants;
     };
 
     Options m_options;
@@ -123,10 +103,9 @@ private:
     std::unique_ptr<OpenLibrary> m_library;
     std::unique_ptr<AssistantServer> m_server; ///< goes before the library that its sessions work on
     std::unique_ptr<ControlServer> m_control;
-    LibraryClaim m_claim;
-    std::unique_ptr<Taken> m_taken;
-    std::deque<Request> m_requests; ///< the first is being served
-    std::unique_ptr<Given> m_given;
+    ServingRight m_right;                    ///< between `claim` and `start`
+    std::deque<Request> m_requests;          ///< the first is being served
+    std::unique_ptr<LibraryLoan> m_loan;     ///< what others use meanwhile
     std::unique_ptr<QSocketNotifier> m_word; ///< of who was given something
     bool m_hasEnded = false;
     QTimer m_idle;
