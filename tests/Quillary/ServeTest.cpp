@@ -2,7 +2,7 @@
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Store/LibraryLock.h"
 #include "QuillaryCore/Store/StoreError.h"
-#include "tests/Quillary/RunProgram.h"
+#include "tests/Quillary/ServedHome.h"
 #include "tests/QuillaryChannel/HelperProcess.h"
 #include "tests/Support/TempFolder.h"
 
@@ -29,110 +29,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using testing::HasSubstr;
-
-constexpr std::chrono::seconds patience{20};
-
-/// A user's home with a library, settings and a socket of its own.
-class Home
-{
-public:
-    explicit Home(const std::string& access = "everything")
-    {
-        run("assistants on --access " + access);
-        run("assistants allow Claude");
-    }
-
-    Answer run(const std::string& arguments) const { return quillary(folder, arguments); }
-
-    [[nodiscard]] std::vector<std::string> environment() const
-    {
-        return {"HOME=" + folder.path().string(),
-                "PATH=/usr/bin:/bin",
-                "LC_ALL=de_DE.UTF-8",
-                "QUILLARY_ASSISTANT_SOCKET=" + socket().string()};
-    }
-
-    [[nodiscard]] std::filesystem::path socket() const { return folder / "assistants.socket"; }
-
-    [[nodiscard]] std::filesystem::path library() const { return folder / ".local/share/quillary"; }
-
-    [[nodiscard]] std::unique_ptr<HelperProcess> server(const std::vector<std::string>& options = {}) const
-    {
-        std::vector<std::string> command = {QUILLARY_PROGRAM, "serve"};
-        command.insert(command.end(), options.begin(), options.end());
-        return std::make_unique<HelperProcess>(
-            HelperProcess::Options{.command = command, .environment = environment()});
-    }
-
-    [[nodiscard]] bool waitForSocket() const
-    {
-        const auto end = std::chrono::steady_clock::now() + patience;
-        while (!std::filesystem::exists(socket())) {
-            if (std::chrono::steady_clock::now() > end) {
-                return false;
-            }
-            std::this_thread::sleep_for(milliseconds(5));
-        }
-        return true;
-    }
-
-    TempFolder folder;
-};
-
-/// An assistant app: the real helper, one request after another.
-class Assistant
-{
-public:
-    explicit Assistant(const Home& home, const std::string& name = "claude")
-        : m_helper({.environment = home.environment()})
-    {
-        hello =
-            ask("initialize", fmt::format(R"({{"protocolVersion":"2025-06-18","clientInfo":{{"name":"{}"}}}})", name));
-    }
-
-    /// False: the helper has gone.
-    bool send(std::string_view bytes) { return writeWhole(m_helper.input(), bytes); }
-
-    /// The next line; empty at the end.
-    std::string line()
-    {
-        std::string text;
-        char byte = 0;
-        while (::read(m_helper.output(), &byte, 1) == 1 && byte != '\n') {
-            text += byte;
-        }
-        return text;
-    }
-
-    JSON ask(std::string_view method, std::string_view parameters)
-    {
-        if (!send(fmt::format("{{\"jsonrpc\":\"2.0\",\"id\":{},\"method\":\"{}\",\"params\":{}}}\n",
-                              ++m_lastID,
-                              method,
-                              parameters))) {
-            return {};
-        }
-        const std::optional<JSON> answer = JSON::parse(line());
-        const JSON* result = answer ? answer->find("result") : nullptr;
-        return result == nullptr ? JSON() : *result;
-    }
-
-    /// The text of a tool's result; empty when there was no answer.
-    std::string call(std::string_view tool, std::string_view arguments)
-    {
-        const JSON result = ask("tools/call", fmt::format(R"({{"name":"{}","arguments":{}}})", tool, arguments));
-        const JSON* content = result.find("content");
-        return content == nullptr ? "" : *content->array()->front().find("text")->string();
-    }
-
-    [[nodiscard]] HelperProcess& helper() { return m_helper; }
-
-    JSON hello;
-
-private:
-    HelperProcess m_helper;
-    int m_lastID = 0;
-};
 
 TEST(ServeTest, handsOverWithoutTheAssistantNoticing)
 {
