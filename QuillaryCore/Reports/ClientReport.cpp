@@ -56,8 +56,7 @@ public:
 
     void addPayments()
     {
-        std::vector<PaidDocument> paid = ReportData::paidDocuments(m_context, m_range);
-        std::erase_if(paid, [](const PaidDocument& document) { return document.amount == 0; });
+        const std::vector<PaidDocument> paid = ReportData::paidDocuments(m_context, m_range);
         std::vector<std::int64_t> keys(paid.size());
         std::ranges::transform(paid, keys.begin(), &PaidDocument::document);
         auto next = paid.cbegin();
@@ -90,6 +89,7 @@ public:
     [[nodiscard]] std::vector<Row> finished() const
     {
         std::vector<Row> rows = m_rows.named(m_context, merge);
+        std::erase_if(rows, [](const Row& row) { return row.documents == 0 && row.paid == 0 && row.open == 0; });
         std::ranges::stable_sort(rows, [](const Row& left, const Row& right) {
             return std::tie(right.gross, left.client) < std::tie(left.gross, right.client);
         });

@@ -51,9 +51,9 @@ void MixedLibrary::insertClients(Context& context)
     for (int number = 1; number <= clientCount; ++number) {
         auto& client = context.insert<Client>();
         client.kindRaw = static_cast<std::int16_t>(pick(0, 1));
-        client.name = oneIn(3) ? "" : fmt::format("Åse {}{} \"Ltd\"", number % 7, oneIn(2) ? "," : "");
+        client.name = oneIn(3) ? "" : fmt::format("Åse {}{} \"Ltd\"", number, oneIn(2) ? "," : "");
         client.firstName = oneIn(2) ? "" : fmt::format("={}", number);
-        client.lastName = oneIn(2) ? "" : "Schröder";
+        client.lastName = oneIn(2) ? "" : fmt::format("Schröder {}", number);
         client.email = oneIn(2) ? "" : fmt::format("c{}@example.com", number);
         client.number = fmt::format("C-{}", number);
         m_clients.push_back(client.ref);
