@@ -157,6 +157,12 @@ Instant Calendar::storedDay(CalendarDate date) const
     return m_zone->storedDay(dayNumber(date));
 }
 
+Instant Calendar::instant(CalendarDate date, milliseconds timeOfDay) const
+{
+    const LocalInstant last = LocalInstant(lastDay + days(1)) - 1ms;
+    return m_zone->instant(std::clamp(dayNumber(date) + timeOfDay, LocalInstant(firstDay), last));
+}
+
 int Calendar::daysBetween(Instant from, Instant to) const
 {
     return static_cast<int>((m_zone->day(to) - m_zone->day(from)).count());

@@ -40,6 +40,9 @@ public:
     /// another time zone later, as long as both lie between UTC-10 (Hawaii) and UTC+13:45 (Chatham in summer).
     [[nodiscard]] Instant storedDay(CalendarDate date) const;
 
+    /// The first instant at which clocks show this time on this day; where they skip it, the instant of the skip.
+    [[nodiscard]] Instant instant(CalendarDate date, std::chrono::milliseconds timeOfDay) const;
+
     /// Whole calendar days from the day of `from` to the day of `to`; negative when `to` is earlier.
     [[nodiscard]] int daysBetween(Instant from, Instant to) const;
 

@@ -1,6 +1,7 @@
 #include "QuillaryCore/Output/EmailDraft.h"
 
 #include "QuillaryCore/Billing/DocumentAmounts.h"
+#include "QuillaryCore/Foundation/Placeholders.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
@@ -36,22 +37,10 @@ EmailKind emailKind(const Document& document)
 
 std::string EmailDraft::fill(std::string_view text, const Values& values)
 {
-    std::string result;
-    while (!text.empty()) {
-        const std::size_t brace = std::min(text.find('{'), text.size());
-        result += text.substr(0, brace);
-        text.remove_prefix(brace);
-        const std::size_t end = text.find('}');
-        if (text.empty() || end == std::string_view::npos) {
-            break;
-        }
-        const std::string word = lowerCasedASCII(text.substr(1, end - 1));
+    return fillPlaceholders(text, [&](const std::string& word) {
         const auto value = std::ranges::find(values, word, &Values::value_type::first);
-        // A brace that begins no known word stands for itself; the next one may.
-        result += value == values.end() ? "{" : value->second;
-        text.remove_prefix(value == values.end() ? 1 : end + 1);
-    }
-    return result.append(text);
+        return value == values.end() ? std::nullopt : std::optional(value->second);
+    });
 }
 
 EmailDraft::Values EmailDraft::values(Context& context,

@@ -116,6 +116,15 @@ TEST(CalendarTest, showsTheTimeOfTheClockOnTheWall)
     EXPECT_EQ(berlin.timeOfDay(at("1969-12-31", 22h + 59min)), 23h + 59min); // before the count of time begins
 }
 
+TEST(CalendarTest, findsTheInstantOfATimeOnTheWall)
+{
+    const Calendar berlin("Europe/Berlin");
+    EXPECT_EQ(berlin.instant(date("2025-07-15"), 9h + 30min), at("2025-07-15", 7h + 30min));
+    EXPECT_EQ(berlin.instant(date("2025-03-30"), 2h + 30min), at("2025-03-30", 1h));    // skipped: three o'clock
+    EXPECT_EQ(berlin.instant(date("2025-10-26"), 2h + 30min), at("2025-10-26", 30min)); // the first of the two
+    EXPECT_EQ(berlin.instant(date("2025-10-26"), 24h), at("2025-10-26", 23h));          // a day of 25 hours
+}
+
 TEST(CalendarTest, aStoredDayStaysThatDayWhereverTheLibraryIsOpened)
 {
     const std::string_view zones[] = {"Pacific/Honolulu",
