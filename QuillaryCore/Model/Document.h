@@ -125,6 +125,7 @@ struct Document : Record<Document>
                           Index{"Document_client", "client"},
                           Index{"Document_project", "project", "project IS NOT NULL"},
                           Index{"Document_issueDate", "issueDate"},
+                          Index{"Document_template", "nextIssueDate", "kindRaw = 3"},
                           // What is owed now, per client: all that the aging report reads. Only with the columns of its
                           // own condition does SQLite 3.40 know that it needn't look into the table.
                           Index{"Document_open",
