@@ -131,15 +131,6 @@ std::string referenceLine(const PrintSource& source)
 
 } // namespace
 
-Locale printLocale(DocumentLanguage language, std::string_view countryCode)
-{
-    std::string identifier(code(language));
-    if (countryCode.size() == 2) {
-        identifier.append(1, '_').append(upperCasedASCII(countryCode));
-    }
-    return Locale(identifier);
-}
-
 PrintedDocument PrintedDocument::from(Context& context,
                                       const Document& document,
                                       const Business& business,

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/Calendar.h"
 #include "QuillaryCore/Foundation/Locale.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
+#include "QuillaryCore/Model/PrintLocale.h"
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Store/Field.h"
 
@@ -15,9 +16,6 @@ namespace Quillary {
 
 class Context;
 struct Document;
-
-/// The locale of a document's figures and dates: its language, as the country of the business writes it.
-[[nodiscard]] Locale printLocale(DocumentLanguage language, std::string_view countryCode);
 
 /// One document as it is printed: every value formatted, nothing escaped yet. `DocumentHTML::render` makes the page.
 ///
