@@ -6,6 +6,7 @@
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Letters/ReminderLetter.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Money/Currencies.h"
@@ -47,7 +48,7 @@ public:
     {
     }
 
-    /// Every document of a language in every design.
+    /// Every document and letter of a language in every design.
     void writeDesigns(SampleLibrary& library, std::string_view languageCode)
     {
         for (const TemplateDesign design : designs) {
@@ -56,8 +57,17 @@ public:
             for (const SampleLibrary::Sample& sample : library.samples()) {
                 write(library, *sample.document, business, m_folder / languageCode / storedText(design) / sample.name);
             }
+            for (const SampleLibrary::Letter& letter : library.letters()) {
+                write(pageJob(ReminderLetter::printed(
+                          library.context(), *letter.document, business, letter.reminder, library.calendar())),
+                      m_folder / languageCode / storedText(design) / letter.name);
+            }
         }
-        fmt::print("{}: {} documents in {} designs\n", languageCode, library.samples().size(), designs.size());
+        fmt::print("{}: {} documents and {} letters in {} designs\n",
+                   languageCode,
+                   library.samples().size(),
+                   library.letters().size(),
+                   designs.size());
     }
 
     /// One document in every typeface, paper, place and size of the logo.
@@ -89,7 +99,11 @@ public:
 private:
     void write(SampleLibrary& library, const Document& document, const Business& business, const fs::path& file)
     {
-        PageJob job = pageJob(library.context(), document, business, library.calendar());
+        write(pageJob(library.context(), document, business, library.calendar()), file);
+    }
+
+    void write(PageJob job, const fs::path& file)
+    {
         replaceFile(fs::path(file).concat(".html"), job.html);
         const Bytes pdf = m_host.printAndWait(std::move(job));
         replaceFile(fs::path(file).concat(".pdf"), pdf);
@@ -130,7 +144,7 @@ int SamplesCommand::run(const CommandSetting& setting) const
             writer.writeLooks(library);
         }
     }
-    fmt::print("{} documents as HTML, PDF and PNG in {}\n", writer.pages(), fs::absolute(m_folder).string());
+    fmt::print("{} pages as HTML, PDF and PNG in {}\n", writer.pages(), fs::absolute(m_folder).string());
     return 0;
 }
 

@@ -1,16 +1,20 @@
 #include "QuillaryCore/Billing/Reminders.h"
 
 #include "QuillaryCore/Billing/DocumentAmounts.h"
+#include "QuillaryCore/Billing/DocumentLimits.h"
 #include "QuillaryCore/Billing/LateFees.h"
 #include "QuillaryCore/Billing/Payments.h"
+#include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/Reminder.h"
 #include "QuillaryCore/Store/Context.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace Quillary {
 
@@ -48,10 +52,78 @@ ReminderLevel nextReminderLevel(Context& context, const Document& document)
 ReminderDetails nextReminder(
     Context& context, const Document& document, const Business& business, Instant today, const Calendar& calendar)
 {
-    const ReminderLevel next = nextReminderLevel(context, document);
-    return {.level = next,
-            .feeMinorUnits = lateFee(business, next, amountDueMinorUnits(context, document), document.currencyCode),
+    return reminderOfLevel(context, document, business, nextReminderLevel(context, document), today, calendar);
+}
+
+ReminderDetails reminderOfLevel(Context& context,
+                                const Document& document,
+                                const Business& business,
+                                ReminderLevel level,
+                                Instant today,
+                                const Calendar& calendar)
+{
+    return {.level = level,
+            .feeMinorUnits = lateFee(business, level, amountDueMinorUnits(context, document), document.currencyCode),
             .payBy = calendar.addingDays(today, std::max<int>(0, business.reminderPaymentDays))};
+}
+
+std::optional<std::string> checkReminder(
+    Context& context, const Document& document, const ReminderDetails& details, Instant today, const Calendar& calendar)
+{
+    if (!acceptsPayments(document)) {
+        return "Only invoices are reminded of.";
+    }
+    switch (status(document).value_or(DocumentStatus::draft)) {
+    case DocumentStatus::draft:
+        return "It is still a draft: nobody was asked to pay it yet.";
+    case DocumentStatus::paid:
+        return "It is paid.";
+    case DocumentStatus::accepted:
+    case DocumentStatus::declined:
+        return "It isn't marked as sent.";
+    case DocumentStatus::sent:
+        break;
+    }
+    if (!canSendReminder(context, document)) {
+        return "Nothing is owed on it.";
+    }
+    if (calendar.daysBetween(today, details.payBy) < 0) {
+        return "The day to pay by has passed.";
+    }
+    if (calendar.daysBetween(today, details.payBy) > Limits::paymentTermsDays) {
+        return "The day to pay by lies more than ten years ahead.";
+    }
+    return checkLateFee(context, document, details.feeMinorUnits);
+}
+
+ReminderFigures reminderFigures(Context& context, const Document& document, const ReminderNotice& reminder)
+{
+    const std::int64_t recorded = lateFeesMinorUnits(context, document);
+    ReminderFigures figures{.invoiceTotal = calculateTotals(context, document).total,
+                            .lateFees =
+                                reminder.isRecorded ? recorded : checkedAdd(recorded, reminder.details.feeMinorUnits),
+                            .paid = paidMinorUnits(context, document)};
+    figures.amountDue = checkedSubtract(checkedAdd(figures.invoiceTotal, figures.lateFees), figures.paid);
+    return figures;
+}
+
+const Reminder* lastReminder(Context& context, const Document& document)
+{
+    const std::vector<const Reminder*> reminders = sortedReminders(context, document);
+    return reminders.empty() ? nullptr : reminders.back();
+}
+
+ReminderNotice recordedNotice(const Reminder& reminder)
+{
+    const Instant entered = reminder.createdAt.value_or(Instant());
+    const Instant date = reminder.date.value_or(entered);
+    // A level that can't be read counts as the nearest one, as it does for the level that comes next.
+    const ReminderLevel nearest = reminder.level < 1 ? ReminderLevel::first : ReminderLevel::final;
+    return {.details = {.level = level(reminder).value_or(nearest),
+                        .feeMinorUnits = reminder.feeMinorUnits,
+                        .payBy = reminder.payBy.value_or(date)},
+            .date = date,
+            .isRecorded = true};
 }
 
 Reminder& addReminder(

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace Quillary {
 
@@ -23,6 +24,25 @@ struct ReminderDetails
     friend bool operator==(const ReminderDetails&, const ReminderDetails&) = default;
 };
 
+/// A reminder as a letter or an email tells of it.
+struct ReminderNotice
+{
+    ReminderDetails details;
+    Instant date;            ///< the day it is written on
+    bool isRecorded = false; ///< its fee is among the document's late fees already
+};
+
+/// What a reminder asks for, and how it comes about. Unit: minor units of the document's currency.
+struct ReminderFigures
+{
+    std::int64_t invoiceTotal = 0;
+    std::int64_t lateFees = 0; ///< of all reminders, this one's included
+    std::int64_t paid = 0;
+    std::int64_t amountDue = 0; ///< total and late fees less what was paid
+
+    friend bool operator==(const ReminderFigures&, const ReminderFigures&) = default;
+};
+
 /// Only a sent invoice (or a document of unreadable kind) on which something is still owed can be reminded of.
 [[nodiscard]] bool canSendReminder(Context& context, const Document& document);
 
@@ -36,6 +56,31 @@ struct ReminderDetails
 /// `Business::reminderPaymentDays` from today to pay.
 [[nodiscard]] ReminderDetails nextReminder(
     Context& context, const Document& document, const Business& business, Instant today, const Calendar& calendar);
+
+/// The same for a level that the user chose.
+[[nodiscard]] ReminderDetails reminderOfLevel(Context& context,
+                                              const Document& document,
+                                              const Business& business,
+                                              ReminderLevel level,
+                                              Instant today,
+                                              const Calendar& calendar);
+
+/// Why a reminder can't be sent, as a finished sentence: the document can't be reminded of, the fee is refused by
+/// `checkLateFee`, or the new deadline has passed or lies more than ten years ahead. No value: it can.
+[[nodiscard]] std::optional<std::string> checkReminder(Context& context,
+                                                       const Document& document,
+                                                       const ReminderDetails& details,
+                                                       Instant today,
+                                                       const Calendar& calendar);
+
+[[nodiscard]] ReminderFigures
+reminderFigures(Context& context, const Document& document, const ReminderNotice& reminder);
+
+/// The reminder sent last. Null: none.
+[[nodiscard]] const Reminder* lastReminder(Context& context, const Document& document);
+
+/// A recorded reminder as a letter tells of it. One without dates is of the day it was entered and to be paid by then.
+[[nodiscard]] ReminderNotice recordedNotice(const Reminder& reminder);
 
 /// Attaches a reminder; its fee is owed from then on. Fees are checked before: `checkLateFee`.
 Reminder& addReminder(

@@ -118,6 +118,7 @@ void PageWriter::writePage()
     writeHead();
     writeParties();
     writeTitles();
+    put("<div class=\"text opening\"><p>", m_document.opening, "</p></div>\n");
     putBlocks("<div class=\"text intro\">", m_document.intro);
     writeLines();
     writeTotals();
@@ -136,6 +137,9 @@ void PageWriter::writeOpening()
     HTMLText::append(m_html, m_document.pageTitle);
     put("</title>\n<style>\n");
     StyleSheet::append(m_html, m_document.settings);
+    if (m_document.form == PrintedDocument::Form::letter) {
+        StyleSheet::appendLetter(m_html);
+    }
     put("</style>\n</head>\n<body class=\"design-");
     put(storedText(m_document.settings.design));
     switch (m_document.settings.logoPosition) {
@@ -147,6 +151,9 @@ void PageWriter::writeOpening()
     case LogoPosition::right:
         put(" logo-right");
         break;
+    }
+    if (m_document.form == PrintedDocument::Form::letter) {
+        put(" letter");
     }
     put("\">\n");
 }

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Output/HTMLText.h"
 #include "QuillaryCore/Output/PrintedTerms.h"
 #include "QuillaryCore/Store/Context.h"
 
@@ -40,6 +41,15 @@ std::string PrintSource::day(Instant instant) const
 std::string PrintSource::percentage(std::int32_t basisPoints) const
 {
     return PrintedTerms::percentage(basisPoints, locale, strings.language());
+}
+
+std::string PrintSource::inSentence(std::string_view value)
+{
+    constexpr std::string_view leftToRightMark = "\u200E";
+    if (!HTMLText::hasRightToLeft(value)) {
+        return std::string(value);
+    }
+    return std::string(leftToRightMark).append(value).append(leftToRightMark);
 }
 
 bool PrintSource::asksForPayment() const

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace Quillary {
 
@@ -43,6 +44,10 @@ public:
 
     /// A rate with its sign. Unit: basis points.
     [[nodiscard]] std::string percentage(std::int32_t basisPoints) const;
+
+    /// A value within one of our sentences: what is written from right to left gets marks on both sides, so that the
+    /// words and figures around it keep their places.
+    [[nodiscard]] static std::string inSentence(std::string_view value);
 
     /// True for what asks for money: invoices, and templates, which are shown as the next invoice made from them.
     [[nodiscard]] bool asksForPayment() const;

@@ -5,7 +5,6 @@
 #include "QuillaryCore/Model/DeliveryKind.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Output/DocumentStrings.h"
-#include "QuillaryCore/Output/HTMLText.h"
 #include "QuillaryCore/Output/PrintSource.h"
 #include "QuillaryCore/Output/PrintedFigures.h"
 #include "QuillaryCore/Output/PrintedParties.h"
@@ -18,17 +17,6 @@ namespace Quillary {
 namespace {
 
 using Key = DocumentStrings::Key;
-
-/// A value within one of our sentences: what is written from right to left gets marks on both sides, so that the words
-/// and figures around it keep their places.
-std::string inSentence(std::string_view value)
-{
-    constexpr std::string_view leftToRightMark = "\u200E";
-    if (!HTMLText::hasRightToLeft(value)) {
-        return std::string(value);
-    }
-    return std::string(leftToRightMark).append(value).append(leftToRightMark);
-}
 
 /// Writes the rows beside the address.
 class MetaTable
@@ -124,7 +112,7 @@ std::string referenceLine(const PrintSource& source)
     if (invoice == nullptr || invoice->number.empty() || !invoice->issueDate) {
         return {};
     }
-    const std::string number = inSentence(invoice->number);
+    const std::string number = PrintSource::inSentence(invoice->number);
     const std::string date = source.day(*invoice->issueDate);
     return source.strings.format(Key::creditNoteFor, {{"number", number}, {"date", date}});
 }

@@ -43,6 +43,9 @@ struct PrintedDocument
         friend bool operator==(const Line&, const Line&) = default;
     };
 
+    /// A letter has no lines; its figures stand across the page.
+    enum class Form { document, letter };
+
     enum class Emphasis { figure, total, paid, due };
 
     struct TotalsRow
@@ -61,6 +64,7 @@ struct PrintedDocument
         Bytes qrCode; ///< PNG
     };
 
+    Form form = Form::document;
     DocumentLanguage language = DocumentLanguage::english;
     TemplateSettings settings;
     std::string pageTitle; ///< of the page and of the PDF, such as "Invoice 2025-001"
@@ -76,7 +80,8 @@ struct PrintedDocument
     std::vector<Row> meta;
     std::string subtitle;
     std::string reference;
-    std::string intro; ///< light markup
+    std::string opening; ///< of a letter: one paragraph, no markup
+    std::string intro;   ///< light markup
     bool hasTaxRateColumn = false;
     std::vector<Line> lines;
     std::vector<TotalsRow> totals;

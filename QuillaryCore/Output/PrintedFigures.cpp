@@ -6,18 +6,16 @@
 #include "QuillaryCore/Model/Discount.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
-#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Fee.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Model/Reminder.h"
 #include "QuillaryCore/Model/TaxLabel.h"
 #include "QuillaryCore/Model/Units.h"
-#include "QuillaryCore/Model/Validation.h"
 #include "QuillaryCore/Money/Quantity.h"
-#include "QuillaryCore/Output/PaymentQR.h"
 #include "QuillaryCore/Output/PrintSource.h"
 #include "QuillaryCore/Output/PrintedDocument.h"
+#include "QuillaryCore/Output/PrintedPayment.h"
 #include "QuillaryCore/Output/PrintedTerms.h"
 
 #include <algorithm>
@@ -200,78 +198,6 @@ private:
     const Totals::Result& m_totals;
 };
 
-/// "DE89 3704 0044 0532 0130 00", the form in which an IBAN is printed (ISO 13616).
-std::string groupedIBAN(std::string_view iban)
-{
-    const std::string compact = Validation::compactIBAN(iban);
-    std::string grouped;
-    for (std::size_t start = 0; start < compact.size(); start += 4) {
-        grouped.append(start == 0 ? "" : " ").append(compact, start, 4);
-    }
-    return grouped;
-}
-
-std::vector<PrintedDocument::Row> bankRows(const PrintSource& source)
-{
-    const Business& business = source.business;
-    std::vector<PrintedDocument::Row> rows;
-    const auto add = [&](std::string_view label, std::string_view value) {
-        if (const std::string_view text = trimmed(value); !text.empty()) {
-            rows.push_back({std::string(label), std::string(text)});
-        }
-    };
-    add(source.strings.text(Key::bank), business.bankName);
-    add("IBAN", groupedIBAN(business.iban));
-    add("BIC", Validation::compactIBAN(business.bic));
-    add(source.strings.text(Key::accountNumber), business.accountNumber);
-    add(source.strings.text(Key::bankCode), business.bankCode);
-    if (upperCasedASCII(source.document.currencyCode) == "INR") {
-        add("UPI ID", business.upiID);
-    }
-    if (!rows.empty()) {
-        const std::string_view holder = trimmed(business.accountHolder);
-        rows.insert(rows.begin(),
-                    {std::string(source.strings.text(Key::accountHolder)),
-                     std::string(holder.empty() ? trimmed(business.name) : holder)});
-    }
-    return rows;
-}
-
-/// The day by which to pay: the due date, or the later one that a reminder has set.
-std::optional<Instant> payBy(const PrintSource& source)
-{
-    std::optional<Instant> day = source.dueDate();
-    for (const Reminder* reminder : sortedReminders(source.context, source.document)) {
-        if (reminder->payBy && (!day || *reminder->payBy > *day)) {
-            day = reminder->payBy;
-        }
-    }
-    return day;
-}
-
-void addPayment(PrintedDocument& printed, const PrintSource& source, std::int64_t due)
-{
-    if (!source.asksForPayment() || due <= 0 || status(source.document) == DocumentStatus::paid) {
-        return;
-    }
-    PrintedDocument::Payment& payment = printed.payment.emplace();
-    const std::string total = source.money(due);
-    const auto issued = source.issueDate();
-    const auto deadline = payBy(source);
-    if (deadline && (!issued || source.calendar.date(*deadline) > source.calendar.date(*issued))) {
-        const std::string date = source.day(*deadline);
-        payment.sentence = source.strings.format(Key::payBy, {{"total", total}, {"date", date}});
-    } else {
-        payment.sentence = source.strings.format(Key::payOnReceipt, {{"total", total}});
-    }
-    payment.bank = bankRows(source);
-    if (source.business.showPaymentQRCode) {
-        if (const auto text = PaymentQR::payload(source.context, source.document, source.business, due)) {
-            payment.qrCode = PaymentQR::png(*text).value_or(Bytes());
-        }
-    }
-}
-
 } // namespace
 
 void add(PrintedDocument& printed, const PrintSource& source)
@@ -287,7 +213,7 @@ void add(PrintedDocument& printed, const PrintSource& source)
         const std::string_view note = trimmed(source.document.taxExemptNote);
         printed.exemptNote = note.empty() && source.business.taxExempt ? trimmed(source.business.taxExemptNote) : note;
     }
-    addPayment(printed, source, due);
+    PrintedPayment::add(printed, source, due);
 }
 
 } // namespace Quillary::PrintedFigures

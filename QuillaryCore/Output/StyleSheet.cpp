@@ -140,6 +140,16 @@ table.totals tr.last td { padding-bottom: 6pt; }
 table.bank td.label { white-space: nowrap; }
 )css";
 
+/// A letter reads as one: a paragraph in a comfortable measure, then its figures across the page under hairlines, with
+/// the amount due in the design's own emphasis.
+constexpr std::string_view letterRules = R"css(.letter .parties { margin-bottom: 30pt; }
+.letter .opening { font-size: 10.5pt; line-height: 1.5; max-width: 420pt; }
+.letter .totals-wrap { display: block; margin: 20pt 0 22pt; }
+.letter table.totals { width: 100%; }
+.letter table.totals td, .letter table.totals td.label { padding: 6pt; }
+.letter table.totals tr:not(.total) td { border-bottom: 0.5pt solid #e4e4e4; }
+)css";
+
 constexpr int tintPercent = 10;
 constexpr int strongTintPercent = 22;
 constexpr double readable = 4.5;     ///< of small text
@@ -197,6 +207,11 @@ std::string legibility(const TemplateSettings& settings)
                      : fmt::format("{} {{ color: {}; }}\n", text, darkText);
     }
     return rules;
+}
+
+void appendLetter(std::string& html)
+{
+    html += letterRules;
 }
 
 void append(std::string& html, const TemplateSettings& settings)

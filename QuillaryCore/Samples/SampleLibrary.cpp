@@ -56,9 +56,13 @@ public:
     const Business& addBusiness(std::string_view currencyCode);
     std::vector<SampleLibrary::Sample> addDocuments();
 
+    /// Reminders of the overdue invoice, and of one that is not among the documents.
+    std::vector<SampleLibrary::Letter> addLetters();
+
 private:
     const Client& addClient(const SampleParty& party, std::string_view number);
     Document& addDocument(std::string_view name, DocumentKind kind, std::string_view number, const Client& client);
+    Document& makeDocument(DocumentKind kind, std::string_view number, const Client& client);
     const LineItem& addLine(const Document& document,
                             const SampleLineText& text,
                             const Figures& figures,
@@ -89,6 +93,7 @@ private:
     std::unique_ptr<UnitLibrary> m_units;
     const Client* m_homeClient = nullptr;
     const Client* m_foreignClient = nullptr;
+    const Document* m_overdue = nullptr;
     std::int32_t m_nextIndex = 0;
     std::vector<SampleLibrary::Sample> m_samples;
 };
@@ -159,6 +164,13 @@ const Client& Builder::addClient(const SampleParty& party, std::string_view numb
 
 Document& Builder::addDocument(std::string_view name, DocumentKind kind, std::string_view number, const Client& client)
 {
+    Document& document = makeDocument(kind, number, client);
+    m_samples.push_back({std::string(name), &document});
+    return document;
+}
+
+Document& Builder::makeDocument(DocumentKind kind, std::string_view number, const Client& client)
+{
     auto& document = m_context.insert<Document>();
     document.kindRaw = static_cast<std::int16_t>(kind);
     document.statusRaw = static_cast<std::int16_t>(DocumentStatus::sent);
@@ -171,7 +183,6 @@ Document& Builder::addDocument(std::string_view name, DocumentKind kind, std::st
     document.currencyCode = m_business->currencyCode;
     document.languageCode = m_business->languageCode;
     document.client = client.ref;
-    m_samples.push_back({std::string(name), &document});
     return document;
 }
 
@@ -255,6 +266,24 @@ void Builder::addOverdueInvoice()
     recordPayment(m_context, invoice, {.amountMinorUnits = 30'000, .date = daysFromToday(-50), .note = {}});
     addReminder(m_context, invoice, ReminderLevel::first, 0, daysFromToday(-40), daysFromToday(-30));
     addReminder(m_context, invoice, ReminderLevel::second, 1'000, daysFromToday(-20), daysFromToday(-10));
+    m_overdue = &invoice;
+}
+
+std::vector<SampleLibrary::Letter> Builder::addLetters()
+{
+    Document& abroad = makeDocument(DocumentKind::invoice, "2026-0019", *m_foreignClient);
+    abroad.issueDate = daysFromToday(-30);
+    abroad.dueDate = daysFromToday(-16);
+    addSmallJob(abroad);
+    updateCachedTotals(m_context, abroad);
+    const auto notice = [this](ReminderLevel level, std::int64_t fee) {
+        return ReminderNotice{.details = {.level = level, .feeMinorUnits = fee, .payBy = daysFromToday(10)},
+                              .date = daysFromToday(0)};
+    };
+    return {
+        {.name = "reminder-1", .document = &abroad, .reminder = notice(ReminderLevel::first, 0)},
+        {.name = "reminder-2", .document = m_overdue, .reminder = recordedNotice(*lastReminder(m_context, *m_overdue))},
+        {.name = "reminder-3", .document = m_overdue, .reminder = notice(ReminderLevel::final, 1'500)}};
 }
 
 void Builder::addReverseChargeInvoice()
@@ -328,6 +357,7 @@ SampleLibrary::SampleLibrary(DocumentLanguage language, std::string_view currenc
     Builder builder(m_context, m_calendar, sampleTexts(language), language);
     m_business = &builder.addBusiness(currencyCode);
     m_samples = builder.addDocuments();
+    m_letters = builder.addLetters();
     m_context.save();
 }
 

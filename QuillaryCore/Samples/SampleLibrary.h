@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QuillaryCore/Billing/Reminders.h"
 #include "QuillaryCore/Foundation/Calendar.h"
 #include "QuillaryCore/Foundation/Clock.h"
 #include "QuillaryCore/Foundation/UUID.h"
@@ -28,6 +29,14 @@ public:
         const Document* document;
     };
 
+    /// A reminder of a document and what its files are called.
+    struct Letter
+    {
+        std::string name;
+        const Document* document;
+        ReminderNotice reminder;
+    };
+
     /// An empty `currencyCode` means the currency of the language's country; prices keep their minor units in any other.
     explicit SampleLibrary(DocumentLanguage language, std::string_view currencyCode = {});
     SampleLibrary(const SampleLibrary&) = delete;
@@ -43,6 +52,9 @@ public:
     /// Invoices in every state (one of three, one of forty pages), a quote, a credit note and a template.
     [[nodiscard]] const std::vector<Sample>& samples() const { return m_samples; }
 
+    /// One of each level: an invoice abroad with nothing but its total, and one with fees and a payment.
+    [[nodiscard]] const std::vector<Letter>& letters() const { return m_letters; }
+
 private:
     FixedClock m_clock;
     CountingUUIDSource m_uuids;
@@ -51,6 +63,7 @@ private:
     Calendar m_calendar{"UTC"};
     const Business* m_business = nullptr;
     std::vector<Sample> m_samples;
+    std::vector<Letter> m_letters;
 };
 
 } // namespace Quillary

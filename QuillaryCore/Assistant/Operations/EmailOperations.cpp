@@ -2,18 +2,16 @@
 #include "QuillaryCore/Assistant/Operations/Operations.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
+#include "QuillaryCore/Letters/EmailDraft.h"
+#include "QuillaryCore/Letters/EmailTemplates.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
-#include "QuillaryCore/Model/ClientName.h"
-#include "QuillaryCore/Model/ContactPerson.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
-#include "QuillaryCore/Output/EmailDraft.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,23 +21,18 @@ namespace Quillary {
 namespace {
 
 /// The client's own address, else that of the first contact person who has one.
-MailAddress recipient(Context& context, const Client& client)
+EmailRecipient recipient(Context& context, const Client& client)
 {
-    if (!client.email.empty()) {
-        return {displayName(client), client.email};
+    const std::vector<EmailRecipient> offered = EmailDraft::recipients(context, client);
+    if (offered.empty()) {
+        throw AssistantError(
+            fmt::format("{} has no email address. Ask the user for it, and fill it in with update_client.",
+                        Lookup::reference(client)));
     }
-    std::vector<const ContactPerson*> contacts = context.related<&ContactPerson::client>(client);
-    std::ranges::stable_sort(contacts, {}, &ContactPerson::sortIndex);
-    for (const ContactPerson* contact : contacts) {
-        if (!contact->email.empty()) {
-            return {contact->name, contact->email};
-        }
-    }
-    throw AssistantError(fmt::format("{} has no email address. Ask the user for it, and fill it in with update_client.",
-                                     Lookup::reference(client)));
+    return offered.front();
 }
 
-MailAddress requiredRecipient(const AssistantEnvironment& environment, const Document& document)
+EmailRecipient requiredRecipient(const AssistantEnvironment& environment, const Document& document)
 {
     if (kind(document) == DocumentKind::recurring) {
         throw AssistantError("A recurring template isn't sent; the invoices made from it are.");
@@ -49,8 +42,8 @@ MailAddress requiredRecipient(const AssistantEnvironment& environment, const Doc
         throw AssistantError(
             fmt::format("{} has no client to write to. Set one with update_document.", Lookup::reference(document)));
     }
-    MailAddress to = recipient(environment.context, *client);
-    if (!MailDraft::canAddress(to.address)) {
+    EmailRecipient to = recipient(environment.context, *client);
+    if (!MailDraft::canAddress(to.address) || !EmailDraft::invalidAddresses(to.address).empty()) {
         throw AssistantError(fmt::format("The email address of {} can't be written to. Correct it with update_client.",
                                          Lookup::reference(*client)));
     }
@@ -61,14 +54,18 @@ MailAddress requiredRecipient(const AssistantEnvironment& environment, const Doc
 MailDraft words(const AssistantEnvironment& environment, const Document& document)
 {
     const Business& business = environment.ownBusiness();
-    MailAddress to = requiredRecipient(environment, document);
-    EmailText text = EmailDraft::text(environment.context, document, business, to.name, environment.calendar);
+    EmailRecipient to = requiredRecipient(environment, document);
+    EmailText text =
+        EmailDraft::fill(EmailTemplates::text(environment.context, emailKind(document), language(document)),
+                         EmailDraft::values(environment.context,
+                                            {.document = document, .business = business, .recipientName = to.name},
+                                            environment.clock.now(),
+                                            environment.calendar));
     return {.from = {business.name, business.email},
-            .to = std::move(to),
+            .to = {std::move(to)},
             .subject = std::move(text.subject),
             .body = std::move(text.body),
-            .attachment = shownFileName(environment, document) + ".pdf",
-            .pdf = {},
+            .attachments = {{shownFileName(environment, document) + ".pdf", {}}},
             .date = environment.clock.now()};
 }
 
@@ -91,12 +88,12 @@ ToolResult answer(const Document& document, const MailDraft& mail)
 {
     ToolResult result{.text = fmt::format("Prepared the email with {} for {}, “{}”.",
                                           Lookup::reference(document),
-                                          plainText(mail.to.address),
+                                          plainText(mail.to.front().address),
                                           plainText(mail.subject))};
     result.data = JSON::object({{"document", Lookup::idText(document.uuid)},
-                                {"to", mail.to.address},
+                                {"to", mail.to.front().address},
                                 {"subject", mail.subject},
-                                {"attachment", mail.attachment},
+                                {"attachment", mail.attachments.front().name},
                                 {"sent", false}});
     result.documentID = document.uuid;
     result.summary = result.text;
@@ -149,7 +146,7 @@ void SendingOperations::email(const AssistantEnvironment& environment,
             reply(ToolResult::error(*sentence));
             return;
         }
-        mail.pdf = std::move(std::get<Bytes>(page));
+        mail.attachments.front().pdf = std::move(std::get<Bytes>(page));
         host.prepareEmail(std::move(mail), name, prepared);
     });
 }

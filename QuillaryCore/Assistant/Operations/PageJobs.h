@@ -11,6 +11,10 @@ namespace Quillary {
 struct AssistantEnvironment;
 struct Business;
 struct Document;
+struct PrintedDocument;
+
+/// A page ready for the printer: that of a document, or a letter.
+[[nodiscard]] PageJob pageJob(const PrintedDocument& printed);
 
 /// A document ready for the printer.
 [[nodiscard]] PageJob

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Output/MailDraft.h"
+#include "QuillaryCore/Letters/MailDraft.h"
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Store/Field.h"
 

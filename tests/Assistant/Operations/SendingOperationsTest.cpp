@@ -128,13 +128,13 @@ TEST_F(SendingOperationsTest, laysTheEmailBeforeTheUser)
     const std::string id = create("invoice", R"(,"language":"de")");
     const ToolResult result = library.call("email_document", with(id));
     ASSERT_TRUE(library.host.mail);
-    EXPECT_EQ(library.host.mail->to, (MailAddress{"Acme", "info@acme.example"}));
+    EXPECT_EQ(library.host.mail->to, std::vector({MailAddress{"Acme", "info@acme.example"}}));
     EXPECT_EQ(library.host.mail->subject, "Rechnung INV-2026-001 von Studio Nord");
     EXPECT_EQ(library.host.mail->body,
               "Hallo Acme,\n\nanbei erhalten Sie die Rechnung INV-2026-001 über 119,00\u00A0€, zahlbar bis zum "
               "31.03.2026.\n\nVielen Dank für Ihren Auftrag!\n\nViele Grüße\nStudio Nord");
-    EXPECT_EQ(library.host.mail->attachment, "Rechnung INV-2026-001 - Acme.pdf");
-    EXPECT_EQ(library.host.mail->pdf, (Bytes{'P', 'D', 'F'}));
+    EXPECT_EQ(library.host.mail->attachments.at(0).name, "Rechnung INV-2026-001 - Acme.pdf");
+    EXPECT_EQ(library.host.mail->attachments.at(0).pdf, (Bytes{'P', 'D', 'F'}));
     EXPECT_TRUE(result.text.contains("Nothing has been sent.")) << result.text;
     EXPECT_EQ(member(*result.data, "sent"), "false");
     EXPECT_EQ(status(document(id)), DocumentStatus::draft);
@@ -155,7 +155,7 @@ TEST_F(SendingOperationsTest, writesWithTheUsersOwnWords)
     contact.client = client.ref;
     library.context.save();
     library.data("email_document", with(create("invoice", R"(,"language":"en")")));
-    EXPECT_EQ(library.host.mail->to.address, "eva@acme.example");
+    EXPECT_EQ(library.host.mail->to.at(0).address, "eva@acme.example");
     EXPECT_EQ(library.host.mail->subject, "Invoice INV-2026-001:  {foo}");
     EXPECT_EQ(library.host.mail->body, "Eva {total}/Acme {INV-2026-001 €119.00 31 Mar 2026 {pay_by");
 }
@@ -170,7 +170,7 @@ TEST_F(SendingOperationsTest, namesTheTruePathOfWhatItSaved)
     library.host.home = folder.path();
     const std::string name = "Invoice INV-2026-001 - Acme (Nord)";
     library.data("email_document", with(id));
-    EXPECT_EQ(library.host.mail->attachment, name + ".pdf");
+    EXPECT_EQ(library.host.mail->attachments.at(0).name, name + ".pdf");
 
     const std::string first = (folder / (name + ".pdf")).string();
     const ToolResult away = library.call("export_document_pdf", with(id));

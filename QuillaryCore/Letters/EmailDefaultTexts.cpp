@@ -1,10 +1,8 @@
-#include "QuillaryCore/Output/EmailTemplates.h"
-
 #include "QuillaryCore/Foundation/Precondition.h"
-#include "QuillaryCore/Model/EmailTemplate.h"
-#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Letters/EmailTemplates.h"
 
 #include <array>
+#include <cstddef>
 #include <source_location>
 
 namespace Quillary {
@@ -305,14 +303,6 @@ const Texts& texts(EmailKind kind)
 }
 
 } // namespace
-
-EmailText EmailTemplates::text(Context& context, EmailKind kind, DocumentLanguage language)
-{
-    const std::string languageCode(code(language));
-    const EmailTemplate* own = context.first<EmailTemplate>(
-        "kindRaw = ? AND languageCode = ? ORDER BY id", static_cast<std::int16_t>(kind), languageCode);
-    return own == nullptr ? defaultText(kind, language) : EmailText{own->subject, own->body};
-}
 
 const EmailText& EmailTemplates::defaultText(EmailKind kind, DocumentLanguage language)
 {

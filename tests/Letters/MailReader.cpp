@@ -1,4 +1,4 @@
-#include "tests/Output/MailReader.h"
+#include "tests/Letters/MailReader.h"
 
 #include <cstddef>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "QuillaryCore/Output/MailDraft.h"
+#include "QuillaryCore/Letters/MailDraft.h"
 
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Output/Base64.h"
@@ -101,6 +101,18 @@ std::string mailbox(const MailAddress& person)
     return name.empty() ? person.address : fmt::format("{}\r\n <{}>", displayName(name), person.address);
 }
 
+/// People as the value of a header, one to a line; those without a usable address are left to the mail program.
+std::string mailboxes(std::span<const MailAddress> people)
+{
+    std::string result;
+    for (const MailAddress& person : people) {
+        if (MailDraft::canAddress(person.address)) {
+            result += (result.empty() ? "" : ",\r\n ") + mailbox(person);
+        }
+    }
+    return result;
+}
+
 /// "Tue, 17 Mar 2026 11:00:00 +0000"
 std::string dateText(Instant instant)
 {
@@ -176,11 +188,11 @@ std::string MailDraft::message() const
     };
     header("X-Unsent", "1");
     header("Date", dateText(date));
-    if (canAddress(from.address)) {
-        header("From", mailbox(from));
+    if (const std::string sender = mailboxes({&from, 1}); !sender.empty()) {
+        header("From", sender);
     }
-    if (canAddress(to.address)) {
-        header("To", mailbox(to));
+    if (const std::string recipients = mailboxes(to); !recipients.empty()) {
+        header("To", recipients);
     }
     header("Subject", headerText(subject));
     header("MIME-Version", "1.0");
@@ -190,14 +202,16 @@ std::string MailDraft::message() const
     header("Content-Transfer-Encoding", "base64");
     text += lineEnd;
     appendBase64(text, bytesOf(mailLines(body)));
-    text += fmt::format("--{}\r\n", boundary);
-    const std::string name = fileName(attachment);
-    header("Content-Type", "application/pdf");
-    // No second, plain name beside it: some mail programs would take that one.
-    header("Content-Disposition", fmt::format("attachment;\r\n filename*=UTF-8''{}", percentEncoded(name)));
-    header("Content-Transfer-Encoding", "base64");
-    text += lineEnd;
-    appendBase64(text, pdf);
+    for (const MailAttachment& attachment : attachments) {
+        text += fmt::format("--{}\r\n", boundary);
+        header("Content-Type", "application/pdf");
+        // No second, plain name beside it: some mail programs would take that one.
+        header("Content-Disposition",
+               fmt::format("attachment;\r\n filename*=UTF-8''{}", percentEncoded(fileName(attachment.name))));
+        header("Content-Transfer-Encoding", "base64");
+        text += lineEnd;
+        appendBase64(text, attachment.pdf);
+    }
     text += fmt::format("--{}--\r\n", boundary);
     return text;
 }

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Quillary {
 
@@ -17,15 +18,21 @@ struct MailAddress
     friend bool operator==(const MailAddress&, const MailAddress&) = default;
 };
 
-/// A mail with one file, for a person to check and send: a mail program opens it as a draft.
+/// A file that a mail carries.
+struct MailAttachment
+{
+    std::string name; ///< with its ending
+    Bytes pdf;
+};
+
+/// A mail with files, for a person to check and send: a mail program opens it as a draft.
 struct MailDraft
 {
     MailAddress from;
-    MailAddress to;
+    std::vector<MailAddress> to;
     std::string subject;
-    std::string body;       ///< plain text, lines end in "\n"
-    std::string attachment; ///< the name of the file, with its ending
-    Bytes pdf;
+    std::string body; ///< plain text, lines end in "\n"
+    std::vector<MailAttachment> attachments;
     Instant date;
 
     /// The whole message. No text of it, whatever it holds, can begin a header of its own.

@@ -1,7 +1,7 @@
-#include "QuillaryCore/Output/MailDraft.h"
+#include "QuillaryCore/Letters/MailDraft.h"
 
 #include "QuillaryCore/Output/Base64.h"
-#include "tests/Output/MailReader.h"
+#include "tests/Letters/MailReader.h"
 
 #include <gtest/gtest.h>
 
@@ -17,11 +17,10 @@ constexpr Instant now =
 MailDraft draft()
 {
     return {.from = {"Studio Nord", "studio@example.com"},
-            .to = {"Café Müller", "info@mueller.example"},
+            .to = {{"Café Müller", "info@mueller.example"}},
             .subject = "Rechnung 2026-01 über 1.190,00 € – Gestaltung, Druck und Lieferung von Broschüren",
             .body = "Hallo,\n\nanbei die Rechnung über 1.190,00 €.\n.\nGrüße",
-            .attachment = "Rechnung 2026-01 – Müller.pdf",
-            .pdf = Bytes(5000, 0x25),
+            .attachments = {{"Rechnung 2026-01 – Müller.pdf", Bytes(5000, 0x25)}},
             .date = now};
 }
 
@@ -37,7 +36,7 @@ TEST(MailDraftTest, isReadBackAsItWasMeant)
     ASSERT_EQ(mail.parts().size(), 2U);
     EXPECT_EQ(mail.parts()[0].content, "Hallo,\r\n\r\nanbei die Rechnung über 1.190,00 €.\r\n.\r\nGrüße\r\n");
     EXPECT_EQ(mail.parts()[1].content, std::string(5000, '%'));
-    EXPECT_EQ(mail.parts()[1].fileName, draft().attachment);
+    EXPECT_EQ(mail.parts()[1].fileName, draft().attachments[0].name);
 }
 
 TEST(MailDraftTest, keepsLinesOfEncodedWordsShort)
@@ -69,8 +68,8 @@ TEST(MailDraftTest, letsNoTextBeginAHeaderOfItsOwn)
     };
     for (const std::string_view attack : attacks) {
         MailDraft mail = draft();
-        mail.from.name = mail.to.name = mail.subject = mail.body = attack;
-        mail.attachment = std::string(attack) + ".pdf";
+        mail.from.name = mail.to[0].name = mail.subject = mail.body = attack;
+        mail.attachments[0].name = std::string(attack) + ".pdf";
         const MailReader read(mail.message());
         EXPECT_EQ(read.fault(), "") << attack;
         EXPECT_EQ(read.headerNames(), "X-Unsent Date From To Subject MIME-Version Content-Type ") << attack;
@@ -102,10 +101,10 @@ TEST(MailDraftTest, keepsLinesShortWhateverTheLengths)
 {
     MailDraft mail = draft();
     mail.subject = std::string(3000, 'x');
-    mail.to.name = std::string(3000, 'y');
-    mail.attachment.clear();
+    mail.to[0].name = std::string(3000, 'y');
+    mail.attachments[0].name.clear();
     for (int index = 0; index < 1000; ++index) {
-        mail.attachment += "ü";
+        mail.attachments[0].name += "ü";
     }
     const MailReader read(mail.message());
     EXPECT_EQ(read.fault(), "");
