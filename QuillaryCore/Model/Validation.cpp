@@ -140,14 +140,6 @@ bool matches(std::string_view text, std::string_view form)
     });
 }
 
-/// Upper case, without the spaces and marks that people put between the groups.
-std::string compactVATID(std::string_view text)
-{
-    std::string compact = upperCasedASCII(withoutWhiteSpace(text));
-    std::erase_if(compact, [](char character) { return character == '.' || character == '-' || character == '/'; });
-    return compact;
-}
-
 } // namespace
 
 std::string compactIBAN(std::string_view text)
@@ -198,6 +190,13 @@ bool isValidUPI(std::string_view text)
     };
     return std::ranges::all_of(id.substr(0, sign), isNamePart) && bank.size() >= 2 && bank.size() <= 64 &&
            !isDigit(bank.front()) && std::ranges::all_of(bank, isLetterOrDigit);
+}
+
+std::string compactVATID(std::string_view text)
+{
+    std::string compact = upperCasedASCII(withoutWhiteSpace(text));
+    std::erase_if(compact, [](char character) { return character == '.' || character == '-' || character == '/'; });
+    return compact;
 }
 
 bool isValidVATID(std::string_view text)

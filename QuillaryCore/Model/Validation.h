@@ -20,6 +20,10 @@ namespace Quillary::Validation {
 /// "name@bank": letters, digits, ".", "-" and "_" before the sign, letters and digits after it.
 [[nodiscard]] bool isValidUPI(std::string_view text);
 
+/// A VAT ID as it is compared and stored: upper case, without the white space, dots, dashes and slashes that people put
+/// between its groups.
+[[nodiscard]] std::string compactVATID(std::string_view text);
+
 /// A VAT identification number in the form of its country (EU members with EL or GR for Greece, XI, GB, CH, NO), in any
 /// spacing, punctuation and case. Numbers of other countries only need letters and digits.
 [[nodiscard]] bool isValidVATID(std::string_view text);

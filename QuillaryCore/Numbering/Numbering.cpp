@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <span>
@@ -222,6 +223,37 @@ std::string assign(Context& context,
     }
     setLastValue(context, series.key, found.next.counter);
     return std::move(found.next.number);
+}
+
+std::vector<std::string> assignMany(Context& context,
+                                    std::size_t count,
+                                    const std::function<bool(const std::string&)>& isTaken,
+                                    NumberedKind kind,
+                                    Instant date,
+                                    const Business& business,
+                                    const Calendar& calendar)
+{
+    const Series series = seriesOf(kind, date, nullptr, business, calendar);
+    const std::int64_t before = lastValue(context, series.key);
+    std::int64_t last = before;
+    std::vector<std::string> numbers;
+    numbers.reserve(count);
+    // Every counter makes another number, and what is taken has an end, so the search has one too.
+    for (std::int64_t next = counterAfter(last);; next = counterAfter(next)) {
+        std::string number = series.format.render(next, date, {}, calendar);
+        const bool isFree = !isTaken(number);
+        if (isFree && numbers.size() == count) {
+            break;
+        }
+        last = next;
+        if (isFree) {
+            numbers.push_back(std::move(number));
+        }
+    }
+    if (last != before) {
+        setLastValue(context, series.key, last);
+    }
+    return numbers;
 }
 
 bool releaseIfNewest(Context& context,

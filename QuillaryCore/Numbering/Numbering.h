@@ -8,8 +8,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Decides which number a document or client gets next, and keeps the counters.
 ///
@@ -55,6 +57,17 @@ inline constexpr std::size_t maximumCandidates = 10'000;
                                  const Client* client,
                                  const Business& business,
                                  const Calendar& calendar);
+
+/// Hands out `count` numbers at once, for an import, and records the counter. `isTaken` tells of every number that is in
+/// use or about to be; what it says is believed, so the library isn't asked once per number. Counters of numbers that are
+/// taken are passed over for good, those right behind the last number too, however many they are.
+[[nodiscard]] std::vector<std::string> assignMany(Context& context,
+                                                  std::size_t count,
+                                                  const std::function<bool(const std::string&)>& isTaken,
+                                                  NumberedKind kind,
+                                                  Instant date,
+                                                  const Business& business,
+                                                  const Calendar& calendar);
 
 /// Gives a number back when its document or client is deleted or numbered anew, so that the next one gets it.
 /// False, and nothing changed: it isn't the newest of the series that date and client lead to now.

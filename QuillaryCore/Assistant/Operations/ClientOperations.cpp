@@ -10,6 +10,7 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/NumberedKind.h"
+#include "QuillaryCore/Model/PersonName.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Money/Currencies.h"
 #include "QuillaryCore/Money/Money.h"
@@ -37,12 +38,11 @@ constexpr std::array textFields = {TextField<Client>{"phone", &Client::phone},
                                    TextField<Client>{"tax_id", &Client::taxID},
                                    TextField<Client>{"language", &Client::languageCode}};
 
-/// The last word of a full name is the family name, as in most of the countries whose languages we print.
 void setFullName(Client& client, std::string_view fullName)
 {
-    const std::size_t space = fullName.rfind(' ');
-    client.firstName = space == std::string_view::npos ? "" : std::string(trimmed(fullName.substr(0, space)));
-    client.lastName = space == std::string_view::npos ? std::string(fullName) : std::string(fullName.substr(space + 1));
+    PersonName name = personName(fullName);
+    client.firstName = std::move(name.first);
+    client.lastName = std::move(name.last);
 }
 
 void applyName(Client& client, const Arguments& arguments)

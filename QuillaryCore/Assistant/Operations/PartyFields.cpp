@@ -31,9 +31,7 @@ std::optional<std::string> emailArgument(const Arguments& arguments)
 
 std::string compactVATID(std::string_view text)
 {
-    std::string compact = upperCasedASCII(replacing(plainText(text), " ", ""));
-    std::erase_if(compact, [](char character) { return character == '.' || character == '-' || character == '/'; });
-    return compact;
+    return Validation::compactVATID(plainText(text));
 }
 
 std::optional<std::string> vatIDArgument(const Arguments& arguments)

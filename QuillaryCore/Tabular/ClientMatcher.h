@@ -1,0 +1,74 @@
+#pragma once
+
+#include "QuillaryCore/Model/Client.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace Quillary {
+
+class Context;
+
+/// Finds out whether a client is there already: in the library, or in an earlier row of the list.
+///
+/// The same are clients with one number, one VAT ID, one email address or one name, in whatever case, accents and
+/// spacing. Only a name isn't enough where two rows of one list carry it with different numbers: who numbers his clients
+/// knows which are two.
+class ClientMatcher
+{
+public:
+    /// What two clients share.
+    enum class Trait : std::uint8_t { number, vatID, email, name };
+
+    /// The client that another is a duplicate of.
+    struct Match
+    {
+        Trait trait = Trait::number;
+        std::string name;               ///< the client's name
+        std::optional<std::size_t> row; ///< of the list; no value: it is in the library
+
+        friend bool operator==(const Match&, const Match&) = default;
+    };
+
+    /// Knows the clients of the library, in one narrow query.
+    void addLibrary(Context& context);
+
+    /// Compares with all known, by the surest trait first. No value: there is none like it.
+    [[nodiscard]] std::optional<Match> find(const Client& client) const;
+
+    /// The earlier row with the same name and another number. No value: there is none.
+    [[nodiscard]] std::optional<std::size_t> rowWithName(const Client& client) const;
+
+    /// Makes a new client of the list known. `row` tells it in a match.
+    void add(const Client& client, std::size_t row);
+
+    /// Whether a client of the library or an added one carries exactly this number.
+    [[nodiscard]] bool isTaken(const std::string& number) const { return m_numbers.contains(number); }
+
+private:
+    struct Known
+    {
+        std::string name;
+        std::optional<std::size_t> row;
+        bool hasNumber = false;
+    };
+    using Index = std::unordered_map<std::string, std::uint32_t>; ///< to the place in `m_known`
+
+    void note(const Client& client, std::optional<std::size_t> row);
+    [[nodiscard]] const Known* known(const Index& index, const std::string& key) const;
+
+    std::vector<Known> m_known;
+    Index m_byNumber;
+    Index m_byVATID;
+    Index m_byEmail;
+    Index m_byName;
+    std::unordered_set<std::string> m_numbers;
+};
+
+} // namespace Quillary
