@@ -9,6 +9,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <functional>
+#include <set>
 #include <string>
 #include <tuple>
 
@@ -131,6 +133,30 @@ void forEachOpenInvoice(Context& context,
             }
         },
         currencyCode);
+}
+
+std::vector<std::string> currencies(Context& context, const DateRange& range)
+{
+    std::set<std::string, std::less<>> codes;
+    context.query(
+        "SELECT currencyCode FROM Document WHERE issueDate >= ?1 AND issueDate < ?2 AND kindRaw IN (0, 2)",
+        [&](const Statement& row) {
+            if (!codes.contains(row.text(0))) {
+                codes.emplace(row.text(0));
+            }
+        },
+        range.start,
+        range.end);
+    return {codes.begin(), codes.end()};
+}
+
+std::vector<std::string> openCurrencies(Context& context)
+{
+    std::vector<std::string> codes;
+    context.query(
+        "SELECT DISTINCT currencyCode FROM Document WHERE kindRaw = 0 AND statusRaw = 1 ORDER BY currencyCode",
+        [&](const Statement& row) { codes.emplace_back(row.text(0)); });
+    return codes;
 }
 
 std::int64_t openBalance(std::int64_t totalMinorUnits, std::int64_t lateFeesMinorUnits, std::int64_t paidMinorUnits)

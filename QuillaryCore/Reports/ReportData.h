@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -59,6 +60,11 @@ struct OpenInvoice
 void forEachOpenInvoice(Context& context,
                         std::string_view currencyCode,
                         const std::function<void(const OpenInvoice&)>& visit);
+
+/// The currencies of the invoices and credit notes dated in a period, and of the open invoices; by code.
+/// Throws: `StoreError`.
+[[nodiscard]] std::vector<std::string> currencies(Context& context, const DateRange& range);
+[[nodiscard]] std::vector<std::string> openCurrencies(Context& context);
 
 /// Total and late fees less payments. A result outside 64 bits stops the program.
 [[nodiscard]] std::int64_t

@@ -17,8 +17,9 @@ constexpr const char* figures[] = {
     "priced "
     "FROM LineItem l JOIN Document d ON d.id = l.document WHERE l.parent = 0 OR l.parent IN "
     "(SELECT t.id FROM LineItem t WHERE t.document = l.document AND t.parent = 0)",
-    "CREATE TEMP VIEW LineBase AS SELECT document, rate, sum(amount) AS base, max(priced) AS priced FROM Priced "
+    "CREATE TEMP TABLE LineBase AS SELECT document, rate, sum(amount) AS base, max(priced) AS priced FROM Priced "
     "GROUP BY document, rate",
+    "CREATE INDEX temp.LineBase_document ON LineBase (document)",
     "CREATE TEMP VIEW Subtotal AS SELECT d.id AS document, coalesce((SELECT sum(base) FROM LineBase b "
     "WHERE b.document = d.id), 0) AS subtotal FROM Document d",
     "CREATE TEMP VIEW Uncapped AS SELECT s.document, s.subtotal, coalesce((SELECT sum(CASE WHEN c.kindRaw = 1 "
