@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
@@ -12,10 +13,19 @@ namespace {
 
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
+constexpr std::size_t channelValues = 256;
+
 double linear(std::uint8_t channel)
 {
-    const double value = channel / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    static const std::array<double, channelValues> byChannel = [] {
+        std::array<double, channelValues> table{};
+        for (std::size_t index = 0; index < table.size(); ++index) {
+            const double value = static_cast<double>(index) / 255.0;
+            table.at(index) = value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        }
+        return table;
+    }();
+    return byChannel[channel];
 }
 
 double luminance(const Color& color)

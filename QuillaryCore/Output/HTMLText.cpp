@@ -4,8 +4,8 @@
 
 #include <unicode/uchar.h>
 
-#include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -79,19 +79,60 @@ Special special(std::string_view text)
     return {character.length, std::nullopt};
 }
 
-/// Sixteen bytes in one register, on every processor that has them (the compilers' common vector extension).
-using Chunk [[gnu::vector_size(16)]] = unsigned char;
+/// Bytes in one register, on every processor that has them (the compilers' common vector extension). Signed, so that
+/// what lies beyond ASCII counts as less than a space.
+template <std::size_t size>
+using Chunk [[gnu::vector_size(size)]] = signed char;
 
-/// True when sixteen bytes are ASCII that stands for itself; line ends and tabs are left to a closer look.
-bool isPlainChunk(const char* bytes)
+/// The first bytes of a text, eight in a word: all bits of a byte are set where it is no ASCII that stands for itself.
+/// Line ends and tabs are left to a closer look.
+template <std::size_t size>
+std::array<std::uint64_t, size / sizeof(std::uint64_t)> specialBytes(const char* bytes)
 {
-    Chunk chunk;
+    Chunk<size> chunk;
     std::memcpy(&chunk, bytes, sizeof chunk);
-    const auto special = (chunk < 0x20) | (chunk >= 0x7F) | (chunk == '&') | (chunk == '<') | (chunk == '>') |
-                         (chunk == '"') | (chunk == '\'');
-    std::array<std::uint64_t, 2> halves{};
-    std::memcpy(halves.data(), &special, sizeof special);
-    return (halves[0] | halves[1]) == 0;
+    static_assert(('&' ^ '\'') == 1 && ('<' ^ '>') == 2, "two signs are one comparison without the bit they differ in");
+    const auto special =
+        (chunk < ' ') | (chunk == '\x7F') | (chunk == '"') | ((chunk & ~1) == '&') | ((chunk & ~2) == '<');
+    std::array<std::uint64_t, size / sizeof(std::uint64_t)> words{};
+    std::memcpy(words.data(), &special, sizeof special);
+    return words;
+}
+
+/// The bytes in front of the first one that is marked; some byte is.
+std::size_t bytesBeforeMark(std::uint64_t word)
+{
+    constexpr std::size_t byteBits = 8;
+    const bool isFirstLowest = std::endian::native == std::endian::little;
+    return static_cast<std::size_t>(isFirstLowest ? std::countr_zero(word) : std::countl_zero(word)) / byteBits;
+}
+
+/// How many bytes at the beginning of a text are ASCII that stands for itself.
+std::size_t plainStart(std::string_view text)
+{
+    constexpr std::size_t word = sizeof(std::uint64_t);
+    const char* const bytes = text.data();
+    std::size_t position = 0;
+    for (; position + 2 * word <= text.size(); position += 2 * word) {
+        if (const auto words = specialBytes<2 * word>(bytes + position); (words[0] | words[1]) != 0) {
+            return position + (words[0] != 0 ? bytesBeforeMark(words[0]) : word + bytesBeforeMark(words[1]));
+        }
+    }
+    if (position + word <= text.size()) {
+        if (const auto words = specialBytes<word>(bytes + position); words[0] != 0) {
+            return position + bytesBeforeMark(words[0]);
+        }
+        position += word;
+    }
+    if (text.size() >= word) { // the last eight bytes; those of them that were looked at already are plain
+        const std::size_t last = text.size() - word;
+        const auto words = specialBytes<word>(bytes + last);
+        return words[0] != 0 ? last + bytesBeforeMark(words[0]) : text.size();
+    }
+    while (position < text.size() && plainBytes[static_cast<unsigned char>(text[position])]) {
+        ++position;
+    }
+    return position;
 }
 
 bool isContinuation(char byte)
@@ -117,21 +158,20 @@ std::size_t plainLength(std::string_view text)
 /// Where the next character is that has to be looked at; the end of the text if there is none.
 std::size_t skipPlain(std::string_view text, std::size_t position)
 {
-    while (position < text.size()) {
-        if (position + sizeof(Chunk) <= text.size() && isPlainChunk(text.data() + position)) {
-            position += sizeof(Chunk);
-            continue;
+    while (true) {
+        position += plainStart(text.substr(position));
+        if (position == text.size()) {
+            return position;
         }
-        const std::size_t end = std::min(position + sizeof(Chunk), text.size());
-        while (position < end) {
+        // Letters beyond ASCII stand together.
+        do {
             const std::size_t length = plainLength(text.substr(position));
             if (length == 0) {
                 return position;
             }
             position += length;
-        }
+        } while (position < text.size() && static_cast<unsigned char>(text[position]) >= 0x80);
     }
-    return position;
 }
 
 /// Hebrew, Arabic and other scripts begin with these bytes only. Of the remaining ones that begin so, Unicode's data tells
@@ -148,12 +188,12 @@ bool isRightToLeft(std::string_view text)
 
 enum class Direction { leftToRight, rightToLeft };
 
-/// Appends the text; tells whether any of it is written from the right.
-Direction appendText(std::string& html, std::string_view text)
+/// Appends a text in which a character has to be looked at; the first of them is at `position`.
+Direction appendSpecialText(std::string& html, std::string_view text, std::size_t position)
 {
     Direction direction = Direction::leftToRight;
     std::size_t runStart = 0;
-    for (std::size_t position = skipPlain(text, 0); position < text.size(); position = skipPlain(text, position)) {
+    for (; position < text.size(); position = skipPlain(text, position)) {
         const std::string_view rest = text.substr(position);
         if (isRightToLeft(rest)) {
             direction = Direction::rightToLeft;
@@ -169,11 +209,27 @@ Direction appendText(std::string& html, std::string_view text)
     return direction;
 }
 
+/// Appends the text; tells whether any of it is written from the right.
+Direction appendText(std::string& html, std::string_view text)
+{
+    const std::size_t plain = skipPlain(text, 0);
+    if (plain == text.size()) {
+        html += text;
+        return Direction::leftToRight;
+    }
+    return appendSpecialText(html, text, plain);
+}
+
 } // namespace
 
 void append(std::string& html, std::string_view text)
 {
     appendText(html, text);
+}
+
+void appendMarkup(std::string& html, std::string_view markup)
+{
+    html += markup;
 }
 
 bool hasRightToLeft(std::string_view text)

@@ -145,7 +145,7 @@ class Writer
 public:
     Writer(std::string& html, std::string_view text)
         : m_html(html)
-        , m_direction(HTMLText::hasRightToLeft(text) ? R"( dir="auto")" : "")
+        , m_openingEnd(HTMLText::hasRightToLeft(text) ? R"( dir="auto">)" : ">")
     {
     }
 
@@ -155,7 +155,7 @@ public:
         if (line.empty()) {
             close();
         } else if (const auto item = listItem(line)) {
-            begin(Block::list, "ul");
+            begin(Block::list, "<ul");
             m_html += "<li>";
             appendLine(m_html, *item);
             m_html += "</li>";
@@ -163,7 +163,7 @@ public:
             m_html += "<br>";
             appendLine(m_html, line);
         } else {
-            begin(Block::paragraph, "p");
+            begin(Block::paragraph, "<p");
             appendLine(m_html, line);
         }
     }
@@ -177,20 +177,18 @@ public:
     }
 
 private:
-    void begin(Block block, std::string_view element)
+    void begin(Block block, std::string_view opening)
     {
         if (m_block != block) {
             close();
-            m_html += '<';
-            m_html += element;
-            m_html += m_direction;
-            m_html += '>';
+            m_html += opening;
+            m_html += m_openingEnd;
             m_block = block;
         }
     }
 
     std::string& m_html;
-    std::string_view m_direction;
+    std::string_view m_openingEnd;
     Block m_block = Block::none;
 };
 

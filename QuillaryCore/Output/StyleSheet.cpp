@@ -1,5 +1,7 @@
 #include "QuillaryCore/Output/StyleSheet.h"
 
+#include "QuillaryCore/Output/HTMLText.h"
+
 #include <fmt/format.h>
 
 namespace Quillary::StyleSheet {
@@ -226,9 +228,9 @@ void append(std::string& html, const TemplateSettings& settings)
     html += fontStack(settings.font);
     html += "; --logo-h: ";
     html += std::to_string(logoHeight(settings.logoSize));
-    html += baseRules;
-    html += additions(settings.design);
-    html += upkeep;
+    HTMLText::appendMarkup(html, baseRules);
+    HTMLText::appendMarkup(html, additions(settings.design));
+    HTMLText::appendMarkup(html, upkeep);
     if (settings.design == TemplateDesign::compact) {
         html += compactUpkeep;
     }
