@@ -51,37 +51,45 @@ private:
     void writeParties();
     void writeTitles();
     void writeLines();
-    void writeLine(const PrintedDocument::Line& line);
+    void writeLine(const PrintedLines::Line& line);
     void writeTotals();
     void writePayment();
     void writeFooter();
 
-    void put(std::string_view markup) { m_html += markup; }
+    void put(std::string_view markup)
+    {
+        constexpr std::size_t longestInlined = 32;
+        if (markup.size() <= longestInlined) {
+            m_html += markup;
+        } else {
+            HTMLText::appendMarkup(m_html, markup);
+        }
+    }
 
     /// `opening`, the text, `closing`; nothing when there is no text.
     void put(std::string_view opening, std::string_view text, std::string_view closing)
     {
         if (!text.empty()) {
-            m_html += opening;
+            put(opening);
             HTMLText::appendIsolated(m_html, text);
-            m_html += closing;
+            put(closing);
         }
     }
 
     /// Also for an empty text.
     void cell(std::string_view opening, std::string_view text, std::string_view closing = {})
     {
-        m_html += opening;
+        put(opening);
         HTMLText::appendIsolated(m_html, text);
-        m_html += closing;
+        put(closing);
     }
 
     void putBlocks(std::string_view opening, std::string_view text)
     {
         if (!text.empty()) {
-            m_html += opening;
+            put(opening);
             MarkdownLight::append(m_html, text);
-            m_html += "</div>\n";
+            put("</div>\n");
         }
     }
 
@@ -102,9 +110,9 @@ private:
 
     void putImage(std::span<const std::uint8_t> png)
     {
-        m_html += "<img src=\"data:image/png;base64,";
+        put("<img src=\"data:image/png;base64,");
         Base64::append(m_html, png);
-        m_html += "\" alt=\"\">";
+        put("\" alt=\"\">");
     }
 
     const PrintedDocument& m_document;
@@ -218,13 +226,13 @@ void PageWriter::writeLines()
     }
     put("<th class=\"num\">", m_strings.text(Key::amount), "</th>");
     put("</tr></thead>\n<tbody>\n");
-    for (const PrintedDocument::Line& line : m_document.lines) {
-        writeLine(line);
+    for (std::size_t index = 0; index < m_document.lines.size(); ++index) {
+        writeLine(m_document.lines[index]);
     }
     put("</tbody>\n</table>\n");
 }
 
-void PageWriter::writeLine(const PrintedDocument::Line& line)
+void PageWriter::writeLine(const PrintedLines::Line& line)
 {
     constexpr std::string_view nextFigure = "</td><td class=\"num\">";
     put(line.isSubLine ? "<tr class=\"sub\"><td class=\"desc\"><div class=\"line-title\">"
@@ -302,10 +310,7 @@ std::size_t expectedSize(const PrintedDocument& document)
     if (document.payment) {
         size += document.payment->qrCode.size() / 3 * 4;
     }
-    for (const PrintedDocument::Line& line : document.lines) {
-        size += perLine + line.title.size() + line.details.size();
-    }
-    return size;
+    return size + perLine * document.lines.size() + document.lines.textSize();
 }
 
 } // namespace

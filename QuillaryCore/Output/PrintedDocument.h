@@ -4,6 +4,7 @@
 #include "QuillaryCore/Foundation/Locale.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/PrintLocale.h"
+#include "QuillaryCore/Output/PrintedLines.h"
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Store/Field.h"
 
@@ -28,19 +29,6 @@ struct PrintedDocument
         std::string value;
 
         friend bool operator==(const Row&, const Row&) = default;
-    };
-
-    struct Line
-    {
-        std::string title;
-        std::string details; ///< light markup
-        std::string quantity;
-        std::string unitPrice;
-        std::string taxRate; ///< the number alone; its column is headed "%"
-        std::string amount;
-        bool isSubLine = false;
-
-        friend bool operator==(const Line&, const Line&) = default;
     };
 
     /// A letter has no lines; its figures stand across the page.
@@ -83,7 +71,7 @@ struct PrintedDocument
     std::string opening; ///< of a letter: one paragraph, no markup
     std::string intro;   ///< light markup
     bool hasTaxRateColumn = false;
-    std::vector<Line> lines;
+    PrintedLines lines;
     std::vector<TotalsRow> totals;
     std::string exemptNote;
     std::string outro; ///< light markup

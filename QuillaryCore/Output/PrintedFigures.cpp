@@ -15,6 +15,7 @@
 #include "QuillaryCore/Money/Quantity.h"
 #include "QuillaryCore/Output/PrintSource.h"
 #include "QuillaryCore/Output/PrintedDocument.h"
+#include "QuillaryCore/Output/PrintedLines.h"
 #include "QuillaryCore/Output/PrintedPayment.h"
 #include "QuillaryCore/Output/PrintedTerms.h"
 
@@ -37,10 +38,10 @@ using Emphasis = PrintedDocument::Emphasis;
 /// were kept with the line.
 std::string_view unitWord(const LineItem& item, DocumentLanguage language)
 {
-    const bool isSingular = Units::isSingular(item.quantityThousandths, language);
     if (item.unit.empty()) {
         return {};
     }
+    const bool isSingular = Units::isSingular(item.quantityThousandths, language);
     if (const BuiltInUnit* unit = Units::builtIn(item.unit)) {
         return isSingular ? unit->singular(language) : unit->plural(language);
     }
@@ -64,6 +65,48 @@ bool isHeading(const LineItem& item, const LineItem* next)
     return item.unitPriceMinorUnits == 0 && (hasSubLines || item.quantityThousandths == 0);
 }
 
+void reserveLines(PrintedLines& lines, const std::vector<const LineItem*>& items)
+{
+    constexpr std::size_t figures = 60; // bytes of a line
+    std::size_t bytes = items.size() * figures;
+    for (const LineItem* item : items) {
+        bytes += item->title.size() + item->details.size();
+    }
+    lines.reserve(items.size(), bytes);
+}
+
+/// No amount: the line shows no figures.
+void addLine(PrintedDocument& printed,
+             const PrintSource& source,
+             const LineItem& item,
+             std::optional<std::int64_t> amountMinorUnits)
+{
+    PrintedLines::Line line;
+    line.title = item.title;
+    line.details = item.details;
+    line.isSubLine = static_cast<bool>(item.parent);
+    if (!amountMinorUnits) {
+        printed.lines.push_back(line);
+        return;
+    }
+    const std::string unitPrice = source.money(item.unitPriceMinorUnits);
+    line.unitPrice = unitPrice;
+    std::string taxRate;
+    if (printed.hasTaxRateColumn) {
+        taxRate = source.locale.formatDecimal(item.vatBasisPoints, 2, 0);
+        line.taxRate = taxRate;
+    }
+    std::string shownQuantity;
+    std::string amount;
+    if (item.quantityThousandths != 0) { // an option names its price and adds nothing
+        shownQuantity = quantity(item, source);
+        amount = source.money(*amountMinorUnits);
+        line.quantity = shownQuantity;
+        line.amount = amount;
+    }
+    printed.lines.push_back(line);
+}
+
 void addLines(PrintedDocument& printed,
               const PrintSource& source,
               const std::vector<const LineItem*>& items,
@@ -73,24 +116,11 @@ void addLines(PrintedDocument& printed,
         return item->vatBasisPoints != items.front()->vatBasisPoints;
     };
     printed.hasTaxRateColumn = !source.document.taxExempt && std::ranges::any_of(items, differs);
-    printed.lines.reserve(items.size());
+    reserveLines(printed.lines, items);
     for (std::size_t index = 0; index < items.size(); ++index) {
         const LineItem& item = *items[index];
-        PrintedDocument::Line& line = printed.lines.emplace_back();
-        line.title = item.title;
-        line.details = item.details;
-        line.isSubLine = static_cast<bool>(item.parent);
-        if (isHeading(item, index + 1 < items.size() ? items[index + 1] : nullptr)) {
-            continue;
-        }
-        line.unitPrice = source.money(item.unitPriceMinorUnits);
-        if (printed.hasTaxRateColumn) {
-            line.taxRate = source.locale.formatDecimal(item.vatBasisPoints, 2, 0);
-        }
-        if (item.quantityThousandths != 0) { // an option names its price and adds nothing
-            line.quantity = quantity(item, source);
-            line.amount = source.money(totals.lineAmounts.at(index));
-        }
+        const LineItem* const next = index + 1 < items.size() ? items[index + 1] : nullptr;
+        addLine(printed, source, item, isHeading(item, next) ? std::nullopt : std::optional(totals.lineAmounts[index]));
     }
 }
 
@@ -205,6 +235,8 @@ void add(PrintedDocument& printed, const PrintSource& source)
     const DocumentInput input(source.context, source.document);
     const Totals::Result totals = Totals::calculate(input.lines, input.discounts, input.fees, input.taxation);
     addLines(printed, source, input.lineItems, totals);
+    constexpr std::size_t fixedRows = 6; // subtotal, net, total, late fee, paid, due
+    printed.totals.reserve(totals.discountAmounts.size() + input.fees.size() + totals.taxLines.size() + fixedRows);
     TotalsTable table(printed, source, input, totals);
     table.addNet();
     table.addTaxes();

@@ -27,6 +27,7 @@ std::string groupedIBAN(std::string_view iban)
 {
     const std::string compact = Validation::compactIBAN(iban);
     std::string grouped;
+    grouped.reserve(compact.size() + compact.size() / 4);
     for (std::size_t start = 0; start < compact.size(); start += 4) {
         grouped.append(start == 0 ? "" : " ").append(compact, start, 4);
     }
@@ -36,12 +37,17 @@ std::string groupedIBAN(std::string_view iban)
 std::vector<PrintedDocument::Row> bankRows(const PrintSource& source)
 {
     const Business& business = source.business;
+    constexpr std::size_t mostRows = 7;
     std::vector<PrintedDocument::Row> rows;
+    rows.reserve(mostRows);
     const auto add = [&](std::string_view label, std::string_view value) {
         if (const std::string_view text = trimmed(value); !text.empty()) {
             rows.push_back({std::string(label), std::string(text)});
         }
     };
+    const std::string_view holder = trimmed(business.accountHolder);
+    rows.push_back({std::string(source.strings.text(Key::accountHolder)),
+                    std::string(holder.empty() ? trimmed(business.name) : holder)});
     add(source.strings.text(Key::bank), business.bankName);
     add("IBAN", groupedIBAN(business.iban));
     add("BIC", Validation::compactIBAN(business.bic));
@@ -50,11 +56,8 @@ std::vector<PrintedDocument::Row> bankRows(const PrintSource& source)
     if (upperCasedASCII(source.document.currencyCode) == "INR") {
         add("UPI ID", business.upiID);
     }
-    if (!rows.empty()) {
-        const std::string_view holder = trimmed(business.accountHolder);
-        rows.insert(rows.begin(),
-                    {std::string(source.strings.text(Key::accountHolder)),
-                     std::string(holder.empty() ? trimmed(business.name) : holder)});
+    if (rows.size() == 1) {
+        rows.clear(); // a holder of nothing
     }
     return rows;
 }
