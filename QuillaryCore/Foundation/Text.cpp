@@ -100,6 +100,12 @@ private:
 
 std::string_view trimmed(std::string_view text)
 {
+    const auto isVisibleASCII = [](char byte) {
+        return byte > ' ' && byte < '\x7F';
+    };
+    if (!text.empty() && isVisibleASCII(text.front()) && isVisibleASCII(text.back())) {
+        return text; // most texts, and no need to ask Unicode's data
+    }
     const auto isSpace = [](const DecodedCharacter& character) {
         return character.scalar && u_isUWhiteSpace(static_cast<UChar32>(*character.scalar)) != 0;
     };

@@ -34,6 +34,11 @@ bool isLetterOrDigit(char character)
     return isUpperOrDigit(character) || (character >= 'a' && character <= 'z');
 }
 
+bool isVisibleASCII(char character)
+{
+    return character > ' ' && character < '\x7F';
+}
+
 bool isWhiteSpace(const DecodedCharacter& character)
 {
     return character.scalar && u_isUWhiteSpace(static_cast<UChar32>(*character.scalar)) != 0;
@@ -44,7 +49,11 @@ constexpr std::size_t longestCode = 1000;
 
 std::string withoutWhiteSpace(std::string_view text)
 {
+    if (std::ranges::all_of(text, isVisibleASCII)) {
+        return std::string(text);
+    }
     std::string result;
+    result.reserve(text.size());
     while (!text.empty()) {
         const DecodedCharacter character = decodeFirst(text);
         if (!isWhiteSpace(character)) {
@@ -144,7 +153,9 @@ bool matches(std::string_view text, std::string_view form)
 
 std::string compactIBAN(std::string_view text)
 {
-    return upperCasedASCII(withoutWhiteSpace(text));
+    std::string compact = withoutWhiteSpace(text);
+    const bool hasLowerCase = std::ranges::any_of(compact, [](char byte) { return byte >= 'a' && byte <= 'z'; });
+    return hasLowerCase ? upperCasedASCII(compact) : compact;
 }
 
 bool isValidIBAN(std::string_view text)

@@ -210,6 +210,11 @@ std::string DocumentStrings::format(Key key, std::initializer_list<Value> values
 {
     std::string_view rest = text(key);
     std::string result;
+    std::size_t size = rest.size();
+    for (const Value& value : values) {
+        size += value.text.size();
+    }
+    result.reserve(size);
     while (!rest.empty()) {
         const std::size_t brace = std::min(rest.find('{'), rest.size());
         result += rest.substr(0, brace);

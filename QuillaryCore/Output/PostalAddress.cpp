@@ -5,7 +5,9 @@
 #include "QuillaryCore/Model/Client.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <initializer_list>
+#include <utility>
 
 namespace Quillary {
 
@@ -50,17 +52,25 @@ constexpr Convention conventions[] = {
     {"US", CityLine::cityState},        {"ZA", CityLine::ownLines},
 };
 
+static_assert(std::ranges::is_sorted(conventions, {}, &Convention::countryCode));
+
 CityLine cityLine(std::string_view countryCode)
 {
     const std::string code = upperCasedASCII(trimmed(countryCode));
-    const auto* const found = std::ranges::find(conventions, code, &Convention::countryCode);
-    return found == std::end(conventions) ? CityLine::codeFirst : found->cityLine;
+    const auto* const found = std::ranges::lower_bound(conventions, code, {}, &Convention::countryCode);
+    const bool isListed = found != std::end(conventions) && found->countryCode == code;
+    return isListed ? found->cityLine : CityLine::codeFirst;
 }
 
 /// The texts that are there, with `separator` between them.
 std::string joined(std::initializer_list<std::string_view> texts, std::string_view separator)
 {
     std::string result;
+    std::size_t size = 0;
+    for (const std::string_view text : texts) {
+        size += text.size() + separator.size();
+    }
+    result.reserve(size);
     for (const std::string_view text : texts) {
         if (!text.empty()) {
             if (!result.empty()) {
@@ -75,16 +85,22 @@ std::string joined(std::initializer_list<std::string_view> texts, std::string_vi
 class LineList
 {
 public:
-    void add(std::string_view line)
+    LineList() { m_lines.reserve(usualCount); }
+
+    void add(std::string line)
     {
         if (!line.empty()) {
-            m_lines.emplace_back(line);
+            m_lines.push_back(std::move(line));
         }
     }
+
+    void add(std::string_view line) { add(std::string(line)); }
 
     std::vector<std::string> take() { return std::move(m_lines); }
 
 private:
+    static constexpr std::size_t usualCount = 4; ///< street, town, state, and the country that a caller may add
+
     std::vector<std::string> m_lines;
 };
 
@@ -103,8 +119,10 @@ PostalAddress PostalAddress::of(const Client& client)
 std::vector<std::string> PostalAddress::lines() const
 {
     LineList lines;
-    for (const std::string_view line : split(addressLine, '\n')) {
-        lines.add(trimmed(line));
+    for (std::string_view rest = addressLine; !rest.empty();) {
+        const std::size_t end = std::min(rest.find('\n'), rest.size());
+        lines.add(trimmed(rest.substr(0, end)));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     const std::string_view code = trimmed(postalCode);
     const std::string_view place = trimmed(city);

@@ -30,6 +30,8 @@ public:
 
     void fill()
     {
+        constexpr std::size_t mostRows = 6;
+        m_printed.meta.reserve(mostRows);
         add(Key::number, m_source.document.number);
         add(Key::date, m_source.issueDate());
         if (m_source.asksForPayment()) {
@@ -130,6 +132,7 @@ PrintedDocument PrintedDocument::from(Context& context,
     printed.language = source.strings.language();
     printed.settings = TemplateSettings::of(business);
     printed.heading = source.strings.text(headingKey(document));
+    printed.pageTitle.reserve(printed.heading.size() + 1 + document.number.size());
     printed.pageTitle = printed.heading;
     if (!document.number.empty()) {
         printed.pageTitle.append(1, ' ').append(document.number);

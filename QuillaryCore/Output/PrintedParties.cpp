@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <utility>
 
 namespace Quillary::PrintedParties {
 
@@ -36,14 +37,22 @@ void addLabelled(std::vector<std::string>& lines, std::string_view label, std::s
 {
     const std::string_view text = trimmed(value);
     if (!text.empty()) {
-        lines.emplace_back(label).append(1, ' ').append(text);
+        std::string& line = lines.emplace_back();
+        line.reserve(label.size() + 1 + text.size());
+        line.append(label).append(1, ' ').append(text);
     }
 }
 
-std::string joined(const std::vector<std::string>& texts)
+std::string joined(std::string_view first, std::span<const std::string> others)
 {
+    std::size_t size = first.size();
+    for (const std::string& text : others) {
+        size += separator.size() + text.size();
+    }
     std::string result;
-    for (const std::string& text : texts) {
+    result.reserve(size);
+    result = first;
+    for (const std::string& text : others) {
         result.append(result.empty() ? std::string_view() : separator).append(text);
     }
     return result;
@@ -75,10 +84,7 @@ void addSeller(PrintedDocument& printed, const PrintSource& source)
         add(printed.sellerContact, business.email);
         add(printed.sellerContact, business.website);
     }
-    std::vector<std::string> parts;
-    add(parts, printed.sellerName);
-    parts.insert(parts.end(), printed.sellerAddress.begin(), printed.sellerAddress.end());
-    printed.sender = joined(parts);
+    printed.sender = joined(printed.sellerName, printed.sellerAddress);
 }
 
 void addBuyer(PrintedDocument& printed, const PrintSource& source)
@@ -104,7 +110,10 @@ void addFooter(PrintedDocument& printed, const PrintSource& source)
     std::vector<std::string> identifiers;
     addLabelled(identifiers, PrintedTerms::vatID(business.countryCode, strings.language()), business.vatID);
     addLabelled(identifiers, strings.text(Key::taxNumber), business.taxID);
-    add(printed.footerLines, joined(identifiers));
+    if (identifiers.size() > 1) {
+        identifiers = {joined({}, identifiers)};
+    }
+    printed.footerLines = std::move(identifiers);
     printed.footNote = trimmed(business.footerNote);
 }
 
