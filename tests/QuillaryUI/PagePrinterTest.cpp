@@ -212,6 +212,17 @@ TEST_F(PagePrinterTest, answersInOrderAndNeverAtOnce)
     EXPECT_THAT(answers, testing::ElementsAre(1, 2, 3, 4));
 }
 
+TEST_F(PagePrinterTest, keepsItsRenderer)
+{
+    // An engine that doesn't know the host of the pages' addresses starts a process for every page.
+    ASSERT_EQ(print(sampleJob()).pageCount, 1);
+    const qint64 renderer = m_printer.rendererProcess();
+    for (int count = 0; count < 3; ++count) {
+        ASSERT_EQ(print(sampleJob()).pageCount, 1);
+        EXPECT_EQ(m_printer.rendererProcess(), renderer);
+    }
+}
+
 TEST_F(PagePrinterTest, survivesItsRendererBeingKilled)
 {
     ASSERT_EQ(print(sampleJob()).pageCount, 1);
