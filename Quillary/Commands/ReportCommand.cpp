@@ -49,9 +49,9 @@ struct Finished
     std::string fileName; ///< without extension
     ReportTable table;
     ReportText::LastRow lastRow = ReportText::LastRow::isTotal;
-    std::string bars;
-    std::string currencyCode;
-    std::vector<std::string> otherCurrencies; ///< in which there is something to report too
+    std::string bars = {};
+    std::string currencyCode = {};
+    std::vector<std::string> otherCurrencies = {}; ///< in which there is something to report too
 };
 
 CalendarDate typedDate(const std::string& text, std::string_view option)
