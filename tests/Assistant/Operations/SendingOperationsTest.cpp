@@ -189,7 +189,7 @@ TEST_F(SendingOperationsTest, saysWhyNoEmailCanBePrepared)
     library.host.failure = "The printer is gone.";
     EXPECT_EQ(library.refusal("email_document", with(id)), "The printer is gone.");
     Client& client = library.context.edit(*library.context.first<Client>(""));
-    client.email = "a@b.example,c@d.example";
+    client.email = "info at acme";
     library.context.save();
     EXPECT_TRUE(library.refusal("email_document", with(id)).contains("can't be written to"));
     library.context.edit(*library.context.first<Client>("")).email = "";
