@@ -43,12 +43,12 @@ PrintJob job(int lines)
     document.buyerAddress = {"Am Markt 1", "20095 Hamburg"};
     document.meta = {{"Nummer", "RE-2024-0042"}, {"Fällig am", "31.01.2024"}};
     for (int line = 1; line <= lines; ++line) {
-        document.lines.push_back({.title = fmt::format("Strauß der Woche {}", line),
-                                  .details = "Saisonale Blumen\nVase und Pflege",
-                                  .quantity = "2,5 Std.",
-                                  .unitPrice = fmt::format("1.{:03},40 €", line),
-                                  .taxRate = "19",
-                                  .amount = fmt::format("2.{:03},80 €", line)});
+        document.lines.add({.title = fmt::format("Strauß der Woche {}", line),
+                            .details = "Saisonale Blumen\nVase und Pflege",
+                            .quantity = "2,5 Std.",
+                            .unitPrice = fmt::format("1.{:03},40 €", line),
+                            .taxRate = "19",
+                            .amount = fmt::format("2.{:03},80 €", line)});
     }
     document.totals = {{.emphasis = PrintedDocument::Emphasis::total, .label = "Gesamtbetrag", .value = "13.222,22 €"}};
     return {.html = DocumentHTML::render(document),

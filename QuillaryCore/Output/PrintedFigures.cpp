@@ -86,7 +86,7 @@ void addLine(PrintedDocument& printed,
     line.details = item.details;
     line.isSubLine = static_cast<bool>(item.parent);
     if (!amountMinorUnits) {
-        printed.lines.push_back(line);
+        printed.lines.add(line);
         return;
     }
     const std::string unitPrice = source.money(item.unitPriceMinorUnits);
@@ -104,7 +104,7 @@ void addLine(PrintedDocument& printed,
         line.quantity = shownQuantity;
         line.amount = amount;
     }
-    printed.lines.push_back(line);
+    printed.lines.add(line);
 }
 
 void addLines(PrintedDocument& printed,

@@ -5,7 +5,7 @@ namespace Quillary {
 PrintedLines::PrintedLines(std::initializer_list<Line> lines)
 {
     for (const Line& line : lines) {
-        push_back(line);
+        add(line);
     }
 }
 
@@ -15,7 +15,7 @@ void PrintedLines::reserve(std::size_t lines, std::size_t bytes)
     m_texts.reserve(bytes);
 }
 
-void PrintedLines::push_back(const Line& line)
+void PrintedLines::add(const Line& line)
 {
     const auto end = [this](std::string_view text) {
         if (!text.empty()) {

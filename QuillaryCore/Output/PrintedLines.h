@@ -35,7 +35,7 @@ public:
     void reserve(std::size_t lines, std::size_t bytes);
 
     /// Copies the texts.
-    void push_back(const Line& line);
+    void add(const Line& line);
 
     [[nodiscard]] bool empty() const { return m_marks.empty(); }
     [[nodiscard]] std::size_t size() const { return m_marks.size(); }

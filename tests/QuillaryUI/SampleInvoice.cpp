@@ -33,12 +33,12 @@ PrintedDocument sampleInvoice(int lines, TemplateFont font)
     document.meta = {{"Nummer", "RE-2024-0042"}, {"Datum", "17.01.2024"}, {"Fällig am", "31.01.2024"}};
     document.intro = "Vielen Dank für Ihren Auftrag.";
     for (int number = 1; number <= lines; ++number) {
-        document.lines.push_back({.title = fmt::format("Strauß der Woche {} ZEILE{}A", number, number),
-                                  .details = fmt::format("Saisonale Blumen\nVase und Pflege ZEILE{}B", number),
-                                  .quantity = fmt::format("{},5 Std.", number % 9 + 1),
-                                  .unitPrice = fmt::format("1.{:03},40 €", number * 7 % 1000),
-                                  .taxRate = "19",
-                                  .amount = fmt::format("{}.{:03},80 €", number % 8 + 1, number * 113 % 1000)});
+        document.lines.add({.title = fmt::format("Strauß der Woche {} ZEILE{}A", number, number),
+                            .details = fmt::format("Saisonale Blumen\nVase und Pflege ZEILE{}B", number),
+                            .quantity = fmt::format("{},5 Std.", number % 9 + 1),
+                            .unitPrice = fmt::format("1.{:03},40 €", number * 7 % 1000),
+                            .taxRate = "19",
+                            .amount = fmt::format("{}.{:03},80 €", number % 8 + 1, number * 113 % 1000)});
     }
     document.totals = {{.label = "Netto", .value = "11.111,11 €"},
                        {.label = "USt. 19 % auf 11.111,11 €", .value = "2.111,11 €"},
