@@ -76,7 +76,7 @@ EmailDraft::Values EmailDraft::values(Context& context, const Matter& matter, In
 {
     const Document& document = matter.document;
     const DocumentLanguage printed = language(document);
-    const Locale locale = printLocale(printed, matter.business.countryCode);
+    const Locale& locale = printLocale(printed, matter.business.countryCode);
     const Client* client = context.find(document.client);
     const std::string clientName = client == nullptr ? "" : displayName(*client);
     const std::string_view name = trimmed(matter.recipientName);

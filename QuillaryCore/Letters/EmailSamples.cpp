@@ -71,7 +71,7 @@ EmailDraft::Values EmailDraft::sampleValues(
     EmailKind kind, DocumentLanguage language, const Business& business, Instant today, const Calendar& calendar)
 {
     const Words& made = words.at(static_cast<std::size_t>(language));
-    const Locale locale = printLocale(language, business.countryCode);
+    const Locale& locale = printLocale(language, business.countryCode);
     std::int64_t amount = total;
     for (int digit = 0; digit < Money::fractionDigits(business.currencyCode); ++digit) {
         amount *= 10;

@@ -137,7 +137,7 @@ PrintedDocument ReminderLetter::printed(Context& context,
                                         const ReminderNotice& reminder,
                                         const Calendar& calendar)
 {
-    const Locale locale = printLocale(language(document), business.countryCode);
+    const Locale& locale = printLocale(language(document), business.countryCode);
     const PrintSource source(context, document, business, calendar, locale);
     const ReminderFigures figures = reminderFigures(context, document, reminder);
     PrintedDocument letter;

@@ -54,7 +54,7 @@ void DocumentSession::addUnbilledTime()
                                      .hourlyRate = rate,
                                      .roundingMinutes = business().timeRoundingMinutes,
                                      .language = language(m_document)};
-    const Locale locale = printLocale(terms.language, business().countryCode);
+    const Locale& locale = printLocale(terms.language, business().countryCode);
     const Instant now = m_environment.clock.now();
     for (const TimeInvoicing::Line& line :
          TimeInvoicing::lines(context, entries, terms, now, m_environment.calendar, locale)) {
