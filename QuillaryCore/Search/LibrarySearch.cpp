@@ -260,12 +260,12 @@ void LibrarySearch::addDocumentsOfClients(std::string_view query, TextHits& hits
         hitOfClient[m_clientsBySlot[hit.slot]] = {
             .isFound = true, .rank = hit.rank, .slips = static_cast<std::uint8_t>(hit.slips)};
     });
-    m_documents.all().forEach([&](const Hit& document) {
-        const ClientHit& client = hitOfClient[m_clientsOfDocuments[document.slot]];
-        if (client.isFound && !hits.holds(document.slot)) {
-            hits.note(document.slot, std::max(client.rank, TextRank::word), false, client.slips);
+    for (std::size_t slot = 0; slot < m_documents.slotCount(); ++slot) {
+        const ClientHit& client = hitOfClient[m_clientsOfDocuments[slot]];
+        if (client.isFound && !hits.holds(slot) && m_documents.isThere(slot)) {
+            hits.note(slot, std::max(client.rank, TextRank::word), false, client.slips);
         }
-    });
+    }
 }
 
 } // namespace Quillary

@@ -30,6 +30,12 @@ public:
 
     [[nodiscard]] std::size_t size() const { return m_places.size(); }
 
+    /// How many slots there are, those of removed records included.
+    [[nodiscard]] std::size_t slotCount() const { return m_isThere.size(); }
+
+    /// Whether a slot's record was neither removed nor entered anew.
+    [[nodiscard]] bool isThere(std::size_t slot) const { return m_isThere[slot]; }
+
     /// True when most of the block is what was removed or entered anew: it should be filled again.
     [[nodiscard]] bool isWorn() const;
 
@@ -48,7 +54,7 @@ private:
     TextBlock m_block;
     std::vector<Key> m_keys;            ///< by slot
     std::vector<std::int64_t> m_orders; ///< by slot
-    std::vector<bool> m_isThere;        ///< by slot: neither removed nor entered anew
+    std::vector<bool> m_isThere;        ///< by slot
     std::unordered_map<Key, std::size_t> m_places;
 };
 

@@ -6,6 +6,7 @@
 #include "QuillaryCore/Search/TypingSlips.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 namespace Quillary {
@@ -68,29 +69,26 @@ void TextSearch::findWhole()
 /// Whatever holds the query, or all its words, holds the longest of them: the block is read once.
 void TextSearch::findWords()
 {
-    const std::string_view longest =
-        *std::ranges::max_element(m_words, {}, [](std::string_view word) { return word.size(); });
-    TextScan::run(m_block, longest, [this](std::size_t slot, std::size_t) {
-        const auto holdsAll = [this](std::string_view text) {
-            return std::ranges::all_of(m_words, [text](std::string_view word) { return text.contains(word); });
-        };
-        if (!findWholeIn(slot) && holdsAll(m_block.textOf(slot))) {
-            m_hits.note(slot, TextRank::words, holdsAll(m_block.ownTextOf(slot)));
+    const auto longest = std::ranges::max_element(m_words, {}, [](std::string_view word) { return word.size(); });
+    const auto offset = static_cast<std::size_t>(longest->data() - m_query.data());
+    std::optional<std::size_t> lastSlot;
+    TextScan::run(m_block, *longest, [&](std::size_t slot, std::size_t place) {
+        const bool hasRoom = place >= m_block.begin(slot) + offset;
+        if (hasRoom && m_block.text().substr(place - offset, m_query.size()) == m_query) {
+            const bool isOwn = m_block.isOwn(slot, place);
+            m_hits.note(slot, rankAt(place - offset, isOwn), isOwn);
         }
-        return Then::nextRecord;
+        if (lastSlot != slot && holdsAllWords(m_block.textOf(slot))) {
+            m_hits.note(slot, TextRank::words, holdsAllWords(m_block.ownTextOf(slot)));
+        }
+        lastSlot = slot;
+        return Then::nextPlace;
     });
 }
 
-bool TextSearch::findWholeIn(std::size_t slot)
+bool TextSearch::holdsAllWords(std::string_view text) const
 {
-    const std::string_view text = m_block.textOf(slot);
-    const std::size_t begin = m_block.begin(slot);
-    for (std::size_t place = text.find(m_query); place != std::string_view::npos;
-         place = text.find(m_query, place + 1)) {
-        const bool isOwn = m_block.isOwn(slot, begin + place);
-        m_hits.note(slot, rankAt(begin + place, isOwn), isOwn);
-    }
-    return m_hits.holds(slot);
+    return std::ranges::all_of(m_words, [text](std::string_view word) { return text.contains(word); });
 }
 
 void TextSearch::findSimilar()

@@ -26,7 +26,7 @@ private:
     [[nodiscard]] TextRank rankAt(std::size_t place, bool isOwn) const;
     void findWhole();
     void findWords();
-    bool findWholeIn(std::size_t slot);
+    [[nodiscard]] bool holdsAllWords(std::string_view text) const;
 
     const TextBlock& m_block;
     std::string_view m_query;
