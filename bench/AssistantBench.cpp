@@ -1,35 +1,37 @@
 // What an assistant app waits for when no data is worked on: the session alone beside a copy of the same bytes, and the
-// way through the socket and the main thread beside a thread that reads and writes the same bytes and thinks nothing.
-// Run it pinned to one core (`taskset -c 1`), since most of the second is the way from thread to thread.
+// way through the socket and the main thread, with the helper and without, beside programs that move the same bytes and
+// think nothing.
 
-#include "QuillaryChannel/AssistantChannel.h"
+#include "QuillaryCore/Assistant/Session/MCPSession.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/BusinessDefaults.h"
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
+#include "bench/Support/AssistantRoad.h"
 
 #include <QCoreApplication>
-#include <QThread>
 
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <future>
+#include <cstddef>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <sys/socket.h>
-#include <thread>
-#include <unistd.h>
 
 namespace Quillary {
 
 namespace {
 
+using Relay = AssistantRoad::Relay;
+
+constexpr std::string_view hello =
+    R"({"jsonrpc":"2.0","id":1,"method":"initialize","params":{"protocolVersion":"2025-06-18","capabilities":{},)"
+    R"("clientInfo":{"name":"bench","version":"1"}}})";
 constexpr std::string_view ping = R"({"jsonrpc":"2.0","id":7,"method":"ping"})";
 constexpr std::string_view listTools = R"({"jsonrpc":"2.0","id":7,"method":"tools/list","params":{}})";
 constexpr std::string_view refusedCall =
@@ -132,167 +134,89 @@ void businessProfile(benchmark::State& state)
 }
 BENCHMARK(businessProfile);
 
-std::filesystem::path socketPath()
-{
-    return std::filesystem::temp_directory_path() / ("quillary-bench-" + std::to_string(getpid()));
-}
-
-/// One request after the other, as assistants ask. The answer's last byte is its newline.
-class Client
-{
-public:
-    Client()
-        : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0))
-    {
-        const auto address = AssistantChannel::address(socketPath().string()).value();
-        if (connect(m_socket.number(), address.pointer(), address.length) != 0) {
-            std::abort();
-        }
-    }
-
-    std::size_t ask(std::string_view line)
-    {
-        if (send(m_socket.number(), line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) {
-            std::abort();
-        }
-        std::size_t size = 0;
-        while (true) {
-            const ssize_t count = recv(m_socket.number(), m_bytes.data(), m_bytes.size(), 0);
-            if (count <= 0) {
-                std::abort();
-            }
-            size += static_cast<std::size_t>(count);
-            if (m_bytes[static_cast<std::size_t>(count) - 1] == '\n') {
-                return size;
-            }
-        }
-    }
-
-private:
-    Descriptor m_socket;
-    std::array<char, 65536> m_bytes{};
-};
-
-/// The server with an event loop of its own, so that the measuring thread can be the client.
-class ServerThread : public QThread
-{
-public:
-    ServerThread()
-    {
-        start();
-        m_isListening.get_future().wait();
-    }
-    ServerThread(const ServerThread&) = delete;
-    ServerThread& operator=(const ServerThread&) = delete;
-    ~ServerThread() override
-    {
-        quit();
-        wait();
-    }
-
-protected:
-    void run() override
-    {
-        Sample sample;
-        AssistantServer server(socketPath(), [&] { return sample.makeSession(); });
-        server.start();
-        m_isListening.set_value();
-        exec();
-    }
-
-private:
-    std::promise<void> m_isListening;
-};
-
-/// Answers every line with the same bytes.
-class RawRelay
-{
-public:
-    explicit RawRelay(std::string answer)
-        : m_answer(std::move(answer))
-        , m_listener(ListeningSocket::open(socketPath()))
-        , m_thread([this] { run(); })
-    {
-    }
-    RawRelay(const RawRelay&) = delete;
-    RawRelay& operator=(const RawRelay&) = delete;
-    ~RawRelay()
-    {
-        m_thread.join();
-        std::filesystem::remove(socketPath());
-    }
-
-private:
-    void run()
-    {
-        Descriptor client;
-        while (!client.isOpen()) {
-            client = Descriptor(accept4(m_listener.socket.number(), nullptr, nullptr, SOCK_CLOEXEC));
-        }
-        std::array<char, 65536> bytes; // filled by the call
-        ssize_t count = 0;
-        while ((count = recv(client.number(), bytes.data(), bytes.size(), 0)) > 0) {
-            if (bytes[static_cast<std::size_t>(count) - 1] == '\n' &&
-                send(client.number(), m_answer.data(), m_answer.size(), MSG_NOSIGNAL) < 0) {
-                return;
-            }
-        }
-    }
-
-    std::string m_answer;
-    ListeningSocket m_listener;
-    std::thread m_thread;
-};
-
-void roundTrips(benchmark::State& state, std::string_view line, std::size_t answerSize)
-{
-    const std::string request = std::string(line) + '\n';
-    Client client;
-    for (auto _ : state) {
-        if (client.ask(request) != answerSize) {
-            std::abort();
-        }
-    }
-}
-
-void server(benchmark::State& state, std::string_view line)
+/// The real server on the library in memory.
+void serve(const std::string& path, const std::function<void()>& isListening)
 {
     int argumentCount = 0;
     const QCoreApplication application(argumentCount, nullptr);
-    const ServerThread thread;
-    roundTrips(state, line, answerTo(line).size() + 1);
+    Sample sample;
+    AssistantServer server(path, [&] { return sample.makeSession(); });
+    server.start();
+    isListening();
+    QCoreApplication::exec();
 }
 
-void serverFloor(benchmark::State& state, std::string_view line)
+std::string asLine(std::string_view request)
 {
-    const std::string answer = answerTo(line) + '\n';
-    const RawRelay relay(answer);
-    roundTrips(state, line, answer.size());
+    return std::string(request) + '\n';
+}
+
+/// The real server, with or without the helper before it, beside the bare ones.
+void wayThere(benchmark::State& state, Relay relay, Relay floorRelay, std::string_view request)
+{
+    pinToOneCore();
+    const AssistantServerProcess server(serve);
+    const AssistantServerProcess floorServer(AssistantServerProcess::bare(answerTo(request)));
+    AssistantRoad road(server, relay);
+    AssistantRoad floor(floorServer, floorRelay);
+    measureBeside(state, road, floor, asLine(request));
 }
 
 void serverPing(benchmark::State& state)
 {
-    server(state, ping);
+    wayThere(state, Relay::none, Relay::none, ping);
 }
-BENCHMARK(serverPing)->UseRealTime();
-
-void serverPingFloor(benchmark::State& state)
-{
-    serverFloor(state, ping);
-}
-BENCHMARK(serverPingFloor)->UseRealTime();
+BENCHMARK(serverPing)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void serverToolsList(benchmark::State& state)
 {
-    server(state, listTools);
+    wayThere(state, Relay::none, Relay::none, listTools);
 }
-BENCHMARK(serverToolsList)->UseRealTime();
+BENCHMARK(serverToolsList)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void serverToolsListFloor(benchmark::State& state)
+void helperAndServerPing(benchmark::State& state)
 {
-    serverFloor(state, listTools);
+    wayThere(state, Relay::helper, Relay::bare, ping);
 }
-BENCHMARK(serverToolsListFloor)->UseRealTime();
+BENCHMARK(helperAndServerPing)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void helperAndServerToolsList(benchmark::State& state)
+{
+    wayThere(state, Relay::helper, Relay::bare, listTools);
+}
+BENCHMARK(helperAndServerToolsList)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// What an assistant app waits for when it starts the helper beside a running program.
+void helperStart(benchmark::State& state)
+{
+    const AssistantServerProcess server(serve);
+    for (auto _ : state) {
+        AssistantRoad road(server, Relay::helper);
+        benchmark::DoNotOptimize(road.ask(asLine(hello)));
+    }
+}
+BENCHMARK(helperStart)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The server's memory grows with its first requests and stays as it is from then on.
+void serverMemory(benchmark::State& state)
+{
+    constexpr int early = 10'000;
+    constexpr int late = 100'000;
+    const AssistantServerProcess server(serve);
+    AssistantRoad road(server, Relay::helper);
+    const std::array requests = {asLine(ping), asLine(listTools), asLine(profileCall), asLine(refusedCall)};
+    for (auto _ : state) {
+        std::size_t earlyBytes = 0;
+        for (std::size_t count = 0; count < late; ++count) {
+            earlyBytes = count == early ? server.residentMemory() : earlyBytes;
+            road.ask(requests.at(count % requests.size()));
+        }
+        const std::size_t lateBytes = server.residentMemory();
+        state.counters["kB_at_10000"] = static_cast<double>(earlyBytes) / 1024;
+        state.counters["kB_at_100000"] = static_cast<double>(lateBytes) / 1024;
+    }
+}
+BENCHMARK(serverMemory)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 
 } // namespace
 

@@ -5,15 +5,19 @@
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
+#include "bench/Support/Beside.h"
 #include "bench/Support/LibraryGenerator.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
+#include <array>
+#include <cstddef>
 #include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 // What the tools cost in large libraries, called in process. The floor of finding is one pass of the C library over the
@@ -101,6 +105,42 @@ void find(benchmark::State& state, std::string_view tool, std::string_view text,
     }
 }
 
+/// The rows' texts folded, each row ended by a zero byte.
+std::string foldedRows(Context& context, std::string_view sql)
+{
+    std::string block;
+    context.query(std::string(sql), [&block](const Statement& row) {
+        for (int column = 0; column < 4; ++column) {
+            block += folded(row.text(column)) + "\n";
+        }
+        block += '\0';
+    });
+    return block;
+}
+
+std::string foldedClients(Context& context)
+{
+    return foldedRows(context, "SELECT number, name, email, city FROM Client");
+}
+
+/// How many rows hold the query.
+std::size_t countedRecords(std::string_view block, std::string_view query)
+{
+    std::size_t count = 0;
+    for (const char* place = block.data();;) {
+        const auto left = [&] {
+            return static_cast<std::size_t>(block.data() + block.size() - place);
+        };
+        place = static_cast<const char*>(query.size() == 1 ? memchr(place, query.front(), left())
+                                                           : memmem(place, left(), query.data(), query.size()));
+        if (place == nullptr) {
+            return count;
+        }
+        ++count;
+        place = static_cast<const char*>(memchr(place, '\0', left()));
+    }
+}
+
 void findClientsByName(benchmark::State& state)
 {
     find(state, "find_clients", "schroder plan", 1000, static_cast<int>(state.range(0)));
@@ -135,17 +175,50 @@ BENCHMARK(findClientsNewest)->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisec
 void findClientsFloor(benchmark::State& state)
 {
     Library library(madeLibrary(1000, static_cast<int>(state.range(0))));
-    std::string block;
-    library.context.query("SELECT number, name, email, city FROM Client", [&block](const Statement& row) {
-        for (int column = 0; column < 4; ++column) {
-            block += folded(row.text(column)) + "\n";
-        }
-    });
+    const std::string block = foldedClients(library.context);
     for (auto _ : state) {
         benchmark::DoNotOptimize(memmem(block.data(), block.size(), "schroder plan 0", 15));
     }
 }
 BENCHMARK(findClientsFloor)->Arg(1000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+
+// A keystroke in a search field: all that fit are found and the best twenty put in order, no record is loaded. The floor
+// goes through the same text with the C library and counts the records that hold the query.
+
+constexpr std::array<std::string_view, 5> typed = {"e", "er", "sch", "schroder", "schroder plan"};
+
+template <class Find>
+void keystroke(benchmark::State& state, const std::string& block, const Find& find)
+{
+    const std::string_view query = typed.at(static_cast<std::size_t>(state.range(0)));
+    const auto found = [&] {
+        benchmark::DoNotOptimize(find(query).best(20).size());
+    };
+    const auto counted = [&] {
+        benchmark::DoNotOptimize(countedRecords(block, query));
+    };
+    measureBeside<ThreadTime>(state, 1, found, counted);
+    state.SetLabel(fmt::format("{} hits of “{}”", find(query).size(), query));
+}
+
+void searchClients(benchmark::State& state)
+{
+    Library library(madeLibrary(1000, 100'000));
+    LibrarySearch search(library.context);
+    keystroke(state, foldedClients(library.context), [&](std::string_view query) { return search.clients(query); });
+}
+BENCHMARK(searchClients)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
+
+/// By number and title, and by all that is known of their clients.
+void searchDocuments(benchmark::State& state)
+{
+    Library library(madeLibrary(100'000, 10'000));
+    LibrarySearch search(library.context);
+    const std::string block =
+        foldedClients(library.context) + foldedRows(library.context, "SELECT number, title, '', '' FROM Document");
+    keystroke(state, block, [&](std::string_view query) { return search.documents(query); });
+}
+BENCHMARK(searchDocuments)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 
 /// What a command pays that asks once: the library is opened and the search filled.
 void coldFindClients(benchmark::State& state)
