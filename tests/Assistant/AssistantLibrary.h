@@ -26,15 +26,21 @@ public:
         , context(store, clock, uuids)
         , calendar("Europe/Berlin")
         , business(makeFirstBusiness(context, Locale("en_DE")).ref)
-        , actions({.context = context,
-                   .business = business,
-                   .host = &host,
-                   .assistantName = "Test Assistant",
-                   .clock = clock,
-                   .calendar = calendar,
-                   .locale = Locale("en_DE")})
+        , actions(environment(&host, "Test Assistant"))
     {
         context.save();
+    }
+
+    /// What sessions and actions on this library work with.
+    AssistantEnvironment environment(AssistantHost* printer = nullptr, std::string assistantName = "")
+    {
+        return {.context = context,
+                .business = business,
+                .host = printer,
+                .assistantName = std::move(assistantName),
+                .clock = clock,
+                .calendar = calendar,
+                .locale = Locale("en_DE")};
     }
 
     /// Calls a tool with arguments written as JSON.

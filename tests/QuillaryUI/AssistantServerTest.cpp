@@ -1,7 +1,7 @@
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
 #include "QuillaryUI/Assistant/LookAhead.h"
-#include "tests/Assistant/AssistantLibrary.h"
+#include "tests/Assistant/Session/SessionTest.h"
 #include "tests/QuillaryUI/SocketClient.h"
 #include "tests/Support/TempFolder.h"
 
@@ -49,32 +49,9 @@ std::ptrdiff_t entries(const fs::path& folder)
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
-class AssistantServerTest : public testing::Test
+class AssistantServerTest : public SessionTest
 {
 protected:
-    std::unique_ptr<MCPSession> makeSession()
-    {
-        return std::make_unique<MCPSession>(
-            AssistantEnvironment{.context = library.context,
-                                 .business = library.business,
-                                 .host = nullptr,
-                                 .assistantName = "",
-                                 .clock = library.clock,
-                                 .calendar = library.calendar,
-                                 .locale = Locale("en_DE")},
-            "1",
-            [this](const AssistantClient&, const AssistantTool&, MCPSession::Decision decide) {
-                if (isAsking) {
-                    questions.push_back(std::move(decide));
-                } else {
-                    decide(std::nullopt);
-                }
-            },
-            [this](const AssistantClient& client, const AssistantTool& tool, const ToolResult&) {
-                calls.push_back(client.displayName + ": " + tool.name);
-            });
-    }
-
     std::unique_ptr<AssistantServer> makeServer(AssistantServer::Rules rules = {})
     {
         return std::make_unique<AssistantServer>(path, [this] { return makeSession(); }, rules);
@@ -110,10 +87,6 @@ protected:
 
     TempFolder folder;
     fs::path path = folder / "socket";
-    AssistantLibrary library;
-    bool isAsking = false;
-    std::vector<MCPSession::Decision> questions;
-    std::vector<std::string> calls;
 };
 
 TEST_F(AssistantServerTest, answersEachLineOnceAndInOrderHoweverItArrives)

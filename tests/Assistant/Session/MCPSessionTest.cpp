@@ -1,10 +1,11 @@
 #include "QuillaryCore/Assistant/Session/MCPSession.h"
 
 #include "QuillaryCore/Assistant/Session/MCPMessages.h"
-#include "tests/Assistant/AssistantLibrary.h"
+#include "tests/Assistant/Session/SessionTest.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,8 +15,7 @@
 namespace Quillary {
 namespace {
 
-/// A session on a library, with a user who answers `refusal` at once, or later when `isAsking`.
-class MCPSessionTest : public testing::Test
+class MCPSessionTest : public SessionTest
 {
 protected:
     /// The answer to a line; empty where there is none.
@@ -48,29 +48,8 @@ protected:
         return *toolResult.find("content")->array()->front().find("text")->string();
     }
 
-    AssistantLibrary library;
-    std::optional<std::string> refusal;
-    bool isAsking = false;
-    std::vector<MCPSession::Decision> questions;
-    std::vector<std::string> calls; ///< "Assistant: tool", with "!" behind when it failed
-    MCPSession session{{.context = library.context,
-                        .business = library.business,
-                        .host = nullptr,
-                        .assistantName = "",
-                        .clock = library.clock,
-                        .calendar = library.calendar,
-                        .locale = Locale("en_DE")},
-                       "1.2.3",
-                       [this](const AssistantClient&, const AssistantTool&, MCPSession::Decision decide) {
-                           if (isAsking) {
-                               questions.push_back(std::move(decide));
-                           } else {
-                               decide(refusal);
-                           }
-                       },
-                       [this](const AssistantClient& client, const AssistantTool& tool, const ToolResult& outcome) {
-                           calls.push_back(client.displayName + ": " + tool.name + (outcome.isError ? "!" : ""));
-                       }};
+    std::unique_ptr<MCPSession> ownSession = makeSession();
+    MCPSession& session = *ownSession;
 };
 
 TEST_F(MCPSessionTest, answersMessagesByTheRulesOfTheProtocol)
@@ -262,12 +241,12 @@ TEST_F(MCPSessionTest, writesAnImageAfterTheText)
 
 TEST_F(MCPSessionTest, aRefusedCallIsAnAnswerAndChangesNothing)
 {
-    refusal = "In Quillary, assistants may only look.";
+    userRefusal = "In Quillary, assistants may only look.";
     const JSON refused = result("tools/call", R"({"name":"create_client","arguments":{"name":"Ann"}})");
     EXPECT_EQ(refused.dump(),
               R"({"content":[{"type":"text","text":"In Quillary, assistants may only look."}],"isError":true})");
     // Access is asked for before the arguments are looked at.
-    EXPECT_EQ(firstText(result("tools/call", R"({"name":"create_client","arguments":{"x":1}})")), *refusal);
+    EXPECT_EQ(firstText(result("tools/call", R"({"name":"create_client","arguments":{"x":1}})")), *userRefusal);
     EXPECT_EQ(calls, (std::vector<std::string>(2, "AI assistant: create_client!")));
     EXPECT_EQ(member(library.data("find_clients", "{}"), "clients"), "[]");
 }
