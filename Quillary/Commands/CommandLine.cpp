@@ -6,6 +6,7 @@
 #include "Quillary/Commands/BackupCommand.h"
 #include "Quillary/Commands/CallCommand.h"
 #include "Quillary/Commands/ExampleCommand.h"
+#include "Quillary/Commands/ImportCommand.h"
 #include "Quillary/Commands/ReportCommand.h"
 #include "Quillary/Commands/SamplesCommand.h"
 #include "Quillary/Commands/ServeCommand.h"
@@ -64,6 +65,7 @@ CommandList makeCommands(CLI::App& app)
     CommandList commands;
     commands.push_back(std::make_unique<CallCommand>(app));
     commands.push_back(std::make_unique<ExampleCommand>(app));
+    commands.push_back(std::make_unique<ImportCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));
     commands.push_back(std::make_unique<BackupCommand>(app));
     commands.push_back(std::make_unique<AssistantsCommand>(app));

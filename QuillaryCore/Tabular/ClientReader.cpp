@@ -81,7 +81,7 @@ private:
         return {};
     }
 
-    void warn(Reason reason, std::string message) { m_result.warnings.push_back({reason, std::move(message)}); }
+    void warn(Reason reason, std::string_view message) { m_result.warnings.push_back({reason, std::string(message)}); }
 
     void limit(std::string& value, std::string_view what, std::size_t characters = Limits::lineLength)
     {
