@@ -96,15 +96,15 @@ void ClientImport::judge(Row& row)
     if (row.read.isEmpty) {
         return;
     }
-    const Client& client = row.read.client;
-    row.match = m_matcher.find(client);
+    const ClientMatcher::Keys keys(row.read.client);
+    row.match = m_matcher.find(keys);
     row.status = row.match ? ImportStatus::duplicate : ImportStatus::isNew;
     if (row.status == ImportStatus::isNew) {
-        if (const auto other = m_matcher.rowWithName(client)) {
+        if (const auto other = m_matcher.rowWithName(keys)) {
             row.read.warnings.push_back(
                 {ImportWarning::Reason::sameName, fmt::format("Row {} has the same name and another number.", *other)});
         }
-        m_matcher.add(client, row.number);
+        m_matcher.add(keys, row.read.client.number, row.number);
     }
 }
 

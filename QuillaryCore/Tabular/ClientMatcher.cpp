@@ -43,66 +43,69 @@ Client clientOf(const Statement& row)
 
 } // namespace
 
+ClientMatcher::Keys::Keys(const Client& client)
+    : displayName(Quillary::displayName(client))
+    , number(key(client.number))
+    , vatID(vatIDKey(client.vatID))
+    , email(key(client.email))
+    , name(key(displayName))
+    , hasNumber(!client.number.empty())
+{
+}
+
 void ClientMatcher::addLibrary(Context& context)
 {
     const auto note = [this](const Statement& row) {
-        this->note(clientOf(row), std::nullopt);
+        const Client client = clientOf(row);
+        add(Keys(client), client.number, std::nullopt);
     };
     context.query("SELECT kindRaw, number, name, firstName, lastName, email, vatID FROM Client ORDER BY id", note);
 }
 
-void ClientMatcher::add(const Client& client, std::size_t row)
-{
-    note(client, row);
-}
-
-void ClientMatcher::note(const Client& client, std::optional<std::size_t> row)
+void ClientMatcher::add(const Keys& keys, const std::string& number, std::optional<std::size_t> row)
 {
     const auto place = static_cast<std::uint32_t>(m_known.size());
-    std::string name = displayName(client);
-    const auto put = [place](Index& index, std::string text) {
+    const auto put = [place](KeyIndex& index, const std::string& text) {
         if (!text.empty()) {
-            index.emplace(std::move(text), place); // the first that has it keeps it
+            index.insert(text, place);
         }
     };
-    put(m_byNumber, key(client.number));
-    put(m_byVATID, vatIDKey(client.vatID));
-    put(m_byEmail, key(client.email));
-    put(m_byName, key(name));
-    if (!client.number.empty()) {
-        m_numbers.insert(client.number);
-    }
-    m_known.push_back({std::move(name), row, !client.number.empty()});
+    put(m_byNumber, keys.number);
+    put(m_byVATID, keys.vatID);
+    put(m_byEmail, keys.email);
+    put(m_byName, keys.name);
+    put(m_numbers, number);
+    m_known.push_back({keys.displayName, row, keys.hasNumber});
 }
 
-const ClientMatcher::Known* ClientMatcher::known(const Index& index, const std::string& key) const
+const ClientMatcher::Known* ClientMatcher::known(const KeyIndex& index, const std::string& key) const
 {
-    const auto found = key.empty() ? index.end() : index.find(key);
-    return found == index.end() ? nullptr : &m_known[found->second];
+    const auto found = key.empty() ? std::nullopt : index.find(key);
+    return found ? &m_known[*found] : nullptr;
 }
 
-std::optional<ClientMatcher::Match> ClientMatcher::find(const Client& client) const
+std::optional<ClientMatcher::Match> ClientMatcher::find(const Keys& keys) const
 {
     const auto match = [](Trait trait, const Known& other) {
         return Match{trait, other.name, other.row};
     };
-    if (const Known* other = known(m_byNumber, key(client.number))) {
+    if (const Known* other = known(m_byNumber, keys.number)) {
         return match(Trait::number, *other);
     }
-    if (const Known* other = known(m_byVATID, vatIDKey(client.vatID))) {
+    if (const Known* other = known(m_byVATID, keys.vatID)) {
         return match(Trait::vatID, *other);
     }
-    if (const Known* other = known(m_byEmail, key(client.email))) {
+    if (const Known* other = known(m_byEmail, keys.email)) {
         return match(Trait::email, *other);
     }
-    const Known* other = known(m_byName, key(displayName(client)));
-    const bool areNumberedApart = other != nullptr && other->row && other->hasNumber && !client.number.empty();
+    const Known* other = known(m_byName, keys.name);
+    const bool areNumberedApart = other != nullptr && other->row && other->hasNumber && keys.hasNumber;
     return other == nullptr || areNumberedApart ? std::nullopt : std::optional(match(Trait::name, *other));
 }
 
-std::optional<std::size_t> ClientMatcher::rowWithName(const Client& client) const
+std::optional<std::size_t> ClientMatcher::rowWithName(const Keys& keys) const
 {
-    const Known* other = known(m_byName, key(displayName(client)));
+    const Known* other = known(m_byName, keys.name);
     return other == nullptr ? std::nullopt : other->row;
 }
 

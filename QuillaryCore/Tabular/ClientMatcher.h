@@ -1,14 +1,13 @@
 #pragma once
 
 #include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Tabular/KeyIndex.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace Quillary {
@@ -39,17 +38,30 @@ public:
     /// Knows the clients of the library, in one narrow query.
     void addLibrary(Context& context);
 
+    /// What a client is compared by; the same texts mean the same to a person. Empty: nothing to compare.
+    struct Keys
+    {
+        explicit Keys(const Client& client);
+
+        std::string displayName;
+        std::string number;
+        std::string vatID;
+        std::string email;
+        std::string name;
+        bool hasNumber;
+    };
+
     /// Compares with all known, by the surest trait first. No value: there is none like it.
-    [[nodiscard]] std::optional<Match> find(const Client& client) const;
+    [[nodiscard]] std::optional<Match> find(const Keys& keys) const;
 
     /// The earlier row with the same name and another number. No value: there is none.
-    [[nodiscard]] std::optional<std::size_t> rowWithName(const Client& client) const;
+    [[nodiscard]] std::optional<std::size_t> rowWithName(const Keys& keys) const;
 
     /// Makes a new client of the list known. `row` tells it in a match.
-    void add(const Client& client, std::size_t row);
+    void add(const Keys& keys, const std::string& number, std::optional<std::size_t> row);
 
     /// Whether a client of the library or an added one carries exactly this number.
-    [[nodiscard]] bool isTaken(const std::string& number) const { return m_numbers.contains(number); }
+    [[nodiscard]] bool isTaken(const std::string& number) const { return m_numbers.find(number).has_value(); }
 
 private:
     struct Known
@@ -58,17 +70,15 @@ private:
         std::optional<std::size_t> row;
         bool hasNumber = false;
     };
-    using Index = std::unordered_map<std::string, std::uint32_t>; ///< to the place in `m_known`
 
-    void note(const Client& client, std::optional<std::size_t> row);
-    [[nodiscard]] const Known* known(const Index& index, const std::string& key) const;
+    [[nodiscard]] const Known* known(const KeyIndex& index, const std::string& key) const;
 
     std::vector<Known> m_known;
-    Index m_byNumber;
-    Index m_byVATID;
-    Index m_byEmail;
-    Index m_byName;
-    std::unordered_set<std::string> m_numbers;
+    KeyIndex m_byNumber; ///< the numbers of an index are places in `m_known`
+    KeyIndex m_byVATID;
+    KeyIndex m_byEmail;
+    KeyIndex m_byName;
+    KeyIndex m_numbers; ///< as they stand
 };
 
 } // namespace Quillary

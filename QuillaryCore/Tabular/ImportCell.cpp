@@ -15,10 +15,19 @@ namespace {
 
 constexpr std::array<std::string_view, 4> nothing = {"n/a", "#n/a", "n.a.", "k.a."};
 
-/// Nothing in it needs a closer look.
+/// Nothing in it needs a closer look: ASCII without control characters, and the letters of Latin (U+00C0 to U+024F).
 bool isPlain(std::string_view text)
 {
-    return std::ranges::all_of(text, [](char byte) { return byte >= 0x20 && byte < 0x7F; });
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 0xC3 && byte <= 0xC9 && i + 1 < text.size() &&
+            (static_cast<unsigned char>(text[i + 1]) >> 6U) == 2) {
+            ++i;
+        } else if (byte < 0x20 || byte >= 0x7F) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool isLineBreak(char32_t scalar)
@@ -71,8 +80,10 @@ std::string_view unwrapped(std::string_view cell)
 
 bool saysNothing(std::string_view text)
 {
-    return text.find_first_not_of("-.?/ ") == std::string_view::npos || text == "–" || text == "—" ||
-           std::ranges::find(nothing, lowerCasedASCII(text)) != nothing.end();
+    constexpr std::size_t longest = 8;
+    return text.size() <= longest &&
+           (text.find_first_not_of("-.?/ ") == std::string_view::npos || text == "–" || text == "—" ||
+            std::ranges::find(nothing, lowerCasedASCII(text)) != nothing.end());
 }
 
 } // namespace
@@ -91,6 +102,9 @@ std::string lines(std::string_view cell)
 std::string line(std::string_view cell)
 {
     std::string text = lines(cell);
+    if (text.find('\n') == std::string::npos && text.find("  ") == std::string::npos) {
+        return text;
+    }
     std::ranges::replace(text, '\n', ' ');
     // One space between words, so that names compare.
     const auto doubled = std::ranges::unique(text, [](char left, char right) { return left == ' ' && right == ' '; });
