@@ -5,8 +5,12 @@
 #include "Quillary/Commands/AssistantsCommand.h"
 #include "Quillary/Commands/BackupCommand.h"
 #include "Quillary/Commands/CallCommand.h"
+#include "Quillary/Commands/EmailCommand.h"
+#include "Quillary/Commands/EmailTemplateCommand.h"
 #include "Quillary/Commands/ExampleCommand.h"
 #include "Quillary/Commands/ImportCommand.h"
+#include "Quillary/Commands/OverdueCommand.h"
+#include "Quillary/Commands/RemindCommand.h"
 #include "Quillary/Commands/ReportCommand.h"
 #include "Quillary/Commands/SamplesCommand.h"
 #include "Quillary/Commands/ServeCommand.h"
@@ -64,6 +68,10 @@ CommandList makeCommands(CLI::App& app)
 {
     CommandList commands;
     commands.push_back(std::make_unique<CallCommand>(app));
+    commands.push_back(std::make_unique<EmailCommand>(app));
+    commands.push_back(std::make_unique<OverdueCommand>(app));
+    commands.push_back(std::make_unique<RemindCommand>(app));
+    commands.push_back(std::make_unique<EmailTemplateCommand>(app));
     commands.push_back(std::make_unique<ExampleCommand>(app));
     commands.push_back(std::make_unique<ImportCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));

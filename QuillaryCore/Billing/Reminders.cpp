@@ -49,6 +49,11 @@ ReminderLevel nextReminderLevel(Context& context, const Document& document)
     }
 }
 
+Instant reminderDeadline(const Business& business, Instant today, const Calendar& calendar)
+{
+    return calendar.addingDays(today, std::max<int>(0, business.reminderPaymentDays));
+}
+
 ReminderDetails nextReminder(
     Context& context, const Document& document, const Business& business, Instant today, const Calendar& calendar)
 {
@@ -64,7 +69,7 @@ ReminderDetails reminderOfLevel(Context& context,
 {
     return {.level = level,
             .feeMinorUnits = lateFee(business, level, amountDueMinorUnits(context, document), document.currencyCode),
-            .payBy = calendar.addingDays(today, std::max<int>(0, business.reminderPaymentDays))};
+            .payBy = reminderDeadline(business, today, calendar)};
 }
 
 std::optional<std::string> checkReminder(

@@ -52,8 +52,11 @@ struct ReminderFigures
 /// The level after the highest one sent; the final level repeats.
 [[nodiscard]] ReminderLevel nextReminderLevel(Context& context, const Document& document);
 
+/// The day by which a reminder of today asks to be paid: `Business::reminderPaymentDays` ahead.
+[[nodiscard]] Instant reminderDeadline(const Business& business, Instant today, const Calendar& calendar);
+
 /// What the next reminder says unless the user changes it: the next level, its late fee on what is due now, and
-/// `Business::reminderPaymentDays` from today to pay.
+/// `reminderDeadline`.
 [[nodiscard]] ReminderDetails nextReminder(
     Context& context, const Document& document, const Business& business, Instant today, const Calendar& calendar);
 

@@ -9,6 +9,7 @@
 #include "QuillaryCore/Output/PrintedParties.h"
 #include "QuillaryCore/Output/PrintedPayment.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -38,6 +39,16 @@ LevelKeys keys(ReminderLevel level)
         break;
     }
     return {Key::reminder3, Key::reminderText3};
+}
+
+/// Ties the last word to the one before it, so that it never stands on a line of its own.
+std::string withoutWidow(std::string text)
+{
+    constexpr std::string_view noBreakSpace = "\u00A0";
+    if (const std::size_t last = text.rfind(' '); last != std::string::npos) {
+        text.replace(last, 1, noBreakSpace);
+    }
+    return text;
 }
 
 /// Writes the letter from records that are already read.
@@ -75,8 +86,8 @@ public:
     {
         const std::string number = PrintSource::inSentence(m_source.document.number);
         const std::string date = m_source.day(invoiceDate().value_or(m_reminder.date));
-        m_printed.opening =
-            m_source.strings.format(keys(m_reminder.details.level).opening, {{"number", number}, {"date", date}});
+        m_printed.opening = withoutWidow(
+            m_source.strings.format(keys(m_reminder.details.level).opening, {{"number", number}, {"date", date}}));
     }
 
     void addFigures(const ReminderFigures& figures)

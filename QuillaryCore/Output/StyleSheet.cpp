@@ -142,14 +142,22 @@ table.totals tr.last td { padding-bottom: 6pt; }
 table.bank td.label { white-space: nowrap; }
 )css";
 
-/// A letter reads as one: a paragraph in a comfortable measure, then its figures across the page under hairlines, with
-/// the amount due in the design's own emphasis.
-constexpr std::string_view letterRules = R"css(.letter .parties { margin-bottom: 30pt; }
-.letter .opening { font-size: 10.5pt; line-height: 1.5; max-width: 420pt; }
-.letter .totals-wrap { display: block; margin: 20pt 0 22pt; }
+/// A letter reads as one: a paragraph in a comfortable measure, then its figures across the page under hairlines, their
+/// edges where the text has its own, with the amount due in the design's own emphasis; the footer at the foot of the
+/// sheet. The height leaves a little out, so that rounding never makes a second page.
+constexpr std::string_view letterRules =
+    R"css(.letter { display: flex; flex-direction: column; min-height: calc(100vh - 2pt); }
+.letter .parties { margin-bottom: 30pt; }
+.letter .opening { font-size: 1.1em; line-height: 1.5; max-width: 430pt; }
+.letter .totals-wrap { display: block; margin: 18pt 0 24pt; }
 .letter table.totals { width: 100%; }
-.letter table.totals td, .letter table.totals td.label { padding: 6pt; }
-.letter table.totals tr:not(.total) td { border-bottom: 0.5pt solid #e4e4e4; }
+.letter table.totals td { padding: 6pt 0; }
+.letter table.totals tr.total td { padding-top: 8pt; }
+.letter table.totals tr:not(.total):not(.last) td { border-bottom: 0.5pt solid #e4e4e4; }
+.letter .payment p { font-size: 1.1em; }
+.letter .foot { margin-top: auto; }
+.design-modern.letter table.totals td { padding: 6pt 10pt; }
+.design-modern.letter table.totals tr.total td { padding: 8pt 10pt; }
 )css";
 
 constexpr int tintPercent = 10;

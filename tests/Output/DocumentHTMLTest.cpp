@@ -35,6 +35,7 @@ PrintedDocument documentFullOf(const std::string& text)
     document.meta = {{text, text}};
     document.subtitle = text;
     document.reference = text;
+    document.opening = text;
     document.intro = text;
     document.hasTaxRateColumn = true;
     document.lines = {{text, text, text, text, text, text, false}, {text, text, text, text, text, text, true}};
