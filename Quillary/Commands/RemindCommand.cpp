@@ -111,6 +111,9 @@ int RemindCommand::run(const CommandSetting& setting) const
     if (m_undo && writesFiles()) {
         throw UserError("--undo writes no files: leave --pdf and --mail out.");
     }
+    if (m_mailFolder.empty() && (m_withInvoice || !m_to.empty())) {
+        throw UserError("--to and --with-invoice belong to a mail: say --mail FOLDER, too.");
+    }
     if (m_again && !writesFiles()) {
         throw UserError("Where to? Say --pdf FOLDER, --mail FOLDER or both.");
     }
@@ -177,19 +180,19 @@ void RemindCommand::write(LetterReport& report,
         LetterFileName::ofReminder(context, document, business, reminder.details.level, reminder.date, desk.calendar);
     LetterFiles files;
     if (writesFiles()) {
+        // Whatever can be refused comes before the first file.
+        LetterMail mail = m_mailFolder.empty() ? LetterMail() : letterMail(desk, document, &reminder, m_to);
         Bytes letter =
             host.printAndWait(pageJob(ReminderLetter::printed(context, document, business, reminder, desk.calendar)));
+        if (m_withInvoice) {
+            mail.draft.attachments.push_back({pdfFileName(context, document, business, desk.calendar) + ".pdf",
+                                              host.printAndWait(pageJob(context, document, business, desk.calendar))});
+        }
         if (!m_pdfFolder.empty()) {
             report.tellFile("letter", "Letter", files.save(m_pdfFolder, name, "pdf", letter));
         }
         if (!m_mailFolder.empty()) {
-            LetterMail mail = letterMail(desk, document, &reminder, m_to);
-            mail.draft.attachments.push_back({name + ".pdf", std::move(letter)});
-            if (m_withInvoice) {
-                mail.draft.attachments.push_back(
-                    {pdfFileName(context, document, business, desk.calendar) + ".pdf",
-                     host.printAndWait(pageJob(context, document, business, desk.calendar))});
-            }
+            mail.draft.attachments.insert(mail.draft.attachments.begin(), {name + ".pdf", std::move(letter)});
             report.tellMail(mail, files, m_mailFolder, name);
         }
     }

@@ -1,5 +1,6 @@
 #include "QuillaryCore/Output/DocumentHTML.h"
 
+#include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Output/Base64.h"
 #include "QuillaryCore/Output/DocumentStrings.h"
 #include "QuillaryCore/Output/HTMLText.h"
@@ -16,6 +17,8 @@ namespace {
 
 using Key = DocumentStrings::Key;
 using Emphasis = PrintedDocument::Emphasis;
+
+constexpr std::size_t longHeading = 20; ///< of a letter. Unit: characters
 
 std::string_view totalsRow(Emphasis emphasis)
 {
@@ -162,6 +165,9 @@ void PageWriter::writeOpening()
     }
     if (m_document.form == PrintedDocument::Form::letter) {
         put(" letter");
+        if (graphemeCount(m_document.heading) >= longHeading) {
+            put(" long-heading");
+        }
     }
     put("\">\n");
 }

@@ -144,12 +144,17 @@ table.bank td.label { white-space: nowrap; }
 
 /// A letter reads as one: a paragraph in a comfortable measure, then its figures across the page under hairlines, their
 /// edges where the text has its own, with the amount due in the design's own emphasis; the footer at the foot of the
-/// sheet. The height leaves a little out, so that rounding never makes a second page.
+/// sheet. A long heading ("Promemoria di pagamento") is set smaller, so that it stays on one line beside the address. The
+/// height leaves a little out, so that rounding never makes a second page.
 constexpr std::string_view letterRules =
     R"css(.letter { display: flex; flex-direction: column; min-height: calc(100vh - 2pt); }
+.long-heading h1 { font-size: 18pt; }
+.design-classic.long-heading h1 { font-size: 14pt; }
+.design-minimal.long-heading h1 { font-size: 20pt; }
+.design-compact.long-heading h1 { font-size: 16pt; }
 .letter .parties { margin-bottom: 30pt; }
 .letter .opening { font-size: 1.1em; line-height: 1.5; max-width: 430pt; }
-.letter .totals-wrap { display: block; margin: 18pt 0 24pt; }
+.letter .totals-wrap { display: block; margin: 18pt 0 10pt; }
 .letter table.totals { width: 100%; }
 .letter table.totals td { padding: 6pt 0; }
 .letter table.totals tr.total td { padding-top: 8pt; }

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Billing/Payments.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/LateFeeKind.h"
+#include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Model/Reminder.h"
 #include "tests/Model/TestLibrary.h"
 
@@ -171,6 +172,52 @@ TEST_F(RemindersTest, proposesTheNextReminder)
     business.reminderPaymentDays = -3;
     EXPECT_EQ(nextReminder(context, invoice, business, start, calendar).payBy,
               calendar.storedDay(std::chrono::year(2025) / 3 / 7));
+}
+
+TEST_F(RemindersTest, areRefusedWithASentence)
+{
+    const Calendar calendar("Europe/Berlin");
+    struct Case
+    {
+        std::string_view expected; ///< empty: it can be sent
+        DocumentKind kind = DocumentKind::invoice;
+        DocumentStatus status = DocumentStatus::sent;
+        std::int64_t paid = 0;
+        std::int64_t fee = 0;
+        int payInDays = 7;
+    };
+    constexpr std::int64_t tooMuch = 10'000'000'000'001;
+    const Case cases[] = {
+        {.expected = ""},
+        {.expected = "", .fee = 1, .payInDays = 0}, // today is early enough
+        {.expected = "", .paid = 9'999},
+        {.expected = "Only invoices are reminded of.", .kind = DocumentKind::quote},
+        {.expected = "Only invoices are reminded of.", .kind = DocumentKind::creditNote},
+        {.expected = "Only invoices are reminded of.", .kind = DocumentKind::recurring},
+        {.expected = "It is still a draft: nobody was asked to pay it yet.", .status = DocumentStatus::draft},
+        {.expected = "It is paid.", .status = DocumentStatus::paid},
+        {.expected = "It isn't marked as sent.", .status = DocumentStatus::accepted},
+        {.expected = "Nothing is owed on it.", .paid = 10'000},
+        {.expected = "The day to pay by has passed.", .payInDays = -1},
+        {.expected = "The day to pay by lies more than ten years ahead.", .payInDays = 3651},
+        {.expected = "A late fee can't be negative.", .fee = -1},
+        {.expected = "The late fees of a document can be at most 100000000000.00 EUR together.", .fee = tooMuch},
+    };
+    for (const Case& row : cases) {
+        Document& reminded = document(row.kind, row.status);
+        line(reminded, 10000);
+        if (row.paid != 0) { // recorded beside the rules: the invoice is still marked as sent
+            auto& payment = context.insert<Payment>();
+            payment.document = reminded.ref;
+            payment.amountMinorUnits = row.paid;
+        }
+        const ReminderDetails details{.level = ReminderLevel::first,
+                                      .feeMinorUnits = row.fee,
+                                      .payBy = calendar.addingDays(start, row.payInDays)};
+        EXPECT_EQ(checkReminder(context, reminded, details, start, calendar).value_or(""), row.expected);
+        EXPECT_EQ(canSendReminder(context, reminded),
+                  row.kind == DocumentKind::invoice && row.status == DocumentStatus::sent && row.paid < 10'000);
+    }
 }
 
 } // namespace Quillary

@@ -1,6 +1,7 @@
 #include "QuillaryCore/Samples/SampleLibrary.h"
 
 #include "QuillaryCore/Billing/DocumentLimits.h"
+#include "QuillaryCore/Letters/ReminderLetter.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Validation.h"
 #include "QuillaryCore/Output/DocumentHTML.h"
@@ -22,6 +23,10 @@ std::map<std::string, std::string> pages(SampleLibrary& library)
     for (const SampleLibrary::Sample& sample : library.samples()) {
         result[sample.name] = DocumentHTML::render(
             PrintedDocument::from(library.context(), *sample.document, library.business(), library.calendar()));
+    }
+    for (const SampleLibrary::Letter& letter : library.letters()) {
+        result[letter.name] = DocumentHTML::render(ReminderLetter::printed(
+            library.context(), *letter.document, library.business(), letter.reminder, library.calendar()));
     }
     return result;
 }
@@ -48,6 +53,10 @@ TEST(SampleLibraryTest, holdsWhatThePagesShallShowInEveryLanguage)
         shows("invoice-overdue", "<tr class=\"due\">");
         shows("invoice-reverse-charge", "<p class=\"exempt\">");
         shows("quote", "<bdi>");
+        for (const std::string level : {"1", "2", "3"}) {
+            shows("reminder-" + level, "<div class=\"text opening\">");
+            shows("reminder-" + level, "<section class=\"payment\">");
+        }
         shows("credit-note", "<p class=\"reference\">");
         EXPECT_EQ(html["invoice"].find("class=\"qr\"") != std::string::npos, library.business().currencyCode == "EUR");
         EXPECT_TRUE(Validation::isValidIBAN(sampleTexts(language).iban)) << code(language);
