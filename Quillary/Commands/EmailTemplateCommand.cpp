@@ -53,7 +53,7 @@ EmailKind typedKind(const std::string& typed)
         }
         names.push_back(name);
     }
-    throw UserError(fmt::format("There's no email {}. There are {}.", quoted(typed), fmt::join(names, ", ")));
+    throw UserError(fmt::format("There's no email {}. There are {}.", inQuotes(typed), fmt::join(names, ", ")));
 }
 
 DocumentLanguage typedLanguage(const std::string& typed)
@@ -63,7 +63,7 @@ DocumentLanguage typedLanguage(const std::string& typed)
             return language;
         }
     }
-    throw UserError(fmt::format("There's no document language {}. There are en, de, fr, es, nl, it.", quoted(typed)));
+    throw UserError(fmt::format("There's no document language {}. There are en, de, fr, es, nl, it.", inQuotes(typed)));
 }
 
 std::string heading(EmailKind kind, DocumentLanguage language, bool isCustomized)
@@ -160,17 +160,16 @@ std::string EmailTemplateCommand::answer(const CommandSetting& setting) const
 std::string EmailTemplateCommand::list(OpenLibrary& open) const
 {
     constexpr std::size_t widestSubject = 60;
-    const std::optional<DocumentLanguage> only =
-        m_language.empty() ? std::nullopt : std::optional(typedLanguage(m_language));
+    std::vector<DocumentLanguage> languages(allDocumentLanguages.begin(), allDocumentLanguages.end());
+    if (!m_language.empty()) {
+        languages = {typedLanguage(m_language)};
+    }
     TextTable table({{.heading = "Kind"},
                      {.heading = "Language"},
                      {.heading = "Text"},
                      {.heading = "Subject", .widest = widestSubject}});
     JSON::Array rows;
-    for (const DocumentLanguage language : allDocumentLanguages) {
-        if (only && *only != language) {
-            continue;
-        }
+    for (const DocumentLanguage language : languages) {
         for (const EmailKind kind : allEmailKinds) {
             const EmailText text = EmailTemplates::text(open.context(), kind, language);
             const bool isOwn = EmailTemplates::isCustomized(open.context(), kind, language);

@@ -31,7 +31,7 @@ std::vector<EmailRecipient> typed(const std::string& list, const std::vector<Ema
     std::vector<EmailRecipient> result;
     for (const std::string& address : EmailDraft::addresses(list)) {
         if (!canBeWrittenTo(address)) {
-            throw UserError(fmt::format("{} is no email address.", quoted(address)));
+            throw UserError(fmt::format("{} is no email address.", inQuotes(address)));
         }
         const auto same = std::ranges::find_if(known, [&address](const EmailRecipient& recipient) {
             return lowerCasedASCII(recipient.address) == lowerCasedASCII(address);
@@ -62,7 +62,7 @@ std::vector<EmailRecipient> recipients(LetterMail& mail,
     if (!canBeWrittenTo(known.front().address)) {
         mail.notes.push_back(fmt::format("The client's address {} is none that mail can go to: correct it in the mail "
                                          "program.",
-                                         quoted(known.front().address)));
+                                         inQuotes(known.front().address)));
         return {};
     }
     return {known.front()};

@@ -45,14 +45,14 @@ ReminderLevel typedLevel(const std::string& typed)
         }
     }
     throw UserError(
-        fmt::format("The level of a reminder is 1, 2 or 3 (first, second or final), not {}.", quoted(typed)));
+        fmt::format("The level of a reminder is 1, 2 or 3 (first, second or final), not {}.", inQuotes(typed)));
 }
 
 std::int64_t typedFee(const std::string& typed, const std::string& currencyCode, const Locale& locale)
 {
     const std::optional<Money> fee = Money::typed(typed, currencyCode, locale);
     if (!fee) {
-        throw UserError(fmt::format("The fee must be an amount such as 10.00, not {}.", quoted(typed)));
+        throw UserError(fmt::format("The fee must be an amount such as 10.00, not {}.", inQuotes(typed)));
     }
     return fee->minorUnits();
 }
@@ -61,7 +61,7 @@ Instant typedDay(const std::string& typed, const Calendar& calendar)
 {
     const std::optional<CalendarDate> day = documentDate(typed);
     if (!day) {
-        throw UserError(fmt::format("The day to pay by must be a date such as 2026-03-31, not {}.", quoted(typed)));
+        throw UserError(fmt::format("The day to pay by must be a date such as 2026-03-31, not {}.", inQuotes(typed)));
     }
     return calendar.storedDay(*day);
 }

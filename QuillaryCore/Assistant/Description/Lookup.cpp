@@ -90,8 +90,8 @@ template <class Record>
     const std::string list = listed<Record>(context, hits);
     const bool isNear = hits.size() == 1 || hits.best(1).front().rank == Rank::similar;
     throw AssistantError(
-        isNear ? fmt::format("Nothing is called {}. Did you mean {}? {}", Quillary::quoted(asked), list, otherwise)
-               : fmt::format("{} fits several. Which one? {}.", Quillary::quoted(asked), list));
+        isNear ? fmt::format("Nothing is called {}. Did you mean {}? {}", inQuotes(asked), list, otherwise)
+               : fmt::format("{} fits several. Which one? {}.", inQuotes(asked), list));
 }
 
 template <class Record>
@@ -159,8 +159,8 @@ const Document& Lookup::document(const AssistantEnvironment& environment, std::s
     keepMeant(hits);
     hits.keepIf([](const Hit& hit) { return hit.isOwn; });
     if (hits.isEmpty()) {
-        throw AssistantError(fmt::format("There's no document with the id or number {}. find_documents lists them.",
-                                         Quillary::quoted(asked)));
+        throw AssistantError(
+            fmt::format("There's no document with the id or number {}. find_documents lists them.", inQuotes(asked)));
     }
     const Document* only = context.find(Ref<Document>(hits.best(1).front().key));
     if (hits.size() == 1 && only != nullptr && folded(only->number) == folded(asked)) {
@@ -187,8 +187,8 @@ const Client& Lookup::client(const AssistantEnvironment& environment, std::strin
     TextHits hits = environment.librarySearch().clients(asked);
     keepMeant(hits);
     if (hits.isEmpty()) {
-        throw AssistantError(fmt::format("There's no client {}. find_clients lists them, create_client adds one.",
-                                         Quillary::quoted(asked)));
+        throw AssistantError(
+            fmt::format("There's no client {}. find_clients lists them, create_client adds one.", inQuotes(asked)));
     }
     if (const Client* only = onlyMeant<Client>(context, hits)) {
         return *only;
@@ -210,7 +210,7 @@ const CatalogItem& Lookup::catalogItem(Context& context, std::string_view idOrNa
     keepMeant(hits);
     if (hits.isEmpty()) {
         throw AssistantError(
-            fmt::format("There's no catalog item {}. find_catalog_items lists them.", Quillary::quoted(asked)));
+            fmt::format("There's no catalog item {}. find_catalog_items lists them.", inQuotes(asked)));
     }
     if (const CatalogItem* only = onlyMeant<CatalogItem>(context, hits)) {
         return *only;

@@ -257,9 +257,8 @@ ToolResult FindOperations::clients(const AssistantEnvironment& environment, cons
         [&](const Client& client) { return clientText(client, environment.ownBusiness().currencyCode); },
         [&](const Client& client) { return clientData(client, environment.ownBusiness().currencyCode); });
     if (result.text.empty()) {
-        result.text = query.empty()
-                          ? "There are no clients yet; create_client adds one."
-                          : fmt::format("No client fits {}; create_client adds one.", Quillary::quoted(query));
+        result.text = query.empty() ? "There are no clients yet; create_client adds one."
+                                    : fmt::format("No client fits {}; create_client adds one.", inQuotes(query));
     }
     return result;
 }
@@ -275,7 +274,7 @@ ToolResult FindOperations::catalogItems(const AssistantEnvironment& environment,
         [&](const CatalogItem& item) { return itemData(environment.context, item); });
     if (result.text.empty()) {
         result.text = query.empty() ? "There are no saved products or services yet. Give lines their title and price."
-                                    : fmt::format("No catalog item fits {}.", Quillary::quoted(query));
+                                    : fmt::format("No catalog item fits {}.", inQuotes(query));
     }
     return result;
 }
@@ -294,9 +293,8 @@ ToolResult FindOperations::documents(const AssistantEnvironment& environment, co
         [&listing](const Document& document) { return listing.data(document); });
     if (result.text.empty()) {
         const bool isNarrowed = arguments.has("kind") || arguments.has("status") || arguments.has("client");
-        result.text = query.empty()
-                          ? (isNarrowed ? "There are no such documents." : "There are no documents yet.")
-                          : fmt::format("No {}document fits {}.", isNarrowed ? "such " : "", Quillary::quoted(query));
+        result.text = query.empty() ? (isNarrowed ? "There are no such documents." : "There are no documents yet.")
+                                    : fmt::format("No {}document fits {}.", isNarrowed ? "such " : "", inQuotes(query));
     }
     return result;
 }

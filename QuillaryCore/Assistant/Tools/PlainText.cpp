@@ -102,7 +102,7 @@ std::size_t roomFor(std::string_view text, const JSON& data)
     return text.size() + JSON(text).dump().size() + data.dump().size();
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     return fmt::format("“{}”", plainText(text, longestQuote));
 }

@@ -27,7 +27,7 @@ inline constexpr std::size_t longestResult = 50'000;
 [[nodiscard]] std::size_t roomFor(std::string_view text, const JSON& data);
 
 /// What a call asked for, quoted in a sentence: “text”, at most 60 characters of it.
-[[nodiscard]] std::string quoted(std::string_view text);
+[[nodiscard]] std::string inQuotes(std::string_view text);
 
 /// Appends lines to the text of a result as long as all of it stays within `longestResult`.
 class ResultLines
