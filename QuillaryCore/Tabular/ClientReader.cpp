@@ -1,5 +1,6 @@
 #include "QuillaryCore/Tabular/ClientReader.h"
 
+#include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/Validation.h"
@@ -11,6 +12,8 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -60,6 +63,7 @@ public:
         for (const std::size_t column : m_reader.m_columns.columns(ClientField::notes)) {
             appendLine(client.notes, ImportCell::lines(m_row.cell(column)));
         }
+        appendLine(client.notes, m_keptText);
         limit(client.notes, "notes", Limits::textLength);
         m_result.isEmpty =
             client.name.empty() && client.firstName.empty() && client.lastName.empty() && client.email.empty();
@@ -82,6 +86,24 @@ private:
     }
 
     void warn(Reason reason, std::string_view message) { m_result.warnings.push_back({reason, std::string(message)}); }
+
+    /// Puts what the client has no place for into the notes, under the heading that it had.
+    void keep(ClientField field, std::string_view value)
+    {
+        const auto& columns = m_reader.m_columns.columns(field);
+        const auto holds = [&](std::size_t column) {
+            return !ImportCell::line(m_row.cell(column)).empty();
+        };
+        const auto column = std::ranges::find_if(columns, holds);
+        precondition(column != columns.end(), "what is kept stands in a cell");
+        appendLine(m_keptText, fmt::format("{}: {}", m_reader.m_columns.title(*column), value));
+    }
+
+    void warnAndKeep(Reason reason, ClientField field, std::string_view value, std::string_view message)
+    {
+        warn(reason, fmt::format("{}; it is kept in the notes.", message));
+        keep(field, value);
+    }
 
     void limit(std::string& value, std::string_view what, std::size_t characters = Limits::lineLength)
     {
@@ -111,7 +133,10 @@ private:
         if (!kindText.empty()) {
             cells.kind = remembered(m_reader.m_kinds, kindText, ImportText::kind);
             if (!cells.kind) {
-                warn(Reason::unknownKind, fmt::format("{} is neither a company nor a person.", inQuotes(kindText)));
+                warnAndKeep(Reason::unknownKind,
+                            ClientField::kind,
+                            kindText,
+                            fmt::format("{} is neither a company nor a person", inQuotes(kindText)));
             }
         }
         ClientNames names = clientNames(std::move(cells));
@@ -132,12 +157,16 @@ private:
         Client& client = m_result.client;
         const std::string emailText = text(ClientField::email);
         EmailCell email = emailCell(emailText);
-        client.email = std::move(email.address);
-        if (!client.email.empty() && !email.isValid) {
-            warn(Reason::invalidEmail, fmt::format("{} is no email address.", inQuotes(client.email)));
+        if (email.isValid) {
+            client.email = std::move(email.address);
+        } else if (!emailText.empty()) {
+            warnAndKeep(Reason::invalidEmail,
+                        ClientField::email,
+                        emailText,
+                        fmt::format("{} is no email address", inQuotes(emailText)));
         }
         for (const std::string& other : email.others) {
-            appendLine(client.notes, other);
+            keep(ClientField::email, other);
         }
         client.phone = text(ClientField::phone);
         client.website = text(ClientField::website);
@@ -182,23 +211,30 @@ private:
             const auto& code = remembered(m_reader.m_countries, country, ImportText::countryCode);
             client.countryCode = code.value_or("");
             if (!code) {
-                warn(Reason::unknownCountry, fmt::format("{} is no known country; it is left out.", inQuotes(country)));
+                warnAndKeep(Reason::unknownCountry,
+                            ClientField::country,
+                            country,
+                            fmt::format("{} is no known country", inQuotes(country)));
             }
         }
         if (const std::string currency = text(ClientField::currency); !currency.empty()) {
             const auto& code = remembered(m_reader.m_currencies, currency, ImportText::currencyCode);
             client.currencyCode = code.value_or("");
             if (!code) {
-                warn(Reason::unknownCurrency,
-                     fmt::format("{} is no known currency; it is left out.", inQuotes(currency)));
+                warnAndKeep(Reason::unknownCurrency,
+                            ClientField::currency,
+                            currency,
+                            fmt::format("{} is no known currency", inQuotes(currency)));
             }
         }
         if (const std::string language = text(ClientField::language); !language.empty()) {
             const auto& known = remembered(m_reader.m_languages, language, ImportText::language);
             client.languageCode = known ? std::string(code(*known)) : "";
             if (!known) {
-                warn(Reason::unknownLanguage,
-                     fmt::format("Documents can't be written in {}; the language is left out.", inQuotes(language)));
+                warnAndKeep(Reason::unknownLanguage,
+                            ClientField::language,
+                            language,
+                            fmt::format("Documents can't be written in {}", inQuotes(language)));
             }
         }
     }
@@ -215,9 +251,13 @@ private:
         if (!vatID.empty()) {
             const bool hasDigit = vatID.find_first_of("0123456789") != std::string::npos; // "exempt" is none
             const bool isValid = hasDigit && Validation::isValidVATID(vatID);
-            client.vatID = isValid ? Validation::compactVATID(vatID) : vatID;
-            if (!isValid) {
-                warn(Reason::invalidVATID, fmt::format("{} doesn't have the form of a VAT ID.", inQuotes(vatID)));
+            if (isValid) {
+                client.vatID = Validation::compactVATID(vatID);
+            } else {
+                warnAndKeep(Reason::invalidVATID,
+                            ClientField::vatID,
+                            vatID,
+                            fmt::format("{} doesn't have the form of a VAT ID", inQuotes(vatID)));
             }
         }
         limit(client.number, "client number");
@@ -228,6 +268,7 @@ private:
     ClientReader& m_reader;
     const CSVRow& m_row;
     ReadClient m_result;
+    std::string m_keptText; ///< lines for the notes
 };
 
 ClientReader::ClientReader(ImportColumns columns)

@@ -10,15 +10,16 @@ struct ImportWarning
 {
     enum class Reason : std::uint8_t {
         noName,          ///< the email address stands for it
-        invalidEmail,    ///< kept as it stands
-        invalidVATID,    ///< kept as it stands
-        shortenedNumber, ///< a spreadsheet program made "4.9E+11" of a long number; kept as it stands
-        unknownCountry,  ///< left out, as are the three below: only codes and kinds are stored
+        shortenedNumber, ///< a spreadsheet program made "4.9E+11" of a long number; taken as it stands
+        tooLong,         ///< cut
+        sameName,        ///< as an earlier row with another number
+        // What can't be stored where it belongs goes into the notes:
+        invalidEmail,
+        invalidVATID,
+        unknownCountry,
         unknownCurrency,
         unknownLanguage,
         unknownKind,
-        tooLong,  ///< cut
-        sameName, ///< as an earlier row with another number
     };
 
     Reason reason = Reason::noName;

@@ -40,7 +40,7 @@ TEST(ImportCommandTest, showsAndImportsAList)
     EXPECT_TRUE(shown.output.starts_with(expected)) << shown.output;
     for (const std::string line : {
              "  2  new        K-1     Müller GmbH  Köln\n",
-             "  3  new                Beta         Ulm   “nobody” is no email address.\n",
+             "  3  new                Beta         Ulm   “nobody” is no email address; it is kept in the notes.\n",
              "  4  duplicate  k-1     Other              Has the same number as “Müller GmbH” in row 2.\n",
              "  5  empty                           Ulm\n",
              "\nWould import 2 clients, left out 1 duplicate and 1 row without a name.\n",

@@ -162,20 +162,38 @@ TEST(ClientReaderTest, warnsOfWhatShouldBeLookedAt)
     };
     const Case cases[] = {
         {"Name;Email", "A;a@b.example", {}, ""},
-        {"Name;Email", "A;none of it", {Reason::invalidEmail}, "“none of it” is no email address."},
-        {"Name;VAT", "A;DE12", {Reason::invalidVATID}, "“DE12” doesn't have the form of a VAT ID."},
-        {"Name;VAT", "A;exempt", {Reason::invalidVATID}, "“exempt” doesn't have the form of a VAT ID."},
+        {"Name;Email",
+         "A;none of it",
+         {Reason::invalidEmail},
+         "“none of it” is no email address; it is kept in the notes."},
+        {"Name;VAT",
+         "A;DE12",
+         {Reason::invalidVATID},
+         "“DE12” doesn't have the form of a VAT ID; it is kept in the notes."},
+        {"Name;VAT",
+         "A;exempt",
+         {Reason::invalidVATID},
+         "“exempt” doesn't have the form of a VAT ID; it is kept in the notes."},
         {"Name;Phone",
          "A;4.93012E+11",
          {Reason::shortenedNumber},
          "“4.93012E+11” is what a spreadsheet program left of a longer number."},
-        {"Name;Country", "A;Atlantis", {Reason::unknownCountry}, "“Atlantis” is no known country; it is left out."},
-        {"Name;Currency", "A;shells", {Reason::unknownCurrency}, "“shells” is no known currency; it is left out."},
+        {"Name;Country",
+         "A;Atlantis",
+         {Reason::unknownCountry},
+         "“Atlantis” is no known country; it is kept in the notes."},
+        {"Name;Currency",
+         "A;shells",
+         {Reason::unknownCurrency},
+         "“shells” is no known currency; it is kept in the notes."},
         {"Name;Language",
          "A;Polish",
          {Reason::unknownLanguage},
-         "Documents can't be written in “Polish”; the language is left out."},
-        {"Name;Kind", "A;gold", {Reason::unknownKind}, "“gold” is neither a company nor a person."},
+         "Documents can't be written in “Polish”; it is kept in the notes."},
+        {"Name;Kind",
+         "A;gold",
+         {Reason::unknownKind},
+         "“gold” is neither a company nor a person; it is kept in the notes."},
         {"Name;Email", ";a@b.example", {Reason::noName}, "There is no name; the email address stands for it."},
         {"Name;City",
          std::string(501, 'x') + ";Ulm",
@@ -190,7 +208,9 @@ TEST(ClientReaderTest, warnsOfWhatShouldBeLookedAt)
             EXPECT_EQ(result.warnings.front().message, example.sentence);
         }
     }
-    EXPECT_EQ(read("Name;VAT", "A;DE12").client.vatID, "DE12"); // to be mended, not to be lost
+    const Client kept = read("Name;Notizen;USt-ID;Land", "A;x;DE12;Atlantis").client;
+    EXPECT_EQ(kept.vatID + kept.countryCode, "");
+    EXPECT_EQ(kept.notes, "x\nLand: Atlantis\nUSt-ID: DE12"); // to be mended, not to be lost
     EXPECT_EQ(graphemeCount(read("Name", std::string(600, 'x')).client.name), 500U);
     EXPECT_TRUE(read("Name;City;Number", ";Ulm;7").isEmpty);
 }
@@ -199,7 +219,7 @@ TEST(ClientReaderTest, mendsWhatIsWrittenTogether)
 {
     const ReadClient emails = read("Name;Email", "A;\"Anna <a@b.example>; mailto:c@d.example\"");
     EXPECT_EQ(emails.client.email, "a@b.example");
-    EXPECT_EQ(emails.client.notes, "c@d.example");
+    EXPECT_EQ(emails.client.notes, "Email: c@d.example");
     EXPECT_TRUE(emails.warnings.empty());
     const std::pair<std::string, std::string> codes[] = {
         {"10115 Berlin", "10115|Berlin"},
