@@ -157,6 +157,7 @@ std::optional<std::size_t> ImportColumns::find(std::string_view column) const
     }
     std::size_t number = 0;
     const char* const end = column.data() + column.size();
+    // NOLINTNEXTLINE(bugprone-suspicious-stringview-data-usage): its end goes with it
     const auto [stop, error] = std::from_chars(column.data(), end, number);
     const bool isNumber = error == std::errc() && stop == end && number >= 1 && number <= size();
     return isNumber ? std::optional(number - 1) : std::nullopt;
