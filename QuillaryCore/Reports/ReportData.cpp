@@ -90,7 +90,7 @@ std::int64_t share(std::int64_t x, std::int64_t y, std::int64_t total)
     const Int128 half = divisor / 2;
     const auto result = narrowed<std::int64_t>((product < 0 ? product - half : product + half) / divisor);
     precondition(result.has_value(), "a share of an amount fits 64 bits");
-    return *result;
+    return result.value_or(0);
 }
 
 bool readAtOnce(Context& context, const std::function<void()>& read)

@@ -19,8 +19,6 @@ using std::chrono::months;
 using std::chrono::sys_days;
 using std::chrono::year;
 
-constexpr CalendarDate firstDay = year(1) / 1 / 1;
-constexpr CalendarDate lastDay = year(9998) / 12 / 31;
 constexpr int longestCount = 1000;
 
 /// A whole number of nothing but digits, of `fewest` to `most` of them.
@@ -35,7 +33,7 @@ std::optional<int> number(std::string_view text, std::size_t fewest, std::size_t
 std::optional<ReportPeriod> checked(const ReportPeriod& period)
 {
     const bool isUsable = period.first.ok() && period.last.ok() && period.first <= period.last &&
-                          period.first >= firstDay && period.last <= lastDay;
+                          period.first >= ReportPeriod::all().first && period.last <= ReportPeriod::all().last;
     return isUsable ? std::optional(period) : std::nullopt;
 }
 
@@ -117,7 +115,7 @@ std::optional<ReportPeriod> relative(std::string_view text, CalendarDate today)
 std::optional<ReportPeriod> named(std::string_view text, CalendarDate today)
 {
     if (text == "all") {
-        return ReportPeriod{firstDay, lastDay};
+        return ReportPeriod::all();
     }
     if (text == "today") {
         return daysAround(today, 0, 1);

@@ -14,6 +14,12 @@ struct ReportPeriod
     CalendarDate first;
     CalendarDate last;
 
+    /// The years 1 to 9998.
+    [[nodiscard]] static constexpr ReportPeriod all()
+    {
+        return {std::chrono::year(1) / 1 / 1, std::chrono::year(9998) / 12 / 31};
+    }
+
     /// From the first instant of the first day to that of the day after the last.
     [[nodiscard]] DateRange range(const Calendar& calendar) const;
 
@@ -23,7 +29,7 @@ struct ReportPeriod
     /// - "month-to-date" (mtd), "quarter-to-date" (qtd), "year-to-date" (ytd): up to `today`
     /// - "2026", "2026-Q3", "Q3-2026", "Q3" (of this year), "2026-H2", "2026-07", "2026-07-15"
     /// - "2026-01..2026-03": from the first day of the one to the last day of the other
-    /// - "all": the years 1 to 9998
+    /// - "all"
     ///
     /// No value: any other text, a day that doesn't exist, a range that ends before it begins.
     [[nodiscard]] static std::optional<ReportPeriod> parse(std::string_view text, CalendarDate today);

@@ -71,7 +71,8 @@ public:
     {
         m_context.query(
             "SELECT id, uuid, number, issueDate, taxExempt, client, kindRaw FROM Document "
-            "WHERE issueDate >= ?1 AND issueDate < ?2 AND kindRaw IN (0, 2) AND currencyCode = ?3",
+            "WHERE issueDate >= ?1 AND issueDate < ?2 AND kindRaw IN (0, 2) AND currencyCode = ?3 ORDER BY issueDate, "
+            "id",
             [this](const Statement& row) {
                 Candidate& read = m_candidates.emplace_back(candidate(row));
                 read.entry.kind = row.integer(6) == 0 ? DocumentKind::invoice : DocumentKind::creditNote;
@@ -90,8 +91,7 @@ public:
 
     TaxReport finished(ReportBasis basis)
     {
-        std::ranges::sort(
-            m_candidates, {}, [](const Candidate& counted) { return std::tuple(counted.issueDate, counted.key); });
+        sortByDate();
         addFigures();
         addClients();
         TaxReport report{std::string(m_currencyCode), basis, {}, {}};
@@ -148,6 +148,16 @@ private:
             m_range.start,
             m_range.end,
             m_currencyCode);
+    }
+
+    void sortByDate()
+    {
+        const auto order = [](const Candidate& counted) {
+            return std::tuple(counted.issueDate, counted.key);
+        };
+        if (!std::ranges::is_sorted(m_candidates, {}, order)) { // they come so by invoice date
+            std::ranges::sort(m_candidates, {}, order);
+        }
     }
 
     void addFigures()
