@@ -21,13 +21,17 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
+#include <iterator>
 #include <map>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -71,10 +75,11 @@ struct Library
     {
     }
 
+    /// The last whole year, or all five.
     [[nodiscard]] DateRange lastYears(std::int64_t years) const
     {
-        const CalendarDate today = calendar.date(LibraryGenerator::today);
-        return ReportPeriod::parse(years == 1 ? "2025" : "all", today)->range(calendar);
+        constexpr ReportPeriod lastYear{std::chrono::year(2025) / 1 / 1, std::chrono::year(2025) / 12 / 31};
+        return (years == 1 ? lastYear : ReportPeriod::all()).range(calendar);
     }
 
     FixedClock clock{LibraryGenerator::today};
