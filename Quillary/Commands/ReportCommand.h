@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Quillary/Commands/Command.h"
+#include "Quillary/Commands/FinishedReport.h"
 
 #include <array>
+#include <cstddef>
 #include <string>
 
 namespace CLI {
@@ -22,29 +24,17 @@ public:
 
     [[nodiscard]] int run(const CommandSetting& setting) const override;
 
-    enum class Kind { tax, taxDocuments, aging, clients, invoices };
-
-    /// What was typed.
-    struct Options
-    {
-        std::string period;
-        std::string from;
-        std::string to;
-        std::string basis = "invoiced";
-        std::string currency;
-        std::string format = "standard";
-        std::string output;
-    };
-
 private:
-    void addReport(Kind kind, const std::string& name, const std::string& description);
-    [[nodiscard]] Kind kind() const;
+    void addReport(ReportRequest::Kind kind, const std::string& name, const std::string& description);
+    [[nodiscard]] ReportRequest request() const;
 
     static constexpr std::size_t kindCount = 5;
 
     CLI::App* m_app;
     std::array<CLI::App*, kindCount> m_reports{};
-    Options m_options;
+    ReportRequest m_request;
+    std::string m_format = "standard";
+    std::string m_output;
 };
 
 } // namespace Quillary
