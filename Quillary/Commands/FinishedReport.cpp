@@ -188,8 +188,8 @@ FinishedReport FinishedReport::make(const fs::path& library, const ReportRequest
     FinishedReport report;
     const bool isRead =
         ReportData::readAtOnce(context, [&] { report = ReportMaker(context, request, environment).make(); });
-    if (store.lastFailure()) {
-        throw StoreError(*store.lastFailure()); // a report of zeros would look like an answer
+    if (const std::optional<StoreError> failure = store.lastFailure()) {
+        throw StoreError(*failure); // a report of zeros would look like an answer
     }
     precondition(isRead, "a failed read is remembered");
     return report;

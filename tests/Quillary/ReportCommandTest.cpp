@@ -117,9 +117,9 @@ TEST_F(ReportCommandTest, writesFilesBesideThoseThatAreThere)
                 StartsWith("\xEF\xBB\xBF"
                            "Client,Invoices,Not due yet (EUR)"));
     EXPECT_NE(folder.read("out/Client Report 2025-01-01 to 2025-12-31.csv"), "");
-    EXPECT_THAT(report("aging -o - 2>/dev/null").output,
-                StartsWith("\xEF\xBB\xBF"
-                           "Client,"));
+    EXPECT_THAT(report("aging -o -").output,
+                HasSubstr("\xEF\xBB\xBF"
+                          "Client,"));
     const auto files = std::distance(std::filesystem::directory_iterator(folder.path()), {});
     EXPECT_EQ(report("aging -o nowhere/report.csv").status, 1);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), files);
