@@ -4,6 +4,7 @@
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ContactPerson.h"
+#include "QuillaryCore/Model/CreditedPart.h"
 #include "QuillaryCore/Model/CustomUnit.h"
 #include "QuillaryCore/Model/Discount.h"
 #include "QuillaryCore/Model/Document.h"
@@ -24,20 +25,32 @@
 #include "QuillaryCore/Store/Fingerprint.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 namespace Quillary::DataModel {
 
 namespace {
 
+/// The current schema without the entities that came after a version.
+Schema without(std::vector<std::string_view> entities, int version)
+{
+    Schema schema = records().schema(version);
+    std::erase_if(schema.entities,
+                  [&](const Entity& entity) { return std::ranges::find(entities, entity.name) != entities.end(); });
+    return schema;
+}
+
 /// Version 1 remembered neither answers that change no record nor which line billed a time entry.
 Schema firstVersion()
 {
-    Schema schema = records().schema(1);
-    std::erase_if(schema.entities, [](const Entity& entity) {
-        return entity.name == ReviewAnswer::entityName || entity.name == TimeEntryBilling::entityName;
-    });
-    return schema;
+    return without({ReviewAnswer::entityName, TimeEntryBilling::entityName, CreditedPart::entityName}, 1);
+}
+
+/// Version 2 didn't know which line of an invoice a credit note takes back.
+Schema secondVersion()
+{
+    return without({CreditedPart::entityName}, 2);
 }
 
 } // namespace
@@ -64,13 +77,14 @@ const Records& records()
                                              TimeEntry,
                                              DocumentTaxTreatment,
                                              ReviewAnswer,
-                                             TimeEntryBilling>();
+                                             TimeEntryBilling,
+                                             CreditedPart>();
     return types;
 }
 
 const SchemaHistory& history()
 {
-    static const SchemaHistory versions{records().schema(currentVersion), {firstVersion()}};
+    static const SchemaHistory versions{records().schema(currentVersion), {firstVersion(), secondVersion()}};
     return versions;
 }
 

@@ -2,12 +2,12 @@
 
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
+#include "QuillaryCore/Documents/DocumentName.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Search/CatalogSearch.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
@@ -126,12 +126,7 @@ std::string Lookup::reference(const Client& client)
 
 std::string Lookup::reference(const Document& document)
 {
-    const std::optional<DocumentKind> documentKind = kind(document);
-    const std::string number = plainText(document.number);
-    return fmt::format("{} {} [{}]",
-                       documentKind ? title(*documentKind) : "Document",
-                       number.empty() ? "without a number" : number,
-                       idText(document.uuid));
+    return fmt::format("{} [{}]", documentName(document), idText(document.uuid));
 }
 
 std::string Lookup::reference(const CatalogItem& item)

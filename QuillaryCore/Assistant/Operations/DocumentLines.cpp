@@ -2,6 +2,7 @@
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
+#include "QuillaryCore/Documents/DocumentCopy.h"
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
@@ -11,7 +12,6 @@
 #include "QuillaryCore/Model/Discount.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
-#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
@@ -32,19 +32,6 @@ namespace Quillary {
 namespace {
 
 constexpr std::int64_t oneInThousandths = 1000;
-
-LineItem& copiedLine(Context& context, const LineItem& source, const Document& document)
-{
-    LineItem& copy = context.insert<LineItem>();
-    const Ref<LineItem> ref = copy.ref;
-    const std::optional<UUID> uuid = copy.uuid;
-    copy = source;
-    copy.ref = ref;
-    copy.uuid = uuid;
-    copy.document = document.ref;
-    copy.parent = {};
-    return copy;
-}
 
 [[noreturn]] void refuseLines()
 {
@@ -225,7 +212,8 @@ void DocumentSession::copyLastInvoice()
                                          last.currencyCode,
                                          m_document.currencyCode));
     }
-    copyLines(last);
+    DocumentCopy::addLines(
+        {m_environment.context, business(), m_environment.calendar}, last, m_document, nextSortIndex());
     m_filledIn.push_back(
         fmt::format("lines of {}", last.number.empty() ? Lookup::reference(last) : plainText(last.number)));
 }
@@ -242,45 +230,6 @@ const Document& DocumentSession::lastInvoice()
         throw AssistantError(fmt::format("{} has no earlier invoice to copy.", plainText(displayName(*client()))));
     }
     return *last;
-}
-
-void DocumentSession::copyLines(const Document& last)
-{
-    Context& context = m_environment.context;
-    const UnitLibrary library(context, business());
-    const std::int32_t offset = nextSortIndex();
-    const bool isIssued = status(last).value_or(DocumentStatus::draft) != DocumentStatus::draft;
-    const auto copied = [&](const LineItem& source) -> LineItem& {
-        LineItem& copy = copiedLine(context, source, m_document);
-        // The earlier invoice may have been printed in another language.
-        if (!copy.unit.empty()) {
-            Quillary::setUnit(copy, copy.unit, library, language(m_document));
-        }
-        if (isIssued) {
-            keepLineAnswers(copy);
-        }
-        return copy;
-    };
-    for (const LineItem* source : sortedItems(context, last)) {
-        LineItem& copy = copied(*source);
-        copy.sortIndex = source->sortIndex + offset;
-        const Ref<LineItem> copyRef = copy.ref;
-        for (const LineItem* child : sortedChildren(context, *source)) {
-            copied(*child).parent = copyRef;
-        }
-    }
-}
-
-/// What an issued invoice bills at 0, or without tax, was meant like that.
-void DocumentSession::keepLineAnswers(const LineItem& copy)
-{
-    Context& context = m_environment.context;
-    if (copy.unitPriceMinorUnits == 0) {
-        ReviewAnswers::remember(context, m_document, ReviewTopic::freeLine, Lookup::idText(copy.uuid));
-    }
-    if (copy.vatBasisPoints == 0) {
-        ReviewAnswers::remember(context, m_document, ReviewTopic::untaxedLine, Lookup::idText(copy.uuid));
-    }
 }
 
 void DocumentSession::applyDiscount(const Arguments& arguments)

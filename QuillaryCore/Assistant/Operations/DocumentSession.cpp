@@ -6,6 +6,8 @@
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
 #include "QuillaryCore/Billing/DocumentAmounts.h"
 #include "QuillaryCore/Billing/DocumentLimits.h"
+#include "QuillaryCore/Documents/DocumentCopy.h"
+#include "QuillaryCore/Documents/DraftNumbers.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
@@ -16,12 +18,10 @@
 #include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/LineItem.h"
-#include "QuillaryCore/Model/NumberedKind.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/TaxNotes.h"
 #include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Model/Units.h"
-#include "QuillaryCore/Numbering/Numbering.h"
 #include "QuillaryCore/Numbering/NumberingError.h"
 #include "QuillaryCore/Schedules/TimeBilling.h"
 
@@ -31,17 +31,9 @@ namespace Quillary {
 
 namespace {
 
-/// How long a quote stands when nobody says otherwise.
-constexpr int quoteValidityDays = 30;
-
 /// Of a line's title in a sentence about it. Unit: characters.
 constexpr std::size_t longestTitle = 60;
 constexpr std::size_t longestName = 100;
-
-NumberedKind series(const Document& document)
-{
-    return numbered(kind(document).value_or(DocumentKind::invoice));
-}
 
 } // namespace
 
@@ -251,35 +243,22 @@ void DocumentSession::refreshWords()
 
 void DocumentSession::applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient)
 {
-    Context& context = m_environment.context;
-    const Calendar& calendar = m_environment.calendar;
+    const Desk desk{m_environment.context, business(), m_environment.calendar};
     const Instant date = m_document.issueDate.value_or(m_environment.clock.now());
     if (!m_document.number.empty()) {
         if (oldIssueDate == m_document.issueDate && oldClient == client()) {
             return;
         }
         // A draft's number moves with its date and client only while it is the newest: any other would leave a gap.
-        const bool released = Numbering::releaseIfNewest(context,
-                                                         m_document.number,
-                                                         series(m_document),
-                                                         oldIssueDate.value_or(date),
-                                                         oldClient,
-                                                         business(),
-                                                         calendar);
-        if (!released) {
+        if (!DraftNumbers::giveBack(desk, m_document, oldIssueDate.value_or(date), oldClient)) {
             return;
         }
         m_document.number.clear();
     }
     try {
-        m_document.number = Numbering::assign(context, series(m_document), date, client(), business(), calendar);
+        m_document.number = DraftNumbers::take(desk, kind(m_document).value_or(DocumentKind::invoice), date, client());
     } catch (const NumberingError& error) {
-        // A pattern that counts per client numbers the draft once it has one.
-        const bool waitsForClient = error.reason() == NumberingError::Reason::missingClient ||
-                                    error.reason() == NumberingError::Reason::missingClientNumber;
-        if (!waitsForClient || client() != nullptr) {
-            throw AssistantError(error.message());
-        }
+        throw AssistantError(error.message());
     }
 }
 

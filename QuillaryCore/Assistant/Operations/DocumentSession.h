@@ -68,8 +68,6 @@ private:
     void addLine(const Arguments& arguments, std::int32_t sortIndex);
     void copyLastInvoice();
     [[nodiscard]] const Document& lastInvoice();
-    void copyLines(const Document& last);
-    void keepLineAnswers(const LineItem& copy);
     void rememberLineAnswers(const LineItem& line, const Arguments& change);
     void addUnbilledTime();
     void addTimeLine(const TimeInvoicing::Line& proposed, const std::vector<const TimeEntry*>& entries);

@@ -7,6 +7,7 @@
 #include "QuillaryCore/Billing/DocumentLimits.h"
 #include "QuillaryCore/Billing/Payments.h"
 #include "QuillaryCore/Billing/StatusActions.h"
+#include "QuillaryCore/Documents/DocumentActions.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
@@ -17,7 +18,6 @@
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Model/PaymentMethod.h"
 #include "QuillaryCore/Money/Money.h"
-#include "QuillaryCore/Numbering/Numbering.h"
 
 #include <fmt/format.h>
 
@@ -196,18 +196,10 @@ ToolResult SendingOperations::discard(const AssistantEnvironment& environment, c
     if (!environment.context.related<&Payment::document>(document).empty()) {
         throw AssistantError(fmt::format("Money was recorded for {}, so it stays. Ask the user what to do.", name));
     }
-    const bool isNumberFree =
-        !document.number.empty() &&
-        Numbering::releaseIfNewest(environment.context,
-                                   document.number,
-                                   numbered(kind(document).value_or(DocumentKind::invoice)),
-                                   document.issueDate.value_or(document.createdAt.value_or(environment.clock.now())),
-                                   environment.context.find(document.client),
-                                   environment.ownBusiness(),
-                                   environment.calendar);
     const std::optional<UUID> uuid = document.uuid;
     const std::string number = document.number;
-    environment.context.erase(document);
+    const bool isNumberFree =
+        DocumentActions::deleteDraft({environment.context, environment.ownBusiness(), environment.calendar}, document);
     ToolResult result{
         .text = fmt::format("Deleted the draft {}.{}", name, isNumberFree ? " Its number is free again." : "")};
     result.data = JSON::object({{"id", Lookup::idText(uuid)}, {"number", number}, {"number_is_free", isNumberFree}});
