@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Countries.h"
+#include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
@@ -98,6 +99,19 @@ void moveToCountry(Context& context, Business& business, std::string_view countr
     const std::optional<Countries::Defaults> defaults = Countries::defaults(countryCode);
     business.taxLabelRaw = static_cast<std::int16_t>(defaults ? defaults->taxLabel : TaxLabel::tax);
     makeTaxRates(context, countryCode, defaults ? defaults->rates : std::span<const std::int32_t>());
+}
+
+bool setCountry(Context& context, Business& business, const std::string& countryCode)
+{
+    if (countryCode == business.countryCode) {
+        return false;
+    }
+    business.countryCode = countryCode;
+    if (countryCode.empty() || context.count<Document>("") > 0) {
+        return false;
+    }
+    moveToCountry(context, business, countryCode);
+    return true;
 }
 
 } // namespace Quillary

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Foundation/Locale.h"
 
+#include <string>
 #include <string_view>
 
 namespace Quillary {
@@ -19,5 +20,9 @@ Business& makeFirstBusiness(Context& context, const Locale& locale);
 /// Brings the currency, the word for tax, the tax rates and the paper of a country to a business that has used no others
 /// yet. The language stays. Where a country's taxes aren't known, the only rate is 0.
 void moveToCountry(Context& context, Business& business, std::string_view countryCode);
+
+/// Sets the country of a business. True when `moveToCountry` followed: as long as nothing has been billed, the country is
+/// the best guess at currency, tax and paper.
+bool setCountry(Context& context, Business& business, const std::string& countryCode);
 
 } // namespace Quillary

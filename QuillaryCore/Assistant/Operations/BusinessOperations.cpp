@@ -4,17 +4,14 @@
 #include "QuillaryCore/Assistant/Review/DocumentReview.h"
 #include "QuillaryCore/Assistant/Review/VATArea.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
-#include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/BusinessDefaults.h"
 #include "QuillaryCore/Model/Countries.h"
-#include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Model/NumberedKind.h"
 #include "QuillaryCore/Model/TaxLabel.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
-#include "QuillaryCore/Model/Validation.h"
 #include "QuillaryCore/Numbering/Numbering.h"
 #include "QuillaryCore/Numbering/NumberingError.h"
 
@@ -45,18 +42,10 @@ constexpr std::array textFields = {TextField<Business>{"name", &Business::name},
 
 void applyBank(Business& business, const Arguments& arguments)
 {
-    if (auto iban = arguments.line("iban", Limits::lineLength)) {
-        *iban = Validation::compactIBAN(*iban);
-        if (!iban->empty() && !Validation::isValidIBAN(*iban)) {
-            arguments.refuse("iban", "isn't a valid IBAN: its check digits or its length are wrong.");
-        }
+    if (auto iban = ibanArgument(arguments)) {
         business.iban = std::move(*iban);
     }
-    if (auto bic = arguments.line("bic", Limits::lineLength)) {
-        *bic = upperCasedASCII(replacing(*bic, " ", ""));
-        if (!bic->empty() && !Validation::isValidBIC(*bic)) {
-            arguments.refuse("bic", "isn't a valid BIC: it has 8 or 11 characters, such as COBADEFFXXX.");
-        }
+    if (auto bic = bicArgument(arguments)) {
         business.bic = std::move(*bic);
     }
 }
@@ -74,20 +63,11 @@ void applyTax(Business& business, const Arguments& arguments)
     }
 }
 
-/// True when the country's usual currency, tax and paper were taken over: as long as nothing has been billed, the
-/// country is the best guess at all of them.
+/// True when the country's usual currency, tax and paper were taken over.
 bool applyCountry(const AssistantEnvironment& environment, Business& business, const Arguments& arguments)
 {
     const std::optional<std::string> country = countryArgument(arguments);
-    if (!country || *country == business.countryCode) {
-        return false;
-    }
-    business.countryCode = *country;
-    if (country->empty() || environment.context.count<Document>("") > 0) {
-        return false;
-    }
-    moveToCountry(environment.context, business, *country);
-    return true;
+    return country && setCountry(environment.context, business, *country);
 }
 
 struct NextNumber

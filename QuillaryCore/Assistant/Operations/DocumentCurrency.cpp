@@ -14,6 +14,7 @@
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Money/Currencies.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Money/SameFigure.h"
 #include "QuillaryCore/Schedules/TimeBilling.h"
 
 #include <fmt/format.h>
@@ -26,19 +27,6 @@ namespace Quillary {
 namespace {
 
 constexpr std::size_t longestTitle = 60;
-
-/// The same figure in another currency: 90.00 EUR becomes 90 JPY. No value: the figure has more decimals than the
-/// currency, or does not fit.
-std::optional<std::int64_t> sameFigure(std::int64_t minorUnits, std::string_view from, std::string_view to)
-{
-    const Decimal figure = Money(minorUnits, from).decimalValue();
-    const int digits = Money::fractionDigits(to);
-    const std::optional<std::int64_t> scaled = figure.scaled(digits);
-    if (!scaled || Decimal::fromInteger(*scaled, digits) != figure) {
-        return std::nullopt;
-    }
-    return scaled;
-}
 
 /// The numbers of the lines that a call gives a price of their own.
 std::set<std::int64_t> pricedLines(const Arguments& arguments)

@@ -55,4 +55,28 @@ bool saysNone(std::string_view vatID)
     return lowerCasedASCII(trimmed(vatID)) == "none";
 }
 
+std::optional<std::string> ibanArgument(const Arguments& arguments)
+{
+    std::optional<std::string> iban = arguments.line("iban", Limits::lineLength);
+    if (iban) {
+        *iban = Validation::compactIBAN(*iban);
+        if (!iban->empty() && !Validation::isValidIBAN(*iban)) {
+            arguments.refuse("iban", "isn't a valid IBAN: its check digits or its length are wrong.");
+        }
+    }
+    return iban;
+}
+
+std::optional<std::string> bicArgument(const Arguments& arguments)
+{
+    std::optional<std::string> bic = arguments.line("bic", Limits::lineLength);
+    if (bic) {
+        *bic = upperCasedASCII(replacing(*bic, " ", ""));
+        if (!bic->empty() && !Validation::isValidBIC(*bic)) {
+            arguments.refuse("bic", "isn't a valid BIC: it has 8 or 11 characters, such as COBADEFFXXX.");
+        }
+    }
+    return bic;
+}
+
 } // namespace Quillary

@@ -34,6 +34,10 @@ struct TextField
 /// "none": there is no VAT ID, which is more than not knowing one.
 [[nodiscard]] bool saysNone(std::string_view vatID);
 
+/// A valid IBAN without spaces, and a valid BIC, both in upper case.
+[[nodiscard]] std::optional<std::string> ibanArgument(const Arguments& arguments);
+[[nodiscard]] std::optional<std::string> bicArgument(const Arguments& arguments);
+
 /// Fills every given text field. True when one was given.
 template <class Record>
 void applyTexts(Record& record,
