@@ -3,6 +3,7 @@
 #include "Quillary/AppEnvironment.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
+#include "QuillaryUI/Printing/LogoImage.h"
 #include "QuillaryUI/Printing/PagePrinter.h"
 #include "QuillaryUI/Printing/ProgramFolders.h"
 #include "QuillaryUI/Printing/QuietMessages.h"
@@ -118,6 +119,16 @@ Bytes PrintingHost::printAndWait(PageJob job)
 Bytes PrintingHost::pageImage(const Bytes& pdf, int pageIndex, int pixelWidth)
 {
     return printer().pageImage(pdf, pageIndex, pixelWidth);
+}
+
+Bytes PrintingHost::logo(const Bytes& file)
+{
+    if (m_application == nullptr) {
+        startApplication();
+    }
+    return LogoImage::toPNG(file, [this](const Bytes& svg, int pixelWidth, int pixelHeight) {
+        return printer().vectorImage(svg, pixelWidth, pixelHeight);
+    });
 }
 
 void PrintingHost::prepareEmail(MailDraft mail, std::string name, std::function<void(EmailOutcome)> reply)

@@ -31,6 +31,9 @@ public:
     /// Prints a page and waits for it. Throws: `UserError`.
     [[nodiscard]] Bytes printAndWait(PageJob job);
 
+    /// The logo to keep of a picture that a person chose: PNG. Throws: `UserError`.
+    [[nodiscard]] Bytes logo(const Bytes& file);
+
     /// Runs the engine's events until `isDone`; returns at once when it already is.
     void runUntil(const std::function<bool()>& isDone);
 

@@ -5,15 +5,18 @@
 #include "Quillary/Commands/AssistantsCommand.h"
 #include "Quillary/Commands/BackupCommand.h"
 #include "Quillary/Commands/CallCommand.h"
+#include "Quillary/Commands/DocumentCommand.h"
 #include "Quillary/Commands/EmailCommand.h"
 #include "Quillary/Commands/EmailTemplateCommand.h"
 #include "Quillary/Commands/ExampleCommand.h"
 #include "Quillary/Commands/ImportCommand.h"
 #include "Quillary/Commands/OverdueCommand.h"
+#include "Quillary/Commands/RecordCommand.h"
 #include "Quillary/Commands/RemindCommand.h"
 #include "Quillary/Commands/ReportCommand.h"
 #include "Quillary/Commands/SamplesCommand.h"
 #include "Quillary/Commands/ServeCommand.h"
+#include "Quillary/Commands/SettingsCommand.h"
 #include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
@@ -26,6 +29,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Quillary {
@@ -68,10 +72,15 @@ CommandList makeCommands(CLI::App& app)
 {
     CommandList commands;
     commands.push_back(std::make_unique<CallCommand>(app));
+        commands.push_back(std::move(command));
+    commands.push_back(std::make_unique<DocumentCommand>(app));
     commands.push_back(std::make_unique<EmailCommand>(app));
+    commands.push_back(std::make_unique<EmailTemplateCommand>(app));
     commands.push_back(std::make_unique<OverdueCommand>(app));
     commands.push_back(std::make_unique<RemindCommand>(app));
-    commands.push_back(std::make_unique<EmailTemplateCommand>(app));
+    commands.push_back(std::make_unique<SettingsCommand>(app));
+    for (auto& command : recordCommands(app)) {
+    }
     commands.push_back(std::make_unique<ExampleCommand>(app));
     commands.push_back(std::make_unique<ImportCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));
