@@ -4,6 +4,7 @@
 #include "QuillaryCore/Billing/DocumentLimits.h"
 #include "QuillaryCore/Documents/DocumentError.h"
 #include "QuillaryCore/Documents/DraftNumbers.h"
+#include "QuillaryCore/Foundation/NameBasedUUID.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Discount.h"
@@ -26,11 +27,17 @@ namespace {
 
 /// A new record with the source's contents, in its own row and under its own identifier.
 template <class Record>
-Record& inserted(Context& context, const Record& source, const Document& target)
+Record& inserted(Context& context,
+                 const Record& source,
+                 const Document& target,
+                 CopyRequest::Parts parts = CopyRequest::Parts::fresh)
 {
     Record& copy = context.insert<Record>();
     const Ref<Record> ref = copy.ref;
-    const std::optional<UUID> uuid = copy.uuid;
+    std::optional<UUID> uuid = copy.uuid;
+    if (parts == CopyRequest::Parts::named && target.uuid && source.uuid) {
+        uuid = nameBasedUUID(*target.uuid, source.uuid->text());
+    }
     copy = source;
     copy.ref = ref;
     copy.uuid = uuid;
@@ -131,17 +138,53 @@ bool isSettled(const Document& document)
            status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft;
 }
 
+LineItem& copiedLine(const Desk& desk,
+                     const UnitLibrary& units,
+                     const LineItem& source,
+                     const Document& target,
+                     CopyRequest::Parts parts)
+{
+    LineItem& copy = inserted(desk.context, source, target, parts);
+    copy.parent = {};
+    if (!copy.unit.empty()) {
+        setUnit(copy, copy.unit, units, language(target));
+    }
+    return copy;
+}
+
+void copyLines(
+    const Desk& desk, const Document& source, const Document& target, std::int32_t firstIndex, CopyRequest::Parts parts)
+{
+    Context& context = desk.context;
+    const UnitLibrary units(context, desk.business);
+    const bool settled = isSettled(source);
+    Ref<LineItem> parent;
+    std::int32_t index = firstIndex;
+    for (const LineItem* line : linesInOrder(context, source)) {
+        LineItem& copy = copiedLine(desk, units, *line, target, parts);
+        if (line->parent) {
+            copy.parent = parent;
+        } else {
+            copy.sortIndex = index++;
+            parent = copy.ref;
+        }
+        if (settled) {
+            keepLineAnswers(context, copy, target);
+        }
+    }
+}
+
 } // namespace
 
 Document& DocumentCopy::make(const Desk& desk, const Document& source, const CopyRequest& request)
 {
     Document& copy = begin(desk, source, request);
-    addLines(desk, source, copy);
+    copyLines(desk, source, copy, 0, request.parts);
     for (const Discount* discount : sortedDiscounts(desk.context, source)) {
-        addDiscount(desk, *discount, copy);
+        inserted(desk.context, *discount, copy, request.parts);
     }
     for (const Fee* fee : sortedFees(desk.context, source)) {
-        addFee(desk, *fee, copy);
+        inserted(desk.context, *fee, copy, request.parts);
     }
     finish(desk, copy);
     return copy;
@@ -177,12 +220,7 @@ Document& DocumentCopy::begin(const Desk& desk, const Document& source, const Co
 LineItem&
 DocumentCopy::addLine(const Desk& desk, const UnitLibrary& units, const LineItem& source, const Document& target)
 {
-    LineItem& copy = inserted(desk.context, source, target);
-    copy.parent = {};
-    if (!copy.unit.empty()) {
-        setUnit(copy, copy.unit, units, language(target));
-    }
-    return copy;
+    return copiedLine(desk, units, source, target, CopyRequest::Parts::fresh);
 }
 
 Discount& DocumentCopy::addDiscount(const Desk& desk, const Discount& source, const Document& target)
@@ -197,23 +235,7 @@ Fee& DocumentCopy::addFee(const Desk& desk, const Fee& source, const Document& t
 
 void DocumentCopy::addLines(const Desk& desk, const Document& source, const Document& target, std::int32_t firstIndex)
 {
-    Context& context = desk.context;
-    const UnitLibrary units(context, desk.business);
-    const bool settled = isSettled(source);
-    Ref<LineItem> parent;
-    std::int32_t index = firstIndex;
-    for (const LineItem* line : linesInOrder(context, source)) {
-        LineItem& copy = addLine(desk, units, *line, target);
-        if (line->parent) {
-            copy.parent = parent;
-        } else {
-            copy.sortIndex = index++;
-            parent = copy.ref;
-        }
-        if (settled) {
-            keepLineAnswers(context, copy, target);
-        }
-    }
+    copyLines(desk, source, target, firstIndex, CopyRequest::Parts::fresh);
 }
 
 void DocumentCopy::finish(const Desk& desk, const Document& draft)

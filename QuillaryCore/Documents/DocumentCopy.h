@@ -29,6 +29,10 @@ struct CopyRequest
         usual, ///< what the business writes on that kind of document
     };
     enum class Delivery { kept, dropped };
+    enum class Parts {
+        fresh, ///< lines, discounts and fees get identifiers of their own
+        named, ///< theirs follow from the draft's and the source's: whoever makes this draft makes the same
+    };
 
     DocumentKind kind = DocumentKind::invoice;
     Instant issueDate = {};                            ///< `Calendar::storedDay`
@@ -38,7 +42,8 @@ struct CopyRequest
     std::optional<std::int16_t> paymentTermsDays = {}; ///< no value: the source's
     Texts texts = Texts::kept;
     Delivery delivery = Delivery::dropped;
-    std::string madeBy = {}; ///< an assistant's name, or empty for the user
+    Parts parts = Parts::fresh; ///< for `make`
+    std::string madeBy = {};    ///< an assistant's name, or empty for the user
 };
 
 /// Making a draft from another document; docs/document-copies.md says what it takes over. Works in the caller's scope,
