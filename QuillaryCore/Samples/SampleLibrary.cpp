@@ -342,6 +342,10 @@ void Builder::addTemplate()
         "東京デザイン株式会社", "1-1-2 Oshiage, Sumida-ku", "131-0045", "Tokyo", "", "JP", ""};
     Document& monthly = addDocument("recurring", DocumentKind::recurring, "", addClient(tokyo, "K-1030"));
     monthly.nextIssueDate = daysFromToday(16);
+    monthly.recurrenceUnitRaw = 1; // month
+    monthly.recurrenceInterval = 1;
+    const CalendarDate next = m_calendar.date(*monthly.nextIssueDate);
+    monthly.recurrenceAnchorDay = static_cast<std::int16_t>(unsigned{next.day()});
     monthly.title = m_texts.supportTitle;
     addLine(monthly, m_texts.support.front(), {one, 24'000, "flatRate"});
     addLine(monthly, m_texts.hosting, {one, 1'490, "month"});
