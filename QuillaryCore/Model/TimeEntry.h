@@ -58,6 +58,8 @@ struct TimeEntry : Record<TimeEntry>
     {
         return std::array{Index{"TimeEntry_client", "client"},
                           Index{"TimeEntry_project", "project"},
+                          Index{"TimeEntry_start", "start"},
+                          Index{"TimeEntry_running", "start", "\"end\" IS NULL"},
                           Index{"TimeEntry_invoice", "invoiceID", "invoiceID IS NOT NULL"}};
     }
 

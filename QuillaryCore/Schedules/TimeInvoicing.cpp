@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <chrono>
 #include <source_location>
+#include <unordered_map>
 
 namespace Quillary {
 
@@ -50,13 +51,14 @@ std::vector<Group> grouped(const std::vector<const TimeEntry*>& entries, Groupin
             std::ranges::all_of(entries, [&](const TimeEntry* entry) { return entry->project == first; });
         return {{.project = isShared ? first.key() : 0, .entries = entries}};
     }
+    std::unordered_map<std::int64_t, std::size_t> places; // of the projects' groups
     for (const TimeEntry* entry : entries) {
         const std::int64_t project = entry->project.key();
-        const auto same = std::ranges::find(groups, project, &Group::project);
-        if (grouping == Grouping::eachEntry || same == groups.end()) {
+        const auto [place, isFirst] = places.try_emplace(project, groups.size());
+        if (grouping == Grouping::eachEntry || isFirst) {
             groups.push_back({.project = project, .entries = {entry}});
         } else {
-            same->entries.push_back(entry);
+            groups[place->second].entries.push_back(entry);
         }
     }
     return groups;

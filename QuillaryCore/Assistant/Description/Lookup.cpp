@@ -9,8 +9,10 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Search/CatalogSearch.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryCore/Search/ProjectSearch.h"
 
 #include <fmt/format.h>
 
@@ -134,6 +136,11 @@ std::string Lookup::reference(const CatalogItem& item)
     return fmt::format("{} [{}]", plainText(item.name), idText(item.uuid));
 }
 
+std::string Lookup::reference(const Project& project)
+{
+    return fmt::format("{} [{}]", plainText(project.name), idText(project.uuid));
+}
+
 const Document& Lookup::document(const AssistantEnvironment& environment, std::string_view idOrNumber)
 {
     Context& context = environment.context;
@@ -189,6 +196,24 @@ const Client& Lookup::client(const AssistantEnvironment& environment, std::strin
         return *only;
     }
     ask<Client>(context, hits, asked, "If not, create_client adds one.");
+}
+
+const Project& Lookup::project(Context& context, std::string_view idOrName)
+{
+    const std::string_view asked = trimmed(idOrName);
+    if (const Project* found = named<Project>(context, asked)) {
+        return *found;
+    }
+    const ProjectSearch search(context);
+    TextHits hits = search.projects(asked);
+    keepMeant(hits);
+    if (asked.empty() || hits.isEmpty()) {
+        throw AssistantError(fmt::format("There's no project {}.", Quillary::quoted(asked)));
+    }
+    if (const Project* only = onlyMeant<Project>(context, hits)) {
+        return *only;
+    }
+    ask<Project>(context, hits, asked, "If not, there's no such project yet.");
 }
 
 const CatalogItem& Lookup::catalogItem(Context& context, std::string_view idOrName)

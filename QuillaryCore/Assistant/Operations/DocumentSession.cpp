@@ -127,6 +127,11 @@ void DocumentSession::apply(const Arguments& arguments)
     }
     applyNumber(oldIssueDate, oldClient);
 
+    updateFigures();
+}
+
+void DocumentSession::updateFigures()
+{
     if (const std::optional<std::string> sentence = checkAggregates(m_environment.context, m_document)) {
         throw AssistantError(*sentence);
     }

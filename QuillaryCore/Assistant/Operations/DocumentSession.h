@@ -5,6 +5,7 @@
 #include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryCore/Model/DocumentTaxTreatment.h"
 #include "QuillaryCore/Schedules/TimeInvoicing.h"
+#include "QuillaryCore/Store/Ref.h"
 
 #include <cstdint>
 #include <optional>
@@ -17,6 +18,7 @@ namespace Quillary {
 struct Client;
 struct Document;
 struct LineItem;
+struct Project;
 struct TimeEntry;
 
 /// Fills one draft from a call's arguments, and everything else from the client's and the business's settings.
@@ -35,6 +37,19 @@ public:
 
     /// Applies all arguments, numbers the document and brings its figures up to date.
     void apply(const Arguments& arguments);
+
+    /// Which tracked time of the client goes on the document, and how.
+    struct Time
+    {
+        std::optional<Ref<Project>> project; ///< no value: of all; empty: of none
+        std::optional<Instant> from;         ///< entries that start then or later
+        std::optional<Instant> until;        ///< and before this
+        TimeInvoicing::Grouping grouping = TimeInvoicing::Grouping::byProject;
+        std::optional<std::int64_t> roundingMinutes; ///< no value: the business's
+    };
+
+    /// Adds lines for the client's unbilled time and brings the figures up to date. Returns how many entries they bill.
+    std::size_t addTime(const Time& time);
 
     [[nodiscard]] const Document& document() const { return m_document; }
 
@@ -70,7 +85,9 @@ private:
     [[nodiscard]] const Document& lastInvoice();
     void rememberLineAnswers(const LineItem& line, const Arguments& change);
     void addUnbilledTime();
-    void addTimeLine(const TimeInvoicing::Line& proposed, const std::vector<const TimeEntry*>& entries);
+    std::size_t addTimeLines(const Time& time);
+    void requireTimeCurrency(std::int64_t hourlyRate) const;
+    void updateFigures();
     void fillLine(LineItem& line, const Arguments& arguments);
     void setUnit(LineItem& line, const Arguments& arguments);
     void setTreatment(TaxTreatment treatment, const std::string& note);

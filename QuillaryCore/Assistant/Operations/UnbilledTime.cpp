@@ -5,6 +5,7 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Schedules/TimeBilling.h"
 #include "QuillaryCore/Schedules/TimeInvoicing.h"
 #include "QuillaryCore/Schedules/TimeMath.h"
 
@@ -56,12 +57,6 @@ std::int64_t UnbilledTime::value() const
     return sum;
 }
 
-std::int64_t hourlyRate(const Client* client, const Business& business)
-{
-    return client != nullptr && client->hourlyRateMinorUnits > 0 ? client->hourlyRateMinorUnits
-                                                                 : business.hourlyRateMinorUnits;
-}
-
 std::vector<UnbilledTime> unbilledTime(const AssistantEnvironment& environment, std::optional<Ref<Client>> client)
 {
     const Business& business = environment.ownBusiness();
@@ -85,7 +80,7 @@ std::vector<UnbilledTime> unbilledTime(const AssistantEnvironment& environment, 
         },
         client ? client->key() : std::int64_t{0});
     for (UnbilledTime& time : clients) {
-        time.hourlyRate = hourlyRate(environment.context.find(Ref<Client>(time.client)), business);
+        time.hourlyRate = TimeBilling::hourlyRate(environment.context.find(Ref<Client>(time.client)), business);
     }
     return clients;
 }

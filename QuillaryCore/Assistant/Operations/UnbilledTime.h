@@ -35,9 +35,6 @@ struct UnbilledTime
     [[nodiscard]] std::int64_t value(const UnbilledProject& project) const;
 };
 
-/// The client's own hourly rate, else the business's. Minor units of the business's currency; 0: there is none.
-[[nodiscard]] std::int64_t hourlyRate(const Client* client, const Business& business);
-
 /// By client, in the order in which their first entries begin. `client` narrows it to one.
 [[nodiscard]] std::vector<UnbilledTime> unbilledTime(const AssistantEnvironment& environment,
                                                      std::optional<Ref<Client>> client);
