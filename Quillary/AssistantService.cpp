@@ -4,6 +4,7 @@
 #include "Quillary/BuildInfo.h"
 #include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
+#include "Quillary/RecurringCatchUp.h"
 #include "QuillaryChannel/AssistantChannel.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
@@ -26,6 +27,7 @@ using std::chrono::milliseconds;
 /// How often a service looks whether it is idle before it takes itself for it.
 constexpr int idleLooks = 4;
 constexpr milliseconds betweenBackups{60 * 60 * 1000};
+constexpr milliseconds betweenLooksAtTheDay{60 * 1000};
 
 } // namespace
 
@@ -51,6 +53,7 @@ AssistantService::AssistantService(Options options,
 {
     QObject::connect(&m_idle, &QTimer::timeout, &m_idle, [this] { endWhenIdle(); });
     QObject::connect(&m_backups, &QTimer::timeout, &m_backups, [this] { backUpIfDue(); });
+    QObject::connect(&m_days, &QTimer::timeout, &m_days, [this] { guarded([this] { catchUpIfDue(); }); });
 }
 
 AssistantService::~AssistantService() = default;
@@ -74,6 +77,7 @@ void AssistantService::start()
         listen();
     }
     backUpIfDue();
+    catchUpIfDue();
 }
 
 /// Whatever fails before the word that ends the other one leaves that one serving.
@@ -98,6 +102,20 @@ void AssistantService::backUpIfDue()
     }
 }
 
+/// Not in the middle of a call. What one run leaves follows at the next look.
+void AssistantService::catchUpIfDue()
+{
+    const Instant now = m_environment.clock().now();
+    const Calendar& calendar = m_environment.calendar();
+    if (!m_options.makesRecurring || m_library == nullptr || m_library->context().scopeDepth() > 0 ||
+        !m_recurring.isDue(now, calendar)) {
+        return;
+    }
+    if (RecurringCatchUp::run(m_library->context(), now, calendar)) {
+        m_recurring.didRun(now, calendar);
+    }
+}
+
 void AssistantService::listen()
 {
     m_control =
@@ -105,6 +123,7 @@ void AssistantService::listen()
             guarded([&] { didAsk(request, std::move(asker)); });
         });
     m_backups.start(betweenBackups);
+    m_days.start(betweenLooksAtTheDay);
     if (m_options.isBackground) {
         m_idle.start(m_options.idleTime / idleLooks);
     }
@@ -150,6 +169,7 @@ void AssistantService::end(int status)
     m_hasEnded = true;
     m_idle.stop();
     m_backups.stop();
+    m_days.stop();
     m_end(status);
 }
 
@@ -239,6 +259,7 @@ void AssistantService::goOn()
     m_server->adopt(std::move(contents.assistants));
     m_loan.reset();
     backUpIfDue();
+    catchUpIfDue();
     if (!m_requests.empty()) {
         serveNext();
     }

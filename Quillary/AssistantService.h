@@ -10,6 +10,7 @@
 #include "QuillaryCore/Assistant/Access/AppLock.h"
 #include "QuillaryCore/Assistant/Access/AssistantGate.h"
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
+#include "QuillaryCore/Schedules/DailyRun.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
 #include <QSocketNotifier>
@@ -27,7 +28,8 @@ namespace Quillary {
 class AppEnvironment;
 class PrintingHost;
 
-/// Serves one library to assistant apps, and lends it to the user's own commands between their calls.
+/// Serves one library to assistant apps, and lends it to the user's own commands between their calls. Makes the recurring
+/// invoices that are due when it starts and after each midnight.
 ///
 /// Belongs to the main thread and needs its event loop. Whoever holds a library offers three things over its control
 /// socket: to lend it ("lend"), which a command asks for; to hand everything over ("hand over"), which a Quillary asks
@@ -46,6 +48,7 @@ public:
         /// A background service ends after this long without a connection.
         std::chrono::milliseconds idleTime = std::chrono::minutes(5);
         ApprovalAsker* asker = nullptr; ///< null: nobody can be asked
+        bool makesRecurring = true;     ///< makes the recurring invoices that are due
     };
 
     /// `end` is called when there is nothing more to serve, with the program's exit status.
@@ -71,6 +74,7 @@ private:
     void openLibrary(LibraryClaim claim);
     void listen();
     void backUpIfDue();
+    void catchUpIfDue();
     void end(int status);
     void guarded(const std::function<void()>& work);
     [[nodiscard]] std::unique_ptr<MCPSession> makeSession();
@@ -111,6 +115,8 @@ private:
     QTimer m_idle;
     int m_idleLooks = 0; ///< in a row, without a connection
     QTimer m_backups;
+    QTimer m_days; ///< looks for the next one
+    DailyRun m_recurring;
 };
 
 } // namespace Quillary

@@ -12,6 +12,7 @@
 #include "Quillary/Commands/ImportCommand.h"
 #include "Quillary/Commands/OverdueCommand.h"
 #include "Quillary/Commands/RecordCommand.h"
+#include "Quillary/Commands/RecurringCommand.h"
 #include "Quillary/Commands/RemindCommand.h"
 #include "Quillary/Commands/ReportCommand.h"
 #include "Quillary/Commands/SamplesCommand.h"
@@ -83,6 +84,7 @@ CommandList makeCommands(CLI::App& app)
     }
     commands.push_back(std::make_unique<ExampleCommand>(app));
     commands.push_back(std::make_unique<ImportCommand>(app));
+    commands.push_back(std::make_unique<RecurringCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));
     commands.push_back(std::make_unique<BackupCommand>(app));
     commands.push_back(std::make_unique<AssistantsCommand>(app));

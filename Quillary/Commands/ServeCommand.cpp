@@ -150,7 +150,8 @@ int ServeCommand::serveSamples(AppEnvironment& environment) const
                   .socket = assistantSocket(),
                   .settings = file,
                   .log = folder.path() / ActivityLog::fileName,
-                  .asker = &asker},
+                  .asker = &asker,
+                  .makesRecurring = false}, // the samples stay as they are
                  environment);
 }
 

@@ -1,0 +1,51 @@
+#include "Quillary/RecurringCatchUp.h"
+
+#include "Quillary/ErrorOutput.h"
+#include "QuillaryCore/Assistant/Access/ShownText.h"
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Schedules/RecurringInvoices.h"
+#include "QuillaryCore/Store/Context.h"
+
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <string_view>
+
+namespace Quillary {
+
+namespace {
+
+constexpr std::size_t longestSentence = 1000; ///< Unit: characters
+
+void tell(std::string_view sentence)
+{
+    ErrorOutput::writeLine(ShownText::line(sentence, longestSentence));
+}
+
+} // namespace
+
+bool RecurringCatchUp::run(Context& context, Instant now, const Calendar& calendar)
+{
+    try {
+        const RecurringInvoices::Run run =
+            RecurringInvoices::catchUp(context, now, RecurringInvoices::mostPerRun, calendar);
+        for (const Document* invoice : run.made) {
+            const Client* client = context.find(invoice->client);
+            tell(fmt::format("Made the recurring invoice {} for {}.",
+                             invoice->number,
+                             client == nullptr ? "nobody" : displayName(*client)));
+        }
+        for (const RecurringError& failure : run.failures) {
+            tell(failure.message());
+        }
+        return run.isComplete;
+    } catch (const UserError& error) {
+        tell(fmt::format("The recurring invoices were not made: {}", error.message()));
+        return true;
+    }
+}
+
+} // namespace Quillary
