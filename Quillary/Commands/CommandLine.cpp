@@ -18,6 +18,7 @@
 #include "Quillary/Commands/SamplesCommand.h"
 #include "Quillary/Commands/ServeCommand.h"
 #include "Quillary/Commands/SettingsCommand.h"
+#include "Quillary/Commands/TimeCommand.h"
 #include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
@@ -85,6 +86,7 @@ CommandList makeCommands(CLI::App& app)
     commands.push_back(std::make_unique<ExampleCommand>(app));
     commands.push_back(std::make_unique<ImportCommand>(app));
     commands.push_back(std::make_unique<RecurringCommand>(app));
+    commands.push_back(std::make_unique<TimeCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));
     commands.push_back(std::make_unique<BackupCommand>(app));
     commands.push_back(std::make_unique<AssistantsCommand>(app));
