@@ -99,6 +99,11 @@ void TextSearch::findSimilar()
         return;
     }
     SimilarText similar(m_query);
+    const auto compare = [&](std::size_t slot) {
+        if (const auto likeness = similar.likenessTo(m_block.ownTextOf(slot), m_block.textOf(slot))) {
+            m_hits.note(slot, TextRank::similar, likeness->isOwn, likeness->slips);
+        }
+    };
     std::vector<bool> compared(m_block.slotCount());
     std::size_t count = 0;
     for (const std::string& probe : TypingSlips::probes(longest, forgiven)) {
@@ -106,9 +111,7 @@ void TextSearch::findSimilar()
             if (!compared[slot]) {
                 compared[slot] = true;
                 ++count;
-                if (const auto likeness = similar.likenessTo(m_block.ownTextOf(slot), m_block.textOf(slot))) {
-                    m_hits.note(slot, TextRank::similar, likeness->isOwn, likeness->slips);
-                }
+                compare(slot);
             }
             return count < mostCompared ? Then::nextRecord : Then::stop;
         });
