@@ -73,7 +73,7 @@ struct Library
     ToolResult call(std::string_view tool, const std::string& arguments)
     {
         ToolResult result;
-        actions.call(tool, *JSON::parse(arguments), [&](ToolResult answer) { result = std::move(answer); });
+        actions.call(tool, JSON::parse(arguments).value(), [&](ToolResult answer) { result = std::move(answer); });
         return result;
     }
 

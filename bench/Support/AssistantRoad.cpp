@@ -129,14 +129,14 @@ std::string newPath()
 AssistantServerProcess::AssistantServerProcess(const Serve& serve)
     : m_path(newPath())
 {
-    const auto [ready, tell] = makePipe();
-    m_process = child([&] { serve(m_path, [tell = tell] { writeAll(tell, "."); }); });
-    close(tell);
+    const Pipe ready = makePipe();
+    m_process = child([&] { serve(m_path, [&ready] { writeAll(ready[1], "."); }); });
+    close(ready[1]);
     char told = 0;
-    if (read(ready, &told, 1) != 1) {
+    if (read(ready[0], &told, 1) != 1) {
         failed("server");
     }
-    close(ready);
+    close(ready[0]);
 }
 
 AssistantServerProcess::~AssistantServerProcess()

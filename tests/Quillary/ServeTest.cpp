@@ -21,6 +21,7 @@
 #include <string>
 #include <string_view>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 #include <vector>
 
@@ -78,9 +79,9 @@ TEST(ServeTest, keepsToWhatTheUserAllows)
     EXPECT_THAT(stranger.call("find_clients", "{}"), HasSubstr("The user didn't allow Goose to use Quillary."));
     EXPECT_THAT(home.run("assistants").output, HasSubstr("Goose"));
     // The user's word counts for the next call, without a restart.
-    home.run("assistants allow goose");
+    std::ignore = home.run("assistants allow goose");
     EXPECT_THAT(stranger.call("create_client", R"({"name":"Gans"})"), HasSubstr("Added the client Gans"));
-    home.run("assistants off");
+    std::ignore = home.run("assistants off");
     EXPECT_EQ(known.call("find_clients", "{}"),
               "AI assistants are turned off in Quillary. The user can turn them on in Quillary › Settings › AI.");
     EXPECT_THAT(home.run("call find_clients").output, HasSubstr("Gans")) << "the user's own commands know no gate";

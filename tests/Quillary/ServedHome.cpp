@@ -4,14 +4,15 @@
 
 #include <optional>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 
 namespace Quillary {
 
 Home::Home(const std::string& access)
 {
-    run("assistants on --access " + access);
-    run("assistants allow Claude");
+    std::ignore = run("assistants on --access " + access);
+    std::ignore = run("assistants allow Claude");
 }
 
 std::vector<std::string> Home::environment() const

@@ -23,7 +23,7 @@ class Home
 public:
     explicit Home(const std::string& access = "everything");
 
-    Answer run(const std::string& arguments) const { return quillary(folder, arguments); }
+    [[nodiscard]] Answer run(const std::string& arguments) const { return quillary(folder, arguments); }
 
     [[nodiscard]] std::vector<std::string> environment() const;
     [[nodiscard]] std::filesystem::path socket() const { return folder / "assistants.socket"; }

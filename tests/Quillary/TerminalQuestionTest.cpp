@@ -35,6 +35,7 @@ public:
         m_id = forkpty(&m_terminal, nullptr, nullptr, nullptr);
         if (m_id == 0) {
             std::vector<char*> settings;
+            settings.reserve(environment.size() + 1);
             for (std::string& setting : environment) {
                 settings.push_back(setting.data());
             }
