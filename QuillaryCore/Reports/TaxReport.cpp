@@ -8,6 +8,7 @@
 #include "QuillaryCore/Store/Context.h"
 
 #include <algorithm>
+#include <deque>
 #include <functional>
 #include <map>
 #include <tuple>
@@ -208,7 +209,7 @@ private:
     Context& m_context;
     DateRange m_range;
     std::string_view m_currencyCode;
-    std::vector<Candidate> m_candidates;
+    std::deque<Candidate> m_candidates; ///< many and large: they stay where they were made
     std::map<std::optional<std::int32_t>, TaxReport::Row, std::greater<>> m_rows; ///< no rate comes last
 };
 
