@@ -73,21 +73,21 @@ using CommandList = std::vector<std::unique_ptr<Command>>;
 CommandList makeCommands(CLI::App& app)
 {
     CommandList commands;
-    commands.push_back(std::make_unique<CallCommand>(app));
-        commands.push_back(std::move(command));
     commands.push_back(std::make_unique<DocumentCommand>(app));
     commands.push_back(std::make_unique<EmailCommand>(app));
-    commands.push_back(std::make_unique<EmailTemplateCommand>(app));
-    commands.push_back(std::make_unique<OverdueCommand>(app));
     commands.push_back(std::make_unique<RemindCommand>(app));
-    commands.push_back(std::make_unique<SettingsCommand>(app));
-    for (auto& command : recordCommands(app)) {
-    }
-    commands.push_back(std::make_unique<ExampleCommand>(app));
-    commands.push_back(std::make_unique<ImportCommand>(app));
+    commands.push_back(std::make_unique<OverdueCommand>(app));
+    commands.push_back(std::make_unique<EmailTemplateCommand>(app));
     commands.push_back(std::make_unique<RecurringCommand>(app));
     commands.push_back(std::make_unique<TimeCommand>(app));
     commands.push_back(std::make_unique<ReportCommand>(app));
+    commands.push_back(std::make_unique<ImportCommand>(app));
+    commands.push_back(std::make_unique<SettingsCommand>(app));
+    for (auto& command : recordCommands(app)) {
+        commands.push_back(std::move(command));
+    }
+    commands.push_back(std::make_unique<CallCommand>(app));
+    commands.push_back(std::make_unique<ExampleCommand>(app));
     commands.push_back(std::make_unique<BackupCommand>(app));
     commands.push_back(std::make_unique<AssistantsCommand>(app));
     commands.push_back(std::make_unique<SamplesCommand>(app));

@@ -119,7 +119,7 @@ StatusAction typedAction(const std::string& typed)
         }
         words += fmt::format("{}{}", words.empty() ? "" : ", ", entry.word);
     }
-    throw UserError(fmt::format("{} is no status to set; there are {}.", Quillary::quoted(typed), words));
+    throw UserError(fmt::format("{} is no status to set; there are {}.", inQuotes(typed), words));
 }
 
 const Payment& typedPayment(CommandSession& session, const Document& document, const std::string& typed)
@@ -152,7 +152,7 @@ PaymentMethod typedMethod(const std::string& typed)
         }
         words += fmt::format("{}{}", words.empty() ? "" : ", ", rawText(method));
     }
-    throw UserError(fmt::format("There is no way to pay {}; there are {}.", Quillary::quoted(typed), words));
+    throw UserError(fmt::format("There is no way to pay {}; there are {}.", inQuotes(typed), words));
 }
 
 CommandAnswer takeBack(CommandSession& session, const Document& document, const std::string& typed)

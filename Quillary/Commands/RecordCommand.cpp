@@ -75,11 +75,11 @@ RecordCommand<Record>::RecordCommand(CLI::App& app,
 {
     m_app->require_subcommand(1);
     CommandSession::addOutput(*m_app, m_output);
-    for (CLI::App* command : {m_list, m_add, m_edit, m_delete}) {
-        command->fallthrough();
+    for (CLI::App* each : {m_list, m_add, m_edit, m_delete}) {
+        each->fallthrough();
     }
-    for (CLI::App* command : {m_edit, m_delete}) {
-        command->add_option("record", m_name, "Its name, a part of it, or its id.")->required();
+    for (CLI::App* each : {m_edit, m_delete}) {
+        each->add_option("record", m_name, "Its name, a part of it, or its id.")->required();
     }
     addFields(*m_add);
     addFields(*m_edit);

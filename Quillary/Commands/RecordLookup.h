@@ -46,14 +46,14 @@ find(Context& context, std::string_view asked, std::string_view word, std::strin
     }
     if (fitting.empty()) {
         throw UserError(
-            fmt::format("There's no {} {}. `quillary {} list` lists them.", word, Quillary::quoted(asked), command));
+            fmt::format("There's no {} {}. `quillary {} list` lists them.", word, inQuotes(asked), command));
     }
     std::string list;
     for (const Record* record : fitting) {
         list +=
             fmt::format("{}{} [{}]", list.empty() ? "" : "; ", plainText(name(*record)), Lookup::idText(record->uuid));
     }
-    throw UserError(fmt::format("{} fits several. Which one? {}.", Quillary::quoted(asked), list));
+    throw UserError(fmt::format("{} fits several. Which one? {}.", inQuotes(asked), list));
 }
 
 } // namespace RecordLookup

@@ -69,7 +69,7 @@ void CreditSelection::addHeadings()
 std::string CreditSelection::lineName(std::size_t index) const
 {
     const std::string& title = m_left.lines[index].line->title;
-    return fmt::format("line {}{}", index + 1, title.empty() ? "" : " (" + Quillary::quoted(title) + ")");
+    return fmt::format("line {}{}", index + 1, title.empty() ? "" : " (" + inQuotes(title) + ")");
 }
 
 void CreditSelection::refuseEmpty(std::size_t index) const

@@ -243,8 +243,7 @@ void DocumentActions::setTags(const Desk& desk, const Document& document, std::s
 void DocumentActions::setProject(const Desk& desk, const Document& document, const Project* project)
 {
     if (project != nullptr && project->isArchived) {
-        throw DocumentError(Reason::wrongStatus,
-                            fmt::format("The project {} is archived.", Quillary::quoted(project->name)));
+        throw DocumentError(Reason::wrongStatus, fmt::format("The project {} is archived.", inQuotes(project->name)));
     }
     auto scope = desk.context.beginScope("Project");
     desk.context.edit(document).project = project == nullptr ? Ref<Project>() : project->ref;

@@ -84,7 +84,7 @@ std::string plainText(std::string_view text, std::size_t limit)
     return fmt::format("{}{}", shown, isHuge || shown.size() < whole.size() ? "…" : "");
 }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     return fmt::format("“{}”", plainText(text, longestQuote));
 }

@@ -16,6 +16,6 @@ namespace Quillary {
 [[nodiscard]] std::string plainText(std::string_view text, std::size_t limit);
 
 /// What somebody typed, or a title, quoted in a sentence: “text”, at most 60 characters of it.
-[[nodiscard]] std::string quoted(std::string_view text);
+[[nodiscard]] std::string inQuotes(std::string_view text);
 
 } // namespace Quillary

@@ -17,8 +17,8 @@ struct TimeCommandTest : testing::Test
 {
     TimeCommandTest()
     {
-        run("call update_business_profile --name Hof --country DE --vat-id DE136695976");
-        run("call create_client --name Acme --hourly-rate 80");
+        EXPECT_EQ(run("call update_business_profile --name Hof --country DE --vat-id DE136695976").status, 0);
+        EXPECT_EQ(run("call create_client --name Acme --hourly-rate 80").status, 0);
     }
 
     [[nodiscard]] Answer run(const std::string& arguments) const
@@ -47,8 +47,8 @@ TEST_F(TimeCommandTest, anHourTrackedInTheShellBecomesALine)
     EXPECT_THAT(overlapping.output, HasSubstr("Counts some of the same time: 2026-03-03 10:07–11:37"));
     EXPECT_EQ(overlapping.status, 0);
 
-    const Answer billed =
-        run("time invoice --client acme --until 2026-03-31 --grouping oneline --rounding 15 --output json");
+    const Answer billed = EXPECT_EQ(
+        run("time invoice --client acme --until 2026-03-31 --grouping oneline --rounding 15 --output json").status, 0);
     EXPECT_EQ(billed.status, 0) << billed.output;
     EXPECT_THAT(billed.output, HasSubstr("\"entries\": 2"));
     const std::string shown = run("call get_document --document \"$(date +INV-%Y-001)\"").output;
@@ -61,13 +61,13 @@ TEST_F(TimeCommandTest, anHourTrackedInTheShellBecomesALine)
 
     EXPECT_EQ(run("time edit last --note x").output,
               "This time is on an invoice. Remove its line there first; an invoice that was sent keeps it.\n");
-    run("call update_document --document \"$(date +INV-%Y-001)\" --remove-lines 1");
+    EXPECT_EQ(run("call update_document --document \"$(date +INV-%Y-001)\" --remove-lines 1").status, 0);
     EXPECT_THAT(run("time list --unbilled").output, HasSubstr("2:37"));
 }
 
 TEST_F(TimeCommandTest, changesWhatIsNotBilled)
 {
-    run("time add 9:00-10:00 Menu --client acme --date 2026-03-03");
+    EXPECT_EQ(run("time add 9:00-10:00 Menu --client acme --date 2026-03-03").status, 0);
     EXPECT_THAT(run("time edit last --time 2h").output, HasSubstr("2026-03-03 9:00–11:00, 2:00 h"));
     EXPECT_THAT(run("time edit last --date 2026-03-29").output, HasSubstr("2026-03-29 9:00–11:00"));
     EXPECT_THAT(run("time edit last --time 1:30-3:30").output, HasSubstr("1:30–3:30, 1:00 h")); // clocks change

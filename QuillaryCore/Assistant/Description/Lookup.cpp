@@ -208,7 +208,7 @@ const Project& Lookup::project(Context& context, std::string_view idOrName)
     TextHits hits = search.projects(asked);
     keepMeant(hits);
     if (asked.empty() || hits.isEmpty()) {
-        throw AssistantError(fmt::format("There's no project {}.", Quillary::quoted(asked)));
+        throw AssistantError(fmt::format("There's no project {}.", inQuotes(asked)));
     }
     if (const Project* only = onlyMeant<Project>(context, hits)) {
         return *only;

@@ -173,7 +173,7 @@ std::string BusinessSettings::nameOf(std::string_view typed)
         }
     });
     if (found.empty()) {
-        throw AssistantError(fmt::format("There is no setting {}.", Quillary::quoted(typed)));
+        throw AssistantError(fmt::format("There is no setting {}.", inQuotes(typed)));
     }
     return found;
 }

@@ -312,7 +312,7 @@ void applyFields(const Environment& environment, const Arguments& arguments, Rec
     }
     for (const Record* other : environment.context.fetch<Record>("")) {
         if (other->ref != record.ref && folded(first.text(environment, *other)) == folded(name)) {
-            arguments.refuse(first.name, fmt::format("{} is there already.", Quillary::quoted(name)));
+            arguments.refuse(first.name, fmt::format("{} is there already.", inQuotes(name)));
         }
     }
 }

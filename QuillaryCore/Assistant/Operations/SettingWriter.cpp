@@ -301,7 +301,7 @@ void SettingWriter::writeHiddenUnits() const
         const std::optional<std::string> code =
             Units::builtIn(word) != nullptr ? std::optional(std::string(word)) : Units::named(word);
         if (!code) {
-            m_arguments.refuse(m_name, fmt::format("names {}, which is no unit of ours.", Quillary::quoted(word)));
+            m_arguments.refuse(m_name, fmt::format("names {}, which is no unit of ours.", inQuotes(word)));
         }
         codes.push_back(*code);
     }
