@@ -23,6 +23,14 @@ namespace {
 
 constexpr const char* timeHelp = "From when to when (9:00-10:30), or how long (1:30, 90m, 1.5h).";
 
+/// An empty text is a value too, which optional values of the parser's own are not.
+CLI::Option*
+addText(CLI::App* command, const char* name, std::optional<std::string>& value, const std::string& description)
+{
+    return command->add_option_function<std::string>(
+        name, [&value](const std::string& text) { value = text; }, description);
+}
+
 std::string joined(const std::vector<std::string>& words)
 {
     return fmt::format("{}", fmt::join(words, " "));
@@ -50,26 +58,26 @@ CLI::App* TimeCommand::add(const char* name, const char* description, Action act
 
 void TimeCommand::addWork(CLI::App* command)
 {
-    command->add_option("--client", m_client, "Whose work it is: a name or an id; empty for nobody's.");
-    command->add_option("--project", m_project, "The project: a name or an id; empty for none.");
+    addText(command, "--client", m_client, "Whose work it is: a name or an id; empty for nobody's.");
+    addText(command, "--project", m_project, "The project: a name or an id; empty for none.");
     command->add_option("--billable", m_isBillable, "Whether it will be billed (true or false).");
 }
 
 void TimeCommand::addFilter(CLI::App* command)
 {
-    command->add_option("--project", m_project, "Only of this project; empty for time of none.");
-    command->add_option("--from", m_from, "Only from this day on: 2026-03-31, today or yesterday.");
-    command->add_option("--until", m_until, "Only up to this day.");
+    addText(command, "--project", m_project, "Only of this project; empty for time of none.");
+    addText(command, "--from", m_from, "Only from this day on: 2026-03-31, today or yesterday.");
+    addText(command, "--until", m_until, "Only up to this day.");
 }
 
 void TimeCommand::addTimer()
 {
     CLI::App* start = add("start", "Starts the timer; one that runs is stopped.", &TimeCommand::start);
-    start->add_option("note", m_note, "What it is about.");
+    addText(start, "note", m_note, "What it is about.");
     addWork(start);
     CLI::App* stop = add("stop", "Stops the timer.", &TimeCommand::stop);
     for (CLI::App* command : {start, stop}) {
-        command->add_option("--at", m_at, "When it was, today, such as 9:15; now by default.");
+        addText(command, "--at", m_at, "When it was, today, such as 9:15; now by default.");
     }
     add("status", "Shows the timer and the hours of today.", &TimeCommand::status);
 }
@@ -77,20 +85,20 @@ void TimeCommand::addTimer()
 void TimeCommand::addEntries()
 {
     CLI::App* record = add("add", "Records time that has passed.", &TimeCommand::record);
-    record->add_option("time", m_time, timeHelp)->required();
-    record->add_option("note", m_note, "What it was about.");
+    addText(record, "time", m_time, timeHelp)->required();
+    addText(record, "note", m_note, "What it was about.");
     addWork(record);
     CLI::App* list = add("list", "Lists the entries, the oldest first.", &TimeCommand::list);
-    list->add_option("--client", m_client, "Only of this client; empty for time of none.");
+    addText(list, "--client", m_client, "Only of this client; empty for time of none.");
     addFilter(list);
     list->add_flag("--unbilled", m_isUnbilled, "Only what can still be billed.");
     CLI::App* edit = add("edit", "Changes an entry that is on no invoice.", &TimeCommand::edit);
     edit->add_option("entry", m_entries, "Its id as the list shows it, or last.")->required()->expected(1);
-    edit->add_option("--time", m_time, timeHelp);
-    edit->add_option("--note", m_note, "What it was about.");
+    addText(edit, "--time", m_time, timeHelp);
+    addText(edit, "--note", m_note, "What it was about.");
     addWork(edit);
     for (CLI::App* command : {record, edit}) {
-        command->add_option("--date", m_date, "The day: 2026-03-31, today or yesterday.");
+        addText(command, "--date", m_date, "The day: 2026-03-31, today or yesterday.");
     }
     add("delete", "Deletes entries that are on no invoice.", &TimeCommand::erase)
         ->add_option("entries", m_entries, "Their ids as the list shows them, or last.")
@@ -101,14 +109,14 @@ void TimeCommand::addInvoice()
 {
     CLI::App* invoice =
         add("invoice", "Bills a client's time on a new draft, or on one there is.", &TimeCommand::invoice);
-    invoice->add_option("--client", m_client, "Whose time: a name or an id.");
+    addText(invoice, "--client", m_client, "Whose time: a name or an id.");
     addFilter(invoice);
-    invoice->add_option("--document", m_document, "The draft to add to: its number or id.");
+    addText(invoice, "--document", m_document, "The draft to add to: its number or id.");
     std::vector<std::string> groupings;
     for (const TimeInvoicing::Grouping grouping : TimeInvoicing::allGroupings) {
         groupings.emplace_back(TimeInvoicing::rawText(grouping));
     }
-    invoice->add_option("--grouping", m_grouping, "The lines: for each entry, for each project, or one for all.")
+    addText(invoice, "--grouping", m_grouping, "The lines: for each entry, for each project, or one for all.")
         ->check(CLI::IsMember(groupings, CLI::ignore_case));
     invoice->add_option("--rounding", m_rounding, "Rounds each entry up to so many minutes; the business's by default.")
         ->check(CLI::IsMember(TimeMath::roundingChoices));
