@@ -83,7 +83,7 @@ std::size_t DocumentSession::addTimeLines(const Time& time)
                                      .hourlyRate = rate,
                                      .roundingMinutes = time.roundingMinutes.value_or(business().timeRoundingMinutes),
                                      .language = language(m_document)};
-    const Locale locale = printLocale(terms.language, business().countryCode);
+    const Locale& locale = printLocale(terms.language, business().countryCode);
     const std::vector<TimeInvoicing::Line> lines =
         TimeInvoicing::lines(context, entries, terms, m_environment.clock.now(), m_environment.calendar, locale);
     requireSaneHours(lines);
