@@ -162,7 +162,7 @@ std::string EmailTemplateCommand::list(OpenLibrary& open) const
     constexpr std::size_t widestSubject = 60;
     std::vector<DocumentLanguage> languages(allDocumentLanguages.begin(), allDocumentLanguages.end());
     if (!m_language.empty()) {
-        languages = {typedLanguage(m_language)};
+        languages.assign(1, typedLanguage(m_language));
     }
     TextTable table({{.heading = "Kind"},
                      {.heading = "Language"},

@@ -47,8 +47,8 @@ TEST_F(TimeCommandTest, anHourTrackedInTheShellBecomesALine)
     EXPECT_THAT(overlapping.output, HasSubstr("Counts some of the same time: 2026-03-03 10:07–11:37"));
     EXPECT_EQ(overlapping.status, 0);
 
-    const Answer billed = EXPECT_EQ(
-        run("time invoice --client acme --until 2026-03-31 --grouping oneline --rounding 15 --output json").status, 0);
+    const Answer billed =
+        run("time invoice --client acme --until 2026-03-31 --grouping oneline --rounding 15 --output json");
     EXPECT_EQ(billed.status, 0) << billed.output;
     EXPECT_THAT(billed.output, HasSubstr("\"entries\": 2"));
     const std::string shown = run("call get_document --document \"$(date +INV-%Y-001)\"").output;
