@@ -75,6 +75,24 @@ const Reminder& requiredReminder(const AssistantEnvironment& desk, const Documen
     return *last;
 }
 
+void record(Context& context, const Document& document, const ReminderNotice& reminder)
+{
+    const ReminderDetails& details = reminder.details;
+    addReminder(context, document, details.level, details.feeMinorUnits, reminder.date, details.payBy);
+}
+
+/// The invoice as it is once the reminder is recorded: with its fee, and the day that it asks to pay by.
+PageJob invoicePage(const AssistantEnvironment& desk, const Document& document, const ReminderNotice& reminder)
+{
+    auto scope = desk.context.beginScope("Look ahead"); // taken back at once: nothing is recorded before the letter
+    if (!reminder.isRecorded) {
+        record(desk.context, document, reminder);
+    }
+    PageJob job = pageJob(desk.context, document, desk.ownBusiness(), desk.calendar);
+    scope.rollback();
+    return job;
+}
+
 } // namespace
 
 RemindCommand::RemindCommand(CLI::App& app)
@@ -186,7 +204,7 @@ void RemindCommand::write(LetterReport& report,
             host.printAndWait(pageJob(ReminderLetter::printed(context, document, business, reminder, desk.calendar)));
         if (m_withInvoice) {
             mail.draft.attachments.push_back({pdfFileName(context, document, business, desk.calendar) + ".pdf",
-                                              host.printAndWait(pageJob(context, document, business, desk.calendar))});
+                                              host.printAndWait(invoicePage(desk, document, reminder))});
         }
         if (!m_pdfFolder.empty()) {
             report.tellFile("letter", "Letter", files.save(m_pdfFolder, name, "pdf", letter));
@@ -198,12 +216,7 @@ void RemindCommand::write(LetterReport& report,
     }
     if (!reminder.isRecorded) {
         auto scope = context.beginScope(fmt::format("Record {}", title(reminder.details.level)));
-        addReminder(context,
-                    document,
-                    reminder.details.level,
-                    reminder.details.feeMinorUnits,
-                    reminder.date,
-                    reminder.details.payBy);
+        record(context, document, reminder);
         scope.commit();
     }
     files.keep();
