@@ -131,7 +131,7 @@ TEST_F(DocumentCommandTest, keepsSettingsAndShortLists)
     EXPECT_TRUE(catalog.starts_with("Name    Currency  Price  Unit  Tax rate  Details\n")) << catalog;
     EXPECT_TRUE(catalog.ends_with("\nApples  EUR       2.50         7\n")) << catalog;
     run("catalog edit apple --price 3");
-    run("tax-rate add --name Reduced --rate 5.5");
+    run("tax-rate add --name Books --rate 5.5");
     run("unit add --singular crate --plural crates");
     EXPECT_EQ(refusal("project add"), "“name” is missing.\n");
     EXPECT_EQ(refusal("unit delete 'box'"), "There's no unit “box”. `quillary unit list` lists them.\n");
