@@ -65,12 +65,13 @@ void AssistantService::claim()
 
 void AssistantService::start()
 {
-    if (m_right.taken) {
-        m_socketPath = m_right.taken->handover.socketPath; // as the other one wrote it
+    std::optional<ServingRight::Taken> taken = std::exchange(m_right.taken, std::nullopt);
+    if (taken) {
+        m_socketPath = taken->handover.socketPath; // as the other one wrote it
     }
     m_server = std::make_unique<AssistantServer>(m_socketPath, [this] { return makeSession(); });
-    if (m_right.taken) {
-        takeOver();
+    if (taken) {
+        takeOver(*std::move(taken));
     } else {
         openLibrary(std::move(m_right.claim));
         m_server->start();
@@ -81,13 +82,12 @@ void AssistantService::start()
 }
 
 /// Whatever fails before the word that ends the other one leaves that one serving.
-void AssistantService::takeOver()
+void AssistantService::takeOver(ServingRight::Taken taken)
 {
-    std::optional<ServingRight::Taken> taken = std::exchange(m_right.taken, std::nullopt);
-    openLibrary({.lender = {}, .lock = LibraryLock::adopted(taken->handover.lock.release())});
+    openLibrary({.lender = {}, .lock = LibraryLock::adopted(taken.handover.lock.release())});
     listen();
-    std::ignore = ControlChannel::send(taken->holder.number(), {.body = JSON::object({{"did", "take over"}})});
-    m_server->adopt(std::move(taken->handover.assistants));
+    std::ignore = ControlChannel::send(taken.holder.number(), {.body = JSON::object({{"did", "take over"}})});
+    m_server->adopt(std::move(taken.handover.assistants));
 }
 
 void AssistantService::openLibrary(LibraryClaim claim)

@@ -70,7 +70,7 @@ public:
     [[nodiscard]] const std::filesystem::path& socketPath() const { return m_socketPath; }
 
 private:
-    void takeOver();
+    void takeOver(ServingRight::Taken taken);
     void openLibrary(LibraryClaim claim);
     void listen();
     void backUpIfDue();
