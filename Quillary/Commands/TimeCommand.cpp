@@ -203,7 +203,7 @@ TimeCommand::Answer TimeCommand::status(TimeDesk& desk) const
     std::string text = running.empty() ? "No timer is running.\n" : "";
     for (const TimeEntry* entry : running) {
         text += fmt::format(
-            "{} since {}\n", TimeMath::clock(TimeInvoicing::duration(*entry, desk.now())), desk.sentence(*entry));
+            "{}  {}\n", TimeMath::clock(TimeInvoicing::duration(*entry, desk.now())), desk.sentence(*entry));
     }
     return {.text = text + fmt::format("Today: {} h\n", TimeMath::hoursAndMinutes(today)), .warning = {}};
 }

@@ -178,9 +178,13 @@ std::string TimeDesk::sentence(const TimeEntry& entry) const
 {
     std::vector<std::string> parts;
     if (entry.start) {
-        parts.push_back(fmt::format("{} {}", isoText(m_environment.calendar.date(*entry.start)), timesText(entry)));
+        const std::string day = isoText(m_environment.calendar.date(*entry.start));
+        parts.push_back(entry.end ? fmt::format("{} {}", day, timesText(entry))
+                                  : fmt::format("{} since {}", day, clockText(*entry.start)));
     }
-    parts.push_back(TimeMath::hoursAndMinutes(TimeInvoicing::duration(entry, now())) + " h");
+    if (entry.end) {
+        parts.push_back(TimeMath::hoursAndMinutes(TimeInvoicing::duration(entry, now())) + " h");
+    }
     parts.push_back(clientName(entry));
     parts.push_back(projectName(entry));
     parts.push_back(entry.note);

@@ -53,7 +53,7 @@ public:
     /// The entry of a list: the first digits of its id, or "last" for the one that began last.
     [[nodiscard]] const TimeEntry& entry(std::string_view asked) const;
 
-    /// "2026-03-03 9:00–10:30, 1:30 h, Acme, Website: Fixing the menu"
+    /// "2026-03-03 9:00–10:30, 1:30 h, Acme, Website, Fixing the menu [3F2504E0]"; a timer is "2026-03-03 since 9:00, …".
     [[nodiscard]] std::string sentence(const TimeEntry& entry) const;
     [[nodiscard]] std::string table(const std::vector<const TimeEntry*>& entries) const;
     [[nodiscard]] JSON data(const TimeEntry& entry) const;
