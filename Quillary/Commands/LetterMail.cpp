@@ -83,10 +83,8 @@ LetterMail letterMail(const AssistantEnvironment& environment,
     const EmailKind kind = reminder == nullptr ? emailKind(document) : emailKind(reminder->details.level);
     const EmailText words = EmailTemplates::text(environment.context, kind, language(document));
     const std::string recipientName = mail.draft.to.empty() ? "" : mail.draft.to.front().name;
-    const EmailDraft::Matter matter{.document = document,
-                                    .business = business,
-                                    .recipientName = recipientName,
-                                    .reminder = reminder};
+    const EmailDraft::Matter matter{
+        .document = document, .business = business, .recipientName = recipientName, .reminder = reminder};
     const EmailDraft::Values values =
         EmailDraft::values(environment.context, matter, environment.clock.now(), environment.calendar);
     EmailText filled = EmailDraft::fill(words, values);

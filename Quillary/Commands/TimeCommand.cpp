@@ -113,6 +113,7 @@ void TimeCommand::addInvoice()
     addFilter(invoice);
     addText(invoice, "--document", m_document, "The draft to add to: its number or id.");
     std::vector<std::string> groupings;
+    groupings.reserve(TimeInvoicing::allGroupings.size());
     for (const TimeInvoicing::Grouping grouping : TimeInvoicing::allGroupings) {
         groupings.emplace_back(TimeInvoicing::rawText(grouping));
     }
@@ -211,7 +212,7 @@ TimeCommand::Answer TimeCommand::status(TimeDesk& desk) const
 TimeCommand::Answer TimeCommand::record(TimeDesk& desk) const
 {
     const TimeTracking::Work work = this->work(desk);
-    const TimeDesk::Times times = desk.times(*m_time, m_date ? desk.day(*m_date) : desk.today());
+    const TimeDesk::Times times = desk.times(m_time.value_or(std::string()), m_date ? desk.day(*m_date) : desk.today());
     auto scope = desk.context().beginScope("Add time");
     const TimeEntry& entry = TimeTracking::add(desk.context(), work, times.start, times.end);
     scope.commit();

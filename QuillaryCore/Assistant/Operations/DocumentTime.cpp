@@ -23,8 +23,8 @@ namespace {
 
 bool isChosen(const TimeEntry& entry, const DocumentSession::Time& time)
 {
-    return (!time.project || entry.project == *time.project) && (!time.from || *entry.start >= *time.from) &&
-           (!time.until || *entry.start < *time.until);
+    return (!time.project || entry.project == *time.project) && (!time.from || entry.start >= time.from) &&
+           (!time.until || (entry.start && entry.start < time.until));
 }
 
 /// The hours of a line could be more than a quantity may be, where damaged data says that somebody worked for ages.
