@@ -76,11 +76,12 @@ public:
             if (!source.parent) {
                 parent = {};
             }
-            if (!quantities[i]) {
+            const auto& quantity = quantities[i];
+            if (!quantity) {
                 continue;
             }
             LineItem& copy = DocumentCopy::addLine(m_desk, units, source, m_creditNote);
-            copy.quantityThousandths = -*quantities[i];
+            copy.quantityThousandths = -*quantity;
             copy.sortIndex = index++;
             if (source.parent) {
                 copy.parent = parent;

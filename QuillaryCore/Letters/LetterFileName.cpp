@@ -50,11 +50,11 @@ std::string ofReminder(Context& context,
     filled.type = ReminderLetter::heading(level, language(document));
     filled.date = date;
     const FileNameFormat format = FileNameFormat::stored(business);
-    const std::string name = format.render(filled, calendar);
+    std::string name = format.render(filled, calendar);
     if (namesTheType(format)) {
         return name;
     }
-    return FileNameFormat::sanitize(std::string(name).append(1, ' ').append(filled.type));
+    return FileNameFormat::sanitize(name.append(1, ' ').append(filled.type));
 }
 
 } // namespace Quillary::LetterFileName
