@@ -59,7 +59,8 @@ InvoiceMaker::Occurrence InvoiceMaker::make(const Document& recurring, CalendarD
     };
     const std::optional<UUID> uuid =
         RecurringInvoices::occurrenceID(recurring, m_desk.calendar.storedDay(day), m_desk.calendar);
-    if (!uuid) {
+    const std::optional<UUID> source = recurring.uuid;
+    if (!uuid || !source) {
         throw refuse(Reason::noIdentifier, "The template is damaged. Make a new one and delete it.");
     }
     if (!RecurringTemplate::isReadable(recurring)) {
@@ -85,7 +86,7 @@ InvoiceMaker::Occurrence InvoiceMaker::make(const Document& recurring, CalendarD
         edited.recurrenceCount += 1;
     } else {
         // It came from another device, whose count may not have come along.
-        const std::int64_t made = context.count<Document>("sourceDocumentID = ?", *recurring.uuid);
+        const std::int64_t made = context.count<Document>("sourceDocumentID = ?", *source);
         edited.recurrenceCount = std::max(edited.recurrenceCount, static_cast<std::int32_t>(made));
     }
     RecurringTemplate::advance(edited, day, m_desk.calendar);

@@ -78,7 +78,7 @@ public:
 private:
     void makeAll(const Document& recurring)
     {
-        while (!RecurringTemplate::hasEnded(recurring, m_calendar) && !recurring.isPaused) {
+        while (recurring.nextIssueDate && !recurring.isPaused && !RecurringTemplate::hasEnded(recurring, m_calendar)) {
             const CalendarDate next = m_calendar.date(*recurring.nextIssueDate);
             if (next > m_today) {
                 return;

@@ -149,8 +149,12 @@ RecurringTemplate::dueDates(const Document& recurring, CalendarDate today, std::
         return due;
     }
     Document ahead = recurring;
-    while (due.size() < limit && !hasEnded(ahead, calendar) && calendar.date(*ahead.nextIssueDate) <= today) {
-        due.push_back(calendar.date(*ahead.nextIssueDate));
+    while (due.size() < limit && !hasEnded(ahead, calendar)) {
+        const std::optional<Instant> next = ahead.nextIssueDate;
+        if (!next || calendar.date(*next) > today) {
+            break;
+        }
+        due.push_back(calendar.date(*next));
         ahead.recurrenceCount += 1;
         advance(ahead, due.back(), calendar);
     }

@@ -76,7 +76,7 @@ std::vector<const TimeEntry*> TimeTracking::stop(Context& context, Instant at)
     requireNotInFuture(context, at);
     std::vector<const TimeEntry*> stopped = running(context);
     for (const TimeEntry* entry : stopped) {
-        const Instant start = *entry->start;
+        const Instant start = entry->start.value_or(at);
         const Instant latest = start + std::chrono::seconds(Limits::timeSeconds);
         context.edit(*entry).end = std::clamp(at, start, latest);
     }

@@ -118,8 +118,7 @@ std::int64_t Statement::integer(int column) const
 std::string_view Statement::text(int column) const
 {
     // The address first: asking for the length may convert the value.
-    const auto* address =
-        static_cast<const char*>(static_cast<const void*>(sqlite3_column_text(m_handle.get(), column)));
+    const auto* address = reinterpret_cast<const char*>(sqlite3_column_text(m_handle.get(), column));
     const int size = sqlite3_column_bytes(m_handle.get(), column);
     return address == nullptr ? std::string_view() : std::string_view(address, static_cast<std::size_t>(size));
 }
