@@ -53,7 +53,7 @@ protected:
     /// The same of the only overdue invoice.
     std::string overdue(std::string_view key)
     {
-        const std::string output = run("overdue --output json");
+        std::string output = run("overdue --output json");
         const std::optional<JSON> data = JSON::parse(output);
         const JSON* list = data ? data->find("invoices") : nullptr;
         if (list == nullptr || list->array() == nullptr || list->array()->size() != 1) {

@@ -42,7 +42,7 @@ struct RecurringCommandTest : testing::Test
         });
     }
 
-    void addTemplate(Context& context, const std::string& title, Ref<Client> client)
+    void addTemplate(Context& context, const std::string& title, Ref<Client> client) const
     {
         const CalendarDate today = calendar.date(clock.now());
         const std::chrono::year_month first = today.year() / today.month() - std::chrono::months(4);
