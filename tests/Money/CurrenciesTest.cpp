@@ -64,7 +64,7 @@ TEST(CurrenciesTest, knowsCurrentCodesOnly)
         EXPECT_TRUE(Currencies::isKnown(code)) << code;
     }
     EXPECT_TRUE(Currencies::isKnown("eur"));
-    for (const std::string_view code : {"DEM", "XXX", "QQQ", "", "EU", "EURO", "€"}) {
+    for (const std::string_view code : {"DEM", "XTS", "QQQ", "", "EU", "EURO", "€"}) {
         EXPECT_FALSE(Currencies::isKnown(code)) << code;
     }
 }

@@ -59,7 +59,7 @@ protected:
     {
         std::ifstream input(file, std::ios::binary);
         std::string bytes{std::istreambuf_iterator<char>(input), {}};
-        bytes.replace(bytes.rfind("RE-150"), 6, "RE-XXX");
+        bytes.replace(bytes.rfind("RE-150"), 6, "RE-151");
         std::ofstream(file, std::ios::binary) << bytes;
     }
 };

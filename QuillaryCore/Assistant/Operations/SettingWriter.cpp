@@ -67,6 +67,7 @@ std::vector<std::string_view> wordsOf(std::string_view name)
     }
     if (name == "language") {
         std::vector<std::string_view> codes;
+        codes.reserve(allDocumentLanguages.size());
         for (const DocumentLanguage language : allDocumentLanguages) {
             codes.push_back(code(language));
         }
