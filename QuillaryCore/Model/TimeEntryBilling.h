@@ -9,7 +9,8 @@
 
 namespace Quillary {
 
-/// Which line billed a time entry: a fact that the entry's own record has no field for, tied to both by `uuid`.
+/// Which line billed a time entry: a fact that the entry's own record has no field for, tied to both by `uuid`. When it
+/// goes, as it does with its line, the entry can be billed again.
 struct TimeEntryBilling : Record<TimeEntryBilling>
 {
     std::optional<UUID> uuid; ///< set on insertion; absent only in damaged or foreign data
@@ -30,8 +31,9 @@ struct TimeEntryBilling : Record<TimeEntryBilling>
 
     static constexpr auto uuidReferences()
     {
-        return std::tuple{UUIDReference{"entryID", &TimeEntryBilling::entryID, "TimeEntry", WhenTargetGoes::erase},
-                          UUIDReference{"lineID", &TimeEntryBilling::lineID, "LineItem", WhenTargetGoes::erase}};
+        return std::tuple{
+            UUIDReference{"entryID", &TimeEntryBilling::entryID, "TimeEntry", WhenTargetGoes::erase, "invoiceID"},
+            UUIDReference{"lineID", &TimeEntryBilling::lineID, "LineItem", WhenTargetGoes::erase}};
     }
 
     static constexpr auto indexes()

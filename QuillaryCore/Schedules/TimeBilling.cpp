@@ -97,21 +97,4 @@ std::vector<const TimeEntry*> TimeBilling::entries(Context& context, const LineI
     return entries;
 }
 
-void TimeBilling::release(Context& context, const LineItem& line)
-{
-    for (const LineItem* child : sortedChildren(context, line)) {
-        release(context, *child);
-    }
-    if (!line.uuid) {
-        return;
-    }
-    for (const TimeEntryBilling* link : context.fetch<TimeEntryBilling>("lineID = ?", *line.uuid)) {
-        const TimeEntry* entry = link->entryID ? context.find<TimeEntry>(*link->entryID) : nullptr;
-        if (entry != nullptr) {
-            context.edit(*entry).invoiceID.reset();
-        }
-        context.erase(*link);
-    }
-}
-
 } // namespace Quillary

@@ -16,7 +16,8 @@ struct Document;
 struct LineItem;
 struct TimeEntry;
 
-/// Which time was billed where. An entry is unbilled while no invoice has it.
+/// Which time was billed where. An entry is unbilled while no invoice has it: erasing the line that bills it, alone or
+/// with its document, frees it again.
 namespace TimeBilling {
 
 /// The client's own hourly rate, else the business's. Minor units of the business's currency; 0: there is none.
@@ -39,10 +40,6 @@ void bill(Context& context, const TimeEntry& entry, const Document& invoice, con
 
 /// The entries that a line bills, without those of its sub-lines.
 [[nodiscard]] std::vector<const TimeEntry*> entries(Context& context, const LineItem& line);
-
-/// Frees the entries that a line and its sub-lines bill, before the line goes: they can be billed again. When the whole
-/// document goes, its entries are freed with it.
-void release(Context& context, const LineItem& line);
 
 } // namespace TimeBilling
 

@@ -97,6 +97,13 @@ void Context::eraseRow(Table& table, AnyRow& row)
     if (uuid) {
         eraseTied(table, *uuid);
     }
+    for (const UUIDTie& tie : table.type().uuidTies()) {
+        // A deleted row keeps its last values.
+        const std::optional<UUID> target = table.type().uuidAt(row.record(), tie.column);
+        if (target && !tie.emptiedAtTarget.empty()) {
+            emptyAtTarget(table, tie, *target);
+        }
+    }
 }
 
 void Context::eraseRelated(const Table& table, std::int64_t key)
@@ -148,6 +155,24 @@ void Context::eraseTiedRows(Table& owner, const UUIDTie& tie, const UUID& uuid)
         } else {
             owner.type().clearUUID(row->record(), tie.column);
         }
+    }
+}
+
+void Context::emptyAtTarget(Table& owner, const UUIDTie& tie, const UUID& uuid)
+{
+    Table* targets = table(std::string_view(tie.targetEntity));
+    precondition(targets != nullptr, "a tie leads to an entity of the library");
+    const auto& attributes = targets->type().entity().attributes;
+    const auto emptied = std::ranges::find(attributes, tie.emptiedAtTarget, &Attribute::name);
+    precondition(emptied != attributes.end(), "what a tie empties is an attribute of its target");
+    if (!tied(owner, tie, uuid).empty()) {
+        return; // another says the same of it
+    }
+    Statement& statement = ready(targets->statements().fetch("uuid = ?"));
+    statement.bind(1, uuid);
+    for (AnyRow* row : targets->readRows(statement, std::numeric_limits<std::size_t>::max())) {
+        editRow(*targets, row->key);
+        targets->type().clearUUID(row->record(), static_cast<std::size_t>(emptied - attributes.begin()));
     }
 }
 

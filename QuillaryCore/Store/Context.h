@@ -176,6 +176,7 @@ private:
     void eraseRelatedRows(Table& owner, std::size_t index, std::int64_t key);
     void eraseTied(const Table& table, const UUID& uuid);
     void eraseTiedRows(Table& owner, const UUIDTie& tie, const UUID& uuid);
+    void emptyAtTarget(Table& owner, const UUIDTie& tie, const UUID& uuid);
     std::vector<AnyRow*> tied(Table& owner, const UUIDTie& tie, const UUID& uuid);
 
     friend class Scope;

@@ -65,10 +65,17 @@ struct UUIDReference
     std::optional<UUID> Owner::* member;
     std::string_view targetEntity;
     WhenTargetGoes whenTargetGoes;
+
+    /// The identifier of the target that is emptied when the last record tied to it goes, for an extension record that
+    /// says where its target's own reference came from. Empty: the target stays as it is.
+    std::string_view emptiedAtTarget = {};
 };
 
 template <class Owner>
 UUIDReference(const char*, std::optional<UUID> Owner::*, const char*, WhenTargetGoes) -> UUIDReference<Owner>;
+template <class Owner>
+UUIDReference(const char*, std::optional<UUID> Owner::*, const char*, WhenTargetGoes, const char*)
+    -> UUIDReference<Owner>;
 
 /// An index of a record's table: columns as SQL writes them, and for a partial index the rows it covers.
 struct Index

@@ -102,6 +102,7 @@ struct UUIDTie
     std::string targetEntity;
     WhenTargetGoes whenTargetGoes;
     std::size_t column;
+    std::string emptiedAtTarget; ///< see `UUIDReference`
 };
 
 /// What the store must know of one type of record, so that everything else is written once for all of them.
@@ -248,8 +249,11 @@ void RecordTypeOf<T>::describeReferences()
         const auto tie = [&](const UUIDReference<T>& reference) {
             const auto attribute = std::ranges::find(m_entity.attributes, reference.name, &Attribute::name);
             const auto column = static_cast<std::size_t>(attribute - m_entity.attributes.begin());
-            m_uuidTies.push_back(
-                {std::string(reference.name), std::string(reference.targetEntity), reference.whenTargetGoes, column});
+            m_uuidTies.push_back({std::string(reference.name),
+                                  std::string(reference.targetEntity),
+                                  reference.whenTargetGoes,
+                                  column,
+                                  std::string(reference.emptiedAtTarget)});
         };
         std::apply([&](const auto&... references) { (tie(references), ...); }, T::uuidReferences());
     }

@@ -49,14 +49,51 @@ TEST_F(TimeBillingTest, deletingALineOrTheDraftFreesItsTime)
     EXPECT_EQ(TimeBilling::entries(context, *lines[1]), std::vector<const TimeEntry*>{&second});
     EXPECT_TRUE(TimeBilling::unbilled(context, client).empty());
 
-    TimeBilling::release(context, *lines[0]);
     context.erase(*lines[0]);
     context.save();
     EXPECT_EQ(TimeBilling::unbilled(context, client), std::vector<const TimeEntry*>{&first});
+    EXPECT_EQ(second.invoiceID, draft.uuid);
 
     context.erase(draft);
     context.save();
     EXPECT_EQ(TimeBilling::unbilled(context, client), (std::vector<const TimeEntry*>{&first, &second}));
+    EXPECT_EQ(context.count<TimeEntryBilling>(""), 0);
+}
+
+TEST_F(TimeBillingTest, takingADeletionBackBillsTheTimeAgain)
+{
+    const TimeEntry& tracked = entry(1);
+    const Document& draft = invoice("1", DocumentStatus::draft);
+    billAll(draft);
+    const LineItem& billing = *sortedItems(context, draft).front();
+    LineItem& work = line(draft, 1000, 0, 0);
+    context.edit(billing).parent = work.ref; // it goes with its line
+    context.save();
+    {
+        Scope scope = context.beginScope("Delete line");
+        context.erase(work);
+        EXPECT_FALSE(tracked.invoiceID);
+        scope.rollback();
+    }
+    EXPECT_EQ(tracked.invoiceID, draft.uuid);
+    Scope scope = context.beginScope("Delete line");
+    context.erase(*context.find(work.ref));
+    scope.commit();
+    EXPECT_EQ(TimeBilling::unbilled(context, client).size(), 1U);
+    context.undo();
+    EXPECT_EQ(context.first<TimeEntry>("")->invoiceID, draft.uuid);
+    EXPECT_EQ(context.count<TimeEntryBilling>(""), 1);
+
+    // Two lines say that they billed it, as after two devices did: it is free when both have gone.
+    LineItem& again = line(draft, 1000, 0, 0);
+    auto& link = context.insert<TimeEntryBilling>();
+    link.entryID = tracked.uuid;
+    link.lineID = again.uuid;
+    context.save();
+    context.erase(*context.find(again.ref));
+    EXPECT_EQ(context.first<TimeEntry>("")->invoiceID, draft.uuid);
+    context.erase(*context.first<TimeEntry>(""));
+    context.save();
     EXPECT_EQ(context.count<TimeEntryBilling>(""), 0);
 }
 

@@ -18,7 +18,6 @@
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Model/Units.h"
-#include "QuillaryCore/Schedules/TimeBilling.h"
 
 #include <fmt/format.h>
 
@@ -84,7 +83,6 @@ void DocumentSession::applyLines(const Arguments& arguments)
                                         return lines[static_cast<std::size_t>(other)]->ref == line.parent;
                                     });
         if (!goesWithParent) {
-            TimeBilling::release(context, line);
             context.erase(line);
         }
     }
