@@ -7,6 +7,7 @@
 #include "QuillaryCore/Reports/InvoiceList.h"
 #include "QuillaryCore/Reports/TaxReport.h"
 #include "tests/Model/TestLibrary.h"
+#include "tests/Store/QueryPlan.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -48,16 +49,6 @@ Cost cost(Connection& connection, const std::function<void()>& work)
     work();
     sqlite3_trace_v2(connection.handle(), 0, nullptr, nullptr);
     return cost;
-}
-
-std::string plan(Connection& connection, const std::string& sql)
-{
-    std::string plan;
-    Statement statement(connection, "EXPLAIN QUERY PLAN " + sql);
-    while (statement.step()) {
-        plan.append(statement.text(3)).append("\n");
-    }
-    return plan;
 }
 
 class ReportCostTest : public testing::Test, protected TestLibrary
@@ -119,7 +110,7 @@ TEST_F(ReportCostTest, everyQueryTakesAnIndexAndNoneAsksForOneDocument)
     }
     EXPECT_GE(statements.size(), 10U);
     for (const std::string& sql : statements) {
-        const std::string steps = plan(connection(), sql);
+        const std::string steps = queryPlan(connection(), sql);
         EXPECT_THAT(steps, Not(HasSubstr("SCAN"))) << sql;
         EXPECT_THAT(steps, Not(HasSubstr("TEMP B-TREE"))) << sql;
         if (sql.find("FROM Payment") != std::string::npos) {

@@ -2,8 +2,10 @@
 #include "QuillaryCore/Model/DocumentTaxTreatment.h"
 #include "QuillaryCore/Schedules/BillingPeriod.h"
 #include "tests/Schedules/RecurringLibrary.h"
+#include "tests/Store/QueryPlan.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <set>
@@ -214,6 +216,29 @@ TEST_F(RecurringInvoicesTest, anErrorEndsTheRunAndKeepsWhatWasMade)
     const RecurringInvoices::Run run = RecurringInvoices::catchUp(context, clock.now(), 60, calendar);
     EXPECT_EQ(run.failures.size(), 2U);
     EXPECT_TRUE(run.made.empty());
+}
+
+/// A run with nothing due is made every day: it must not read through all documents, nor through all templates.
+TEST_F(RecurringInvoicesTest, findsWhatIsDueByItsIndex)
+{
+    monthly("2025-04-01");
+    context.save();
+    std::set<std::string> statements;
+    const auto note = [](unsigned /*event*/, void* found, void* handle, void* /*text*/) {
+        static_cast<std::set<std::string>*>(found)->insert(sqlite3_sql(static_cast<sqlite3_stmt*>(handle)));
+        return 0;
+    };
+    Connection& connection = store.connection();
+    sqlite3_trace_v2(connection.handle(), SQLITE_TRACE_STMT, note, &statements);
+    EXPECT_TRUE(makeDue().empty());
+    sqlite3_trace_v2(connection.handle(), 0, nullptr, nullptr);
+    std::string plans;
+    for (const std::string& sql : statements) {
+        if (sql.find("Document") != std::string::npos) {
+            plans += queryPlan(connection, sql);
+        }
+    }
+    EXPECT_EQ(plans, "SEARCH Document USING INDEX Document_template (nextIssueDate<?)\n");
 }
 
 TEST_F(RecurringInvoicesTest, todayIsTheDayOfTheCalendar)
