@@ -15,6 +15,7 @@ public:
         wrongStatus,   ///< the document hasn't come so far, or has gone too far
         alreadyDone,   ///< there is such a document already, or nothing is left
         badAmount,     ///< a quantity or an amount that can't be
+        badSchedule,   ///< dates that can't be
         outsideLimits, ///< the figures would leave `Limits`
         isNeeded,      ///< something else hangs on it
     };

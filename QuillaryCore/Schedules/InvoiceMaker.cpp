@@ -52,7 +52,7 @@ InvoiceMaker::Occurrence InvoiceMaker::make(const Document& recurring, CalendarD
     const auto refuse = [&](Reason reason, std::string_view why) -> RecurringError {
         return {reason,
                 recurring.uuid,
-                fmt::format("{}: the invoice of {} wasn't made. {}",
+                fmt::format("{}: the invoice of {} can't be made. {}",
                             RecurringInvoices::name(context, recurring),
                             isoText(day),
                             why)};

@@ -16,6 +16,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 namespace Quillary {
 
@@ -131,6 +132,21 @@ RecurringInvoices::Run
 RecurringInvoices::catchUp(Context& context, Instant today, std::size_t limit, const Calendar& calendar)
 {
     return CatchUp(context, today, limit, calendar).run([](const RecurringError&) {});
+}
+
+RecurringInvoices::Preview
+RecurringInvoices::preview(Context& context, Instant today, std::size_t limit, const Calendar& calendar)
+{
+    auto scope = context.beginScope("Look ahead"); // the scopes inside it save nothing
+    Run run = catchUp(context, today, limit, calendar);
+    Preview preview{.due = {}, .failures = std::move(run.failures), .isComplete = run.isComplete};
+    for (const Document* invoice : run.made) {
+        const Document* recurring = context.find<Document>(invoice->sourceDocumentID.value());
+        preview.due.push_back(
+            {.recurring = recurring, .day = calendar.date(invoice->issueDate.value()), .number = invoice->number});
+    }
+    scope.rollback();
+    return preview;
 }
 
 std::optional<UUID>

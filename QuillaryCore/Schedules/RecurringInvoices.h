@@ -72,6 +72,26 @@ struct Run
 /// The same, but a template that can't go on holds up none of the others. Throws: `StoreError`.
 [[nodiscard]] Run catchUp(Context& context, Instant today, std::size_t limit, const Calendar& calendar);
 
+/// An invoice that a run would make.
+struct Expected
+{
+    const Document* recurring;
+    CalendarDate day;
+    std::string number; ///< the one that it would get
+};
+
+/// What would come of a run.
+struct Preview
+{
+    std::vector<Expected> due;
+    std::vector<RecurringError> failures;
+    bool isComplete = true; ///< see `Run`
+};
+
+/// What `catchUp` would do. It is made and taken back, so that whatever would fail fails here, and nothing is saved.
+/// Throws: `StoreError`.
+[[nodiscard]] Preview preview(Context& context, Instant today, std::size_t limit, const Calendar& calendar);
+
 /// The identifier of the invoice of a scheduled day: the name "invoice YYYY-MM-DD" in the space of the template's own
 /// identifier (RFC 9562, version 5). No value: the template has none.
 [[nodiscard]] std::optional<UUID> occurrenceID(const Document& recurring, Instant scheduled, const Calendar& calendar);

@@ -53,6 +53,27 @@ std::string endPart(const Document& recurring, const Calendar& calendar)
     return {};
 }
 
+/// The dates from the next one to the last day, whether paused or not.
+std::vector<CalendarDate>
+datesUntil(const Document& recurring, CalendarDate lastDay, std::size_t limit, const Calendar& calendar)
+{
+    std::vector<CalendarDate> dates;
+    if (!RecurringTemplate::isReadable(recurring)) {
+        return dates;
+    }
+    Document ahead = recurring;
+    while (dates.size() < limit && !RecurringTemplate::hasEnded(ahead, calendar)) {
+        const std::optional<Instant> next = ahead.nextIssueDate;
+        if (!next || calendar.date(*next) > lastDay) {
+            break;
+        }
+        dates.push_back(calendar.date(*next));
+        ahead.recurrenceCount += 1;
+        RecurringTemplate::advance(ahead, dates.back(), calendar);
+    }
+    return dates;
+}
+
 } // namespace
 
 std::string_view title(RecurringState state)
@@ -144,21 +165,13 @@ void RecurringTemplate::advance(Document& recurring, CalendarDate made, const Ca
 std::vector<CalendarDate>
 RecurringTemplate::dueDates(const Document& recurring, CalendarDate today, std::size_t limit, const Calendar& calendar)
 {
-    std::vector<CalendarDate> due;
-    if (recurring.isPaused || !isReadable(recurring)) {
-        return due;
-    }
-    Document ahead = recurring;
-    while (due.size() < limit && !hasEnded(ahead, calendar)) {
-        const std::optional<Instant> next = ahead.nextIssueDate;
-        if (!next || calendar.date(*next) > today) {
-            break;
-        }
-        due.push_back(calendar.date(*next));
-        ahead.recurrenceCount += 1;
-        advance(ahead, due.back(), calendar);
-    }
-    return due;
+    return recurring.isPaused ? std::vector<CalendarDate>() : datesUntil(recurring, today, limit, calendar);
+}
+
+std::vector<CalendarDate>
+RecurringTemplate::nextDates(const Document& recurring, std::size_t limit, const Calendar& calendar)
+{
+    return datesUntil(recurring, std::chrono::year(9999) / 12 / 31, limit, calendar);
 }
 
 std::size_t

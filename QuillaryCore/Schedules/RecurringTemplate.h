@@ -61,6 +61,10 @@ void advance(Document& recurring, CalendarDate made, const Calendar& calendar);
 [[nodiscard]] std::vector<CalendarDate>
 dueDates(const Document& recurring, CalendarDate today, std::size_t limit, const Calendar& calendar);
 
+/// The dates to come, the next one first, at most `limit`; also those that a paused template would have.
+[[nodiscard]] std::vector<CalendarDate>
+nextDates(const Document& recurring, std::size_t limit, const Calendar& calendar);
+
 /// What becomes of dates that came and went while a template was paused. They are skipped, unless the user asks for
 /// them: an invoice for a time in which the user wanted none is worse than one that is missing.
 enum class MissedDates : std::uint8_t { skipped, madeUp };

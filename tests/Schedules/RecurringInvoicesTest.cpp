@@ -174,14 +174,23 @@ TEST_F(RecurringInvoicesTest, oneBrokenTemplateHoldsUpNoOther)
     Document& sound = monthly("2025-02-01");
     context.save();
 
+    const RecurringInvoices::Preview preview = RecurringInvoices::preview(context, clock.now(), 60, calendar);
+    ASSERT_EQ(preview.due.size(), 2U);
+    EXPECT_EQ(preview.due[1].number + isoText(preview.due[1].day), "INV-2025-0022025-03-01");
+    EXPECT_EQ(preview.due[1].recurring, &sound);
+    EXPECT_FALSE(context.hasChanges()) << "nothing of it stays";
+    EXPECT_EQ(context.count<Document>("kindRaw = 0"), 0);
+
     const RecurringInvoices::Run run = RecurringInvoices::catchUp(context, clock.now(), 60, calendar);
     EXPECT_EQ(told(run.made), (Told{"INV-2025-001 2025-02-01", "INV-2025-002 2025-03-01"}));
+    ASSERT_EQ(preview.failures.size(), run.failures.size());
     ASSERT_EQ(run.failures.size(), 3U);
     EXPECT_EQ(run.failures[0].reason(), Reason::noClient);
     EXPECT_EQ(run.failures[0].templateID(), orphan.uuid);
+    EXPECT_EQ(run.failures[0].message(), preview.failures[0].message());
     EXPECT_EQ(
         run.failures[0].message(),
-        "“Lost”: the invoice of 2025-01-01 wasn't made. Its client was deleted. Choose a client for it, or delete "
+        "“Lost”: the invoice of 2025-01-01 can't be made. Its client was deleted. Choose a client for it, or delete "
         "it.");
     EXPECT_EQ(run.failures[1].reason(), Reason::noSchedule);
     EXPECT_EQ(run.failures[2].reason(), Reason::noIdentifier);
@@ -204,7 +213,7 @@ TEST_F(RecurringInvoicesTest, anErrorEndsTheRunAndKeepsWhatWasMade)
     } catch (const RecurringError& error) {
         EXPECT_EQ(error.reason(), Reason::notMade);
         EXPECT_EQ(error.templateID(), second.uuid);
-        EXPECT_TRUE(error.message().starts_with("“Broken”: the invoice of 2025-02-01 wasn't made. "))
+        EXPECT_TRUE(error.message().starts_with("“Broken”: the invoice of 2025-02-01 can't be made. "))
             << error.message();
     }
     EXPECT_EQ(derivedDocuments(context, first).size(), 4U);
