@@ -141,9 +141,12 @@ RecurringInvoices::preview(Context& context, Instant today, std::size_t limit, c
     Run run = catchUp(context, today, limit, calendar);
     Preview preview{.due = {}, .failures = std::move(run.failures), .isComplete = run.isComplete};
     for (const Document* invoice : run.made) {
-        const Document* recurring = context.find<Document>(invoice->sourceDocumentID.value());
-        preview.due.push_back(
-            {.recurring = recurring, .day = calendar.date(invoice->issueDate.value()), .number = invoice->number});
+        const std::optional<UUID> source = invoice->sourceDocumentID;
+        const std::optional<Instant> day = invoice->issueDate;
+        if (source && day) { // the run gave it both
+            preview.due.push_back(
+                {.recurring = context.find<Document>(*source), .day = calendar.date(*day), .number = invoice->number});
+        }
     }
     scope.rollback();
     return preview;

@@ -6,6 +6,7 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/DeliveryKind.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryCore/Schedules/Recurrence.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
@@ -47,6 +48,10 @@ void requireRepeatable(const Desk& desk, const Document& invoice)
     if (desk.context.find(invoice.client) == nullptr) {
         throw DocumentError(Reason::isNeeded,
                             fmt::format("{} has no client, and a recurring invoice needs one.", documentName(invoice)));
+    }
+    if (linesInOrder(desk.context, invoice).empty()) {
+        throw DocumentError(Reason::isNeeded,
+                            fmt::format("{} has no lines yet, so there is nothing to repeat.", documentName(invoice)));
     }
 }
 
@@ -129,8 +134,8 @@ void setEnd(Document& recurring, const RecurringEnd& end, const Calendar& calend
     recurring.recurrenceEndRaw = static_cast<std::int16_t>(end.rule);
     recurring.recurrenceEndCount = static_cast<std::int16_t>(end.rule == RecurrenceEnd::afterCount ? end.count : 0);
     recurring.recurrenceEndDate.reset();
-    if (end.rule == RecurrenceEnd::onDate) {
-        recurring.recurrenceEndDate = calendar.storedDay(end.lastDay.value());
+    if (end.rule == RecurrenceEnd::onDate && end.lastDay) {
+        recurring.recurrenceEndDate = calendar.storedDay(*end.lastDay);
     }
 }
 

@@ -169,6 +169,8 @@ TEST_F(RecurringSetupTest, refusesWhatCannotBe)
     const Document& quote = document(DocumentKind::quote);
     EXPECT_EQ(refusal([&] { RecurringSetup::create(desk(), quote, {}, today); }), Reason::wrongKind);
     EXPECT_EQ(refusal([&] { RecurringSetup::change(desk(), model, {.title = ""}); }), Reason::wrongKind);
+    Document& empty = invoice("INV-2");
+    EXPECT_EQ(refusal([&] { RecurringSetup::create(desk(), empty, {}, today); }), Reason::isNeeded);
     context.edit(model).client = {};
     EXPECT_EQ(refusal([&] { RecurringSetup::create(desk(), model, {}, today); }), Reason::isNeeded);
     EXPECT_TRUE(RecurringInvoices::all(context).empty());
