@@ -54,7 +54,8 @@ int CommandSession::run(const CommandSetting& setting, const std::string& output
     } else {
         fmt::print("{}", answer.text);
     }
-    return 0;
+    fmt::print(stderr, "{}", answer.complaint);
+    return answer.complaint.empty() ? 0 : 1;
 }
 
 void CommandSession::addOutput(CLI::App& command, std::string& output)

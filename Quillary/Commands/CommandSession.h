@@ -29,6 +29,7 @@ struct CommandAnswer
 {
     std::string text; ///< whole lines
     JSON data;
+    std::string complaint = {}; ///< what went wrong in part, as whole lines for standard error; the status is 1 then
 };
 
 /// One command's work on the library: open, with everything that the operations need.

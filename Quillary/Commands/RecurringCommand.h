@@ -1,8 +1,12 @@
 #pragma once
 
 #include "Quillary/Commands/Command.h"
+#include "Quillary/Commands/RecurringChanges.h"
 
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -10,10 +14,11 @@ class App;
 
 namespace Quillary {
 
-class OpenLibrary;
+struct CommandAnswer;
+class CommandSession;
 
-/// `quillary recurring`: the recurring invoices, and what is due of them. `--show-recurring` shows the list too: there
-/// is no window for it yet.
+/// `quillary recurring list|run|create|edit|pause|resume|delete`: the recurring invoices, and what is due of them.
+/// `--show-recurring` shows the list too: there is no window for it yet.
 class RecurringCommand : public Command
 {
 public:
@@ -24,29 +29,20 @@ public:
     [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
-    /// What goes to standard output, once the library is let go of, and to standard error.
-    struct Answer
-    {
-        std::string text;
-        std::string complaint;
-    };
+    using Work = std::function<CommandAnswer(CommandSession& session)>;
+    using Change = CommandAnswer (*)(CommandSession& session, const RecurringRequest& request);
 
-    [[nodiscard]] Answer list(OpenLibrary& library, const AppEnvironment& environment) const;
-    [[nodiscard]] Answer runDue(OpenLibrary& library, const AppEnvironment& environment) const;
-    [[nodiscard]] Answer showDue(OpenLibrary& library, const AppEnvironment& environment) const;
-    [[nodiscard]] Answer pause(OpenLibrary& library, const AppEnvironment& environment) const;
-    [[nodiscard]] Answer resume(OpenLibrary& library, const AppEnvironment& environment) const;
+    CLI::App& add(const std::string& name, const std::string& description, Work work);
+    CLI::App& addOnTemplate(const std::string& name, const std::string& description, Change change);
+    void addSetup();
+    void addChoices(CLI::App& command);
 
     CLI::App* m_app;
-    CLI::App* m_list;
-    CLI::App* m_run;
-    CLI::App* m_pause;
-    CLI::App* m_resume;
+    std::vector<std::pair<CLI::App*, Work>> m_commands;
+    RecurringRequest m_request;
     std::string m_output = "text";
-    std::string m_template;
     bool m_isShown = false;
     bool m_isDryRun = false;
-    bool m_makesUp = false;
 };
 
 } // namespace Quillary

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace Quillary {
@@ -24,6 +25,8 @@ namespace {
 
 constexpr std::size_t widestText = 40;
 constexpr std::size_t mostCandidates = 5;
+constexpr std::size_t shownDates = 5;
+constexpr const char* nothingDue = "No recurring invoice is due.\n";
 
 std::string dayText(std::optional<Instant> day, const Calendar& calendar)
 {
@@ -38,6 +41,15 @@ JSON dayData(std::optional<Instant> day, const Calendar& calendar)
 JSON idData(const std::optional<UUID>& uuid)
 {
     return uuid ? JSON(uuid->text()) : JSON();
+}
+
+JSON::Array failureData(const std::vector<RecurringError>& failures)
+{
+    JSON::Array list;
+    for (const RecurringError& failure : failures) {
+        list.push_back(JSON::object({{"template", idData(failure.templateID())}, {"message", failure.message()}}));
+    }
+    return list;
 }
 
 /// How well a template answers to a name: by all of its title or client, or by a part of them.
@@ -129,17 +141,24 @@ JSON RecurringList::described(const Document& recurring) const
         {{"id", idData(recurring.uuid)}, {"title", recurring.title}, {"client", clientName(recurring)}});
 }
 
+JSON RecurringList::entry(const Document& recurring) const
+{
+    JSON item = described(recurring);
+    const RecurringState state = RecurringTemplate::state(recurring, m_calendar);
+    item.set("schedule", RecurringTemplate::summary(recurring, m_calendar));
+    item.set("state", lowerCasedASCII(title(state)));
+    item.set("next_date", state == RecurringState::ended ? JSON() : dayData(recurring.nextIssueDate, m_calendar));
+    item.set("made", recurring.recurrenceCount);
+    item.set("creates", recurring.recurringCreatesSent ? "sent" : "draft");
+    item.set("service_period", word(billingPeriod(recurring)));
+    return item;
+}
+
 JSON RecurringList::data(const std::vector<const Document*>& templates) const
 {
     JSON::Array list;
     for (const Document* recurring : templates) {
-        JSON item = described(*recurring);
-        const RecurringState state = RecurringTemplate::state(*recurring, m_calendar);
-        item.set("schedule", RecurringTemplate::summary(*recurring, m_calendar));
-        item.set("state", lowerCasedASCII(title(state)));
-        item.set("next_date", state == RecurringState::ended ? JSON() : dayData(recurring->nextIssueDate, m_calendar));
-        item.set("made", recurring->recurrenceCount);
-        list.push_back(std::move(item));
+        list.push_back(entry(*recurring));
     }
     return JSON::object({{"recurring_invoices", std::move(list)}});
 }
@@ -147,7 +166,7 @@ JSON RecurringList::data(const std::vector<const Document*>& templates) const
 std::string RecurringList::text(const RecurringInvoices::Run& run, const Locale& locale) const
 {
     if (run.made.empty()) {
-        return run.failures.empty() ? "No recurring invoice is due.\n" : "";
+        return run.failures.empty() ? nothingDue : "";
     }
     TextTable table({{.heading = "Number"},
                      {.heading = "Date"},
@@ -180,48 +199,92 @@ JSON RecurringList::data(const RecurringInvoices::Run& run) const
              {"currency", invoice->currencyCode},
              {"template", idData(invoice->sourceDocumentID)}}));
     }
-    JSON::Array failures;
-    for (const RecurringError& failure : run.failures) {
-        failures.push_back(JSON::object({{"template", idData(failure.templateID())}, {"message", failure.message()}}));
-    }
     return JSON::object(
-        {{"made", std::move(made)}, {"failures", std::move(failures)}, {"is_complete", run.isComplete}});
+        {{"made", std::move(made)}, {"failures", failureData(run.failures)}, {"is_complete", run.isComplete}});
 }
 
-std::vector<DueInvoice> RecurringList::due(Instant today, std::size_t limit) const
+std::string RecurringList::text(const RecurringInvoices::Preview& preview) const
 {
-    std::vector<DueInvoice> due;
-    for (const Document* recurring : RecurringInvoices::all(m_context)) {
-        for (const CalendarDate day :
-             RecurringTemplate::dueDates(*recurring, m_calendar.date(today), limit - due.size(), m_calendar)) {
-            const auto uuid = RecurringInvoices::occurrenceID(*recurring, m_calendar.storedDay(day), m_calendar);
-            if (uuid && m_context.find<Document>(*uuid) == nullptr) {
-                due.push_back({.recurring = recurring, .day = day});
-            }
-        }
+    if (preview.due.empty()) {
+        return preview.failures.empty() ? nothingDue : "";
     }
-    return due;
-}
-
-std::string RecurringList::text(std::span<const DueInvoice> due) const
-{
-    if (due.empty()) {
-        return "No recurring invoice is due.\n";
-    }
-    TextTable table({{.heading = "Date"}, {.heading = "Client", .widest = widestText}, {.heading = "Template"}});
-    for (const DueInvoice& invoice : due) {
-        table.addRow({isoText(invoice.day), clientName(*invoice.recurring), invoice.recurring->title});
+    TextTable table({{.heading = "Number"},
+                     {.heading = "Date"},
+                     {.heading = "Client", .widest = widestText},
+                     {.heading = "Template"}});
+    for (const RecurringInvoices::Expected& invoice : preview.due) {
+        table.addRow({invoice.number, isoText(invoice.day), clientName(*invoice.recurring), invoice.recurring->title});
     }
     return table.text();
 }
 
-JSON RecurringList::data(std::span<const DueInvoice> due, bool isComplete) const
+JSON RecurringList::data(const RecurringInvoices::Preview& preview) const
 {
-    JSON::Array list;
-    for (const DueInvoice& invoice : due) {
-        list.push_back(JSON::object({{"date", isoText(invoice.day)}, {"template", described(*invoice.recurring)}}));
+    JSON::Array due;
+    for (const RecurringInvoices::Expected& invoice : preview.due) {
+        due.push_back(JSON::object(
+            {{"number", invoice.number}, {"date", isoText(invoice.day)}, {"template", described(*invoice.recurring)}}));
     }
-    return JSON::object({{"due", std::move(list)}, {"is_complete", isComplete}});
+    return JSON::object(
+        {{"due", std::move(due)}, {"failures", failureData(preview.failures)}, {"is_complete", preview.isComplete}});
+}
+
+std::string RecurringList::text(const Document& recurring, Instant now) const
+{
+    const std::vector<std::string> dates = nextDates(recurring);
+    std::string text = fmt::format("Schedule:       {}\nState:          {}\nInvoices:       {}\nService period: {}\n"
+                                   "Next dates:     {}\n",
+                                   RecurringTemplate::summary(recurring, m_calendar),
+                                   title(RecurringTemplate::state(recurring, m_calendar)),
+                                   recurring.recurringCreatesSent ? "marked as sent" : "drafts",
+                                   title(billingPeriod(recurring)),
+                                   dates.empty() ? "none" : fmt::format("{}", fmt::join(dates, ", ")));
+    if (const std::size_t passed = passedDates(recurring, now); passed > 0) {
+        text += passed == 1 ? "One date has come already: the next run makes its invoice.\n"
+                            : fmt::format("{} dates have come already: the next run makes their invoices.\n", passed);
+    }
+    return text;
+}
+
+JSON RecurringList::data(const Document& recurring, Instant now) const
+{
+    JSON item = entry(recurring);
+    JSON::Array dates;
+    for (const std::string& date : nextDates(recurring)) {
+        dates.emplace_back(date);
+    }
+    item.set("next_dates", std::move(dates));
+    item.set("due_now", passedDates(recurring, now));
+    return item;
+}
+
+std::string_view RecurringList::word(BillingPeriod period)
+{
+    switch (period) {
+    case BillingPeriod::none:
+        return "none";
+    case BillingPeriod::current:
+        return "current";
+    case BillingPeriod::previous:
+        return "previous";
+    }
+    return {};
+}
+
+std::vector<std::string> RecurringList::nextDates(const Document& recurring) const
+{
+    std::vector<std::string> dates;
+    for (const CalendarDate day : RecurringTemplate::nextDates(recurring, shownDates, m_calendar)) {
+        dates.push_back(isoText(day));
+    }
+    return dates;
+}
+
+/// How many of its dates have come without an invoice, as far as one run would make them.
+std::size_t RecurringList::passedDates(const Document& recurring, Instant now) const
+{
+    const CalendarDate today = m_calendar.date(now);
+    return RecurringTemplate::dueDates(recurring, today, RecurringInvoices::mostPerRun, m_calendar).size();
 }
 
 } // namespace Quillary

@@ -3,10 +3,10 @@
 #include "QuillaryCore/Foundation/Calendar.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/Locale.h"
+#include "QuillaryCore/Schedules/BillingPeriod.h"
 #include "QuillaryCore/Schedules/RecurringInvoices.h"
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,13 +18,6 @@ struct Document;
 
 /// The template that somebody means by its title, its client or its id. Throws: `UserError` when none or several fit.
 [[nodiscard]] const Document& findRecurring(Context& context, std::string_view asked);
-
-/// An invoice that a run would make.
-struct DueInvoice
-{
-    const Document* recurring;
-    CalendarDate day;
-};
 
 /// Recurring invoices as the terminal and programs read them.
 class RecurringList
@@ -43,14 +36,23 @@ public:
     [[nodiscard]] std::string text(const RecurringInvoices::Run& run, const Locale& locale) const;
     [[nodiscard]] JSON data(const RecurringInvoices::Run& run) const;
 
-    /// What a run would make, at most `limit`.
-    [[nodiscard]] std::vector<DueInvoice> due(Instant today, std::size_t limit) const;
-    [[nodiscard]] std::string text(std::span<const DueInvoice> due) const;
-    [[nodiscard]] JSON data(std::span<const DueInvoice> due, bool isComplete) const;
+    /// What a run would make.
+    [[nodiscard]] std::string text(const RecurringInvoices::Preview& preview) const;
+    [[nodiscard]] JSON data(const RecurringInvoices::Preview& preview) const;
+
+    /// One template with its next dates.
+    [[nodiscard]] std::string text(const Document& recurring, Instant now) const;
+    [[nodiscard]] JSON data(const Document& recurring, Instant now) const;
+
+    /// "none", "current", "previous"
+    [[nodiscard]] static std::string_view word(BillingPeriod period);
 
 private:
     [[nodiscard]] std::string clientName(const Document& document) const;
     [[nodiscard]] JSON described(const Document& recurring) const;
+    [[nodiscard]] JSON entry(const Document& recurring) const;
+    [[nodiscard]] std::vector<std::string> nextDates(const Document& recurring) const;
+    [[nodiscard]] std::size_t passedDates(const Document& recurring, Instant now) const;
 
     Context& m_context;
     const Calendar& m_calendar;

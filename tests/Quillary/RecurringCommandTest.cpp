@@ -96,6 +96,7 @@ TEST_F(RecurringCommandTest, aLibraryLeftAloneWakesUpRight)
     EXPECT_EQ(run("--show-recurring").output, run("recurring list").output);
     const Answer dry = run("recurring run --dry-run");
     EXPECT_THAT(dry.output, HasSubstr("-01  Acme    Support {month_year}"));
+    EXPECT_THAT(dry.output, HasSubstr("-001  "));
     EXPECT_EQ(invoices(), 0);
     const Answer made = run("recurring run");
     EXPECT_EQ(made.status, 0) << made.output;
@@ -116,7 +117,7 @@ TEST_F(RecurringCommandTest, skipsWhatPassedInAPauseUnlessAsked)
     EXPECT_THAT(run("recurring run --dry-run --output json").output, HasSubstr("\"is_complete\": true"));
     EXPECT_EQ(run("recurring pause support").status, 0);
     EXPECT_THAT(run("recurring resume support").output,
-                HasSubstr("dates that passed were skipped. The next invoice is"));
+                HasSubstr("dates that passed were skipped.\nSchedule:       Every month on the 1st\n"));
     EXPECT_EQ(run("recurring pause nobody").output,
               "There's no recurring invoice “nobody”. “quillary recurring” lists them.\n");
     inLibrary([this](Context& context) { addTemplate(context, "Support plus", {}); });
@@ -125,13 +126,64 @@ TEST_F(RecurringCommandTest, skipsWhatPassedInAPauseUnlessAsked)
     EXPECT_THAT(unclear.output, HasSubstr("fits several recurring invoices. Which one? "));
 }
 
+TEST_F(RecurringCommandTest, makesChangesAndDeletesTemplates)
+{
+    EXPECT_EQ(run("recurring delete support").output,
+              "“Support {month_year}” is deleted. The invoices that were made from it stay.\n");
+    const Answer model =
+        run("call create_document --kind invoice --client Acme --issue-date 2199-01-31 --title Hosting "
+            "--add-lines '[{\"title\": \"Hosting\", \"unit_price\": 50}]'");
+    ASSERT_EQ(model.status, 0) << model.output;
+    struct Case
+    {
+        std::string arguments;
+        int status;
+        std::string_view told;
+    };
+    const Case cases[] = {
+        {"create INV-2199-001 --count 12 --title 'Hosting {year}'",
+         0,
+         "“Hosting {year}” was made from Invoice INV-2199-001.\n"
+         "Schedule:       Every month on the 31st, 0 of 12 made\n"
+         "State:          Active\n"
+         "Invoices:       drafts\n"
+         "Service period: No service period\n"
+         "Next dates:     2199-02-28, 2199-03-31, 2199-04-30, 2199-05-31, 2199-06-30\n"},
+        {"create INV-2199-001 --unit week --day 3", 1, "A schedule of weeks has no day of the month"},
+        {"create INV-2199-001 --start tomorrow", 1, "“tomorrow” is no day; write it as YYYY-MM-DD."},
+        {"create INV-2199-001 --sent --draft", 2, "--sent"},
+        {"edit hosting", 1, "Change what?"},
+        {"edit hosting --interval two", 2, "--interval"},
+        {"edit hosting --sent --service-period previous --until 2199-06-01 --output json", 0, R"("creates": "sent")"},
+        {"list --output json", 0, R"("service_period": "previous")"},
+        {"edit hosting --unit quarter --no-end --next 2199-05-31", 0, "Every quarter on the 31st\n"},
+        {"edit hosting --unit fortnight", 1, "“fortnight” is no unit; there are week, month, quarter and year."},
+        {"pause hosting --output json", 0, R"("next_dates": [)"},
+        {"delete hosting --output json", 0, R"("id": ")"},
+        {"list", 0, "There are no recurring invoices."},
+    };
+    for (const auto& [arguments, status, told] : cases) {
+        const Answer answer = run("recurring " + arguments);
+        EXPECT_EQ(answer.status, status) << arguments << ": " << answer.output;
+        EXPECT_THAT(answer.output, HasSubstr(told)) << arguments;
+    }
+}
+
 TEST_F(RecurringCommandTest, namesTheTemplateThatStandsStill)
 {
     inLibrary([this](Context& context) { addTemplate(context, "Lost", {}); });
+    const Answer dry = run("recurring run --dry-run");
+    EXPECT_EQ(dry.status, 1);
+    EXPECT_THAT(dry.output, HasSubstr("-005  "));
+    EXPECT_THAT(dry.output, HasSubstr("“Lost”: the invoice of "));
+    EXPECT_EQ(invoices(), 0);
     const Answer made = run("recurring run");
     EXPECT_EQ(made.status, 1);
     EXPECT_THAT(made.output, HasSubstr("“Lost”: the invoice of "));
     EXPECT_EQ(invoices(), 5);
+    EXPECT_EQ(run("recurring edit lost --client acme").status, 0);
+    EXPECT_EQ(run("recurring run").status, 0) << "it was mended";
+    EXPECT_EQ(invoices(), 10);
 }
 
 TEST_F(RecurringCommandTest, theServiceCatchesUpWhenItStarts)
