@@ -1,7 +1,5 @@
 #include "QuillaryCore/Foundation/Placeholders.h"
 
-#include "QuillaryCore/Foundation/Text.h"
-
 #include <algorithm>
 #include <cstddef>
 
@@ -27,7 +25,7 @@ std::string fillPlaceholders(std::string_view text,
         }
         const std::size_t end = text.substr(0, longestWord + 2).find('}');
         const std::optional<std::string> filled =
-            end == std::string_view::npos ? std::nullopt : value(lowerCasedASCII(text.substr(1, end - 1)));
+            end == std::string_view::npos ? std::nullopt : value(std::string(text.substr(1, end - 1)));
         // The brace may belong to the text; the next one may begin a word.
         result += filled.value_or("{");
         text.remove_prefix(filled ? end + 1 : 1);

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace Quillary {
@@ -56,13 +57,13 @@ EmailText EmailDraft::fill(const EmailText& text, const Values& values)
 std::vector<std::string> EmailDraft::unfilled(const EmailText& text, const Values& values)
 {
     std::vector<std::string> result;
+    std::set<std::string> known;
     const auto note = [&](const std::string& word) -> std::optional<std::string> {
-        std::string token = "{" + word + "}";
         if (word.empty() || word.find_first_of("{ \t\n") != std::string::npos) {
             return std::nullopt;
         }
-        if (!valueOf(word, values) && std::ranges::find(result, token) == result.end()) {
-            result.push_back(std::move(token));
+        if (!valueOf(word, values) && known.insert(lowerCasedASCII(word)).second) {
+            result.push_back("{" + word + "}");
         }
         return std::string();
     };

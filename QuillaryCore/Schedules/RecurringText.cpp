@@ -1,6 +1,7 @@
 #include "QuillaryCore/Schedules/RecurringText.h"
 
 #include "QuillaryCore/Foundation/Placeholders.h"
+#include "QuillaryCore/Foundation/Text.h"
 
 #include <fmt/format.h>
 #include <unicode/datefmt.h>
@@ -82,7 +83,9 @@ RecurringText::Filler::~Filler() = default;
 std::string
 RecurringText::Filler::fill(std::string_view text, CalendarDate issueDate, const ServicePeriod& period) const
 {
-    return fillPlaceholders(text, [&](std::string_view word) -> std::optional<std::string> {
+    return fillPlaceholders(text, [&](const std::string& written) -> std::optional<std::string> {
+        const std::string lowerCased = lowerCasedASCII(written);
+        std::string_view word = lowerCased;
         if (word == "invoice_date") {
             return m_locale.formatDate(issueDate);
         }

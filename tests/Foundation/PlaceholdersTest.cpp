@@ -11,10 +11,10 @@ namespace {
 TEST(PlaceholdersTest, fillsKnownWordsAndLeavesTheRest)
 {
     const auto value = [](const std::string& word) -> std::optional<std::string> {
-        return word == "month" ? std::optional<std::string>("{year}") : std::nullopt;
+        return word == "month" || word == "Month" ? std::optional<std::string>("{year}") : std::nullopt;
     };
     const std::pair<std::string, std::string> cases[] = {
-        {"Rent {month}, {Month}", "Rent {year}, {year}"}, // what was filled in is not filled in again
+        {"Rent {month}, {Month} {MONTH}", "Rent {year}, {year} {MONTH}"}, // what was filled in is not filled in again
         {"{unknown} {month}", "{unknown} {year}"},
         {"{{month}}", "{{year}}"},
         {"{month", "{month"},

@@ -107,8 +107,8 @@ TEST_F(EmailDraftTest, trimsTheSubjectAndLeavesTheBody)
 {
     const EmailDraft::Values values = {{EmailPlaceholder::title, " "}, {EmailPlaceholder::number, "7"}};
     EXPECT_EQ(EmailDraft::fill(EmailText{" {title}\n", " {number}\n"}, values), (EmailText{"", " 7\n"}));
-    EXPECT_THAT(EmailDraft::unfilled({"{Title} {date} {foo}", "{foo} {} {a b} {date {pay_by}"}, values),
-                ElementsAre("{date}", "{foo}", "{pay_by}"));
+    EXPECT_THAT(EmailDraft::unfilled({"{Title} {date} {foo}", "{FOO} {} {a b} {date {Pay_by}"}, values),
+                ElementsAre("{date}", "{foo}", "{Pay_by}"));
 }
 
 TEST_F(EmailDraftTest, takesListsOfAddressesApart)
