@@ -41,6 +41,7 @@ struct RecurringLibrary : DocumentLibrary
     [[nodiscard]] std::vector<std::string> told(const std::vector<const Document*>& invoices) const
     {
         std::vector<std::string> texts;
+        texts.reserve(invoices.size());
         for (const Document* invoice : invoices) {
             texts.push_back(invoice->number + " " + dayOf(invoice->issueDate));
         }
