@@ -15,11 +15,7 @@ namespace {
 /// Two texts with one key are the same to a person. Empty: there is nothing to compare.
 std::string key(std::string_view text)
 {
-    std::string result = folded(trimmed(text));
-    if (result.find("  ") != std::string::npos || result.find('\n') != std::string::npos) {
-        result = ImportCell::line(result);
-    }
-    return result;
+    return ImportCell::singleSpaced(folded(trimmed(text)));
 }
 
 std::string vatIDKey(std::string_view text)

@@ -101,12 +101,15 @@ std::string lines(std::string_view cell)
 
 std::string line(std::string_view cell)
 {
-    std::string text = lines(cell);
+    return singleSpaced(lines(cell));
+}
+
+std::string singleSpaced(std::string text)
+{
     if (text.find('\n') == std::string::npos && text.find("  ") == std::string::npos) {
         return text;
     }
     std::ranges::replace(text, '\n', ' ');
-    // One space between words, so that names compare.
     const auto doubled = std::ranges::unique(text, [](char left, char right) { return left == ' ' && right == ' '; });
     text.erase(doubled.begin(), doubled.end());
     return text;

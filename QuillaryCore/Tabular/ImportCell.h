@@ -13,6 +13,9 @@ namespace Quillary::ImportCell {
 /// The same with its line breaks, each a line feed.
 [[nodiscard]] std::string lines(std::string_view cell);
 
+/// One space for each run of spaces and line feeds, so that names compare.
+[[nodiscard]] std::string singleSpaced(std::string text);
+
 /// True for "4.93012E+11": what is left of a long number that a spreadsheet program took for an amount.
 [[nodiscard]] bool isShortenedNumber(std::string_view text);
 
