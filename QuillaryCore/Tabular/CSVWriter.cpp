@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 namespace Quillary::CSVWriter {
@@ -71,21 +70,18 @@ void appendDecimal(std::string& out, std::int64_t value, int digits, std::string
         appendDigits(out, magnitude);
         return;
     }
-    const std::uint64_t power = powerOfTen(digits);
-    appendDigits(out, magnitude / power);
-    std::array<char, 20> fraction; // the digits, written from the last one
-    std::uint64_t rest = magnitude % power;
-    for (auto place = static_cast<std::size_t>(digits); place > 0; --place) {
-        fraction.at(place - 1) = static_cast<char>('0' + rest % 10);
-        rest /= 10;
-    }
-    auto length = static_cast<std::size_t>(digits);
-    while (trimZeros && length > 0 && fraction[length - 1] == '0') {
-        --length;
-    }
-    if (length > 0) {
-        out += separator;
-        out.append(fraction.data(), length);
+    constexpr int mostDigits = 19; // of a power of ten in 64 bits: with more, all digits are behind the separator
+    const std::uint64_t power = powerOfTen(std::min(digits, mostDigits));
+    appendDigits(out, digits > mostDigits ? 0 : magnitude / power);
+    const std::size_t wholeEnd = out.size();
+    out += separator;
+    const std::size_t fractionBegin = out.size();
+    const fmt::format_int fraction(digits > mostDigits ? magnitude : magnitude % power);
+    out.append(static_cast<std::size_t>(digits) - fraction.size(), '0');
+    out.append(fraction.data(), fraction.size());
+    if (trimZeros) {
+        const std::size_t last = out.find_last_not_of('0');
+        out.resize(last == std::string::npos || last < fractionBegin ? wholeEnd : last + 1);
     }
 }
 

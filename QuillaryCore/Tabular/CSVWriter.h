@@ -33,7 +33,7 @@ void appendRow(std::string& text, std::span<const CSVValue> row, const CSVFormat
 [[nodiscard]] std::string field(std::string_view text, const CSVFormat& format);
 
 /// `value` × 10^-`digits` in plain digits, with exactly `digits` behind the separator, or without zeros at the end.
-/// `digits` is at most 19; below 1 there is no fraction.
+/// Below 1 digit there is no fraction.
 [[nodiscard]] std::string decimal(std::int64_t value, int digits, std::string_view separator, bool trimZeros);
 
 } // namespace Quillary::CSVWriter

@@ -88,10 +88,17 @@ TEST(CSVWriterTest, writesCells)
 
 TEST(CSVWriterTest, writesDecimals)
 {
+    constexpr std::int64_t smallest = std::numeric_limits<std::int64_t>::min();
     EXPECT_EQ(CSVWriter::decimal(-7, 3, "·", false), "-0·007");
     EXPECT_EQ(CSVWriter::decimal(100, 2, ".", true), "1");
+    EXPECT_EQ(CSVWriter::decimal(100, 2, "", true), "1"); // the whole part keeps its zeros
+    EXPECT_EQ(CSVWriter::decimal(0, 20, ".", true), "0");
     EXPECT_EQ(CSVWriter::decimal(120, -1, ".", true), "120");
-    EXPECT_EQ(CSVWriter::decimal(std::numeric_limits<std::int64_t>::min(), 19, ".", false), "-0.9223372036854775808");
+    EXPECT_EQ(CSVWriter::decimal(smallest, 18, ".", false), "-9.223372036854775808");
+    EXPECT_EQ(CSVWriter::decimal(smallest, 19, ".", false), "-0.9223372036854775808");
+    // More digits than a power of ten in 64 bits has; 10^64 is 0 there.
+    EXPECT_EQ(CSVWriter::decimal(smallest, 20, ".", false), "-0.09223372036854775808");
+    EXPECT_EQ(CSVWriter::decimal(1, 64, ".", true), "0." + std::string(63, '0') + "1");
 }
 
 TEST(CSVWriterTest, writesTables)
