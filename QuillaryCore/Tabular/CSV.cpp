@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
@@ -44,26 +45,36 @@ std::size_t lineBreakSize(std::string_view text)
     }
 }
 
+/// What a first line "sep=;" says, and how many blank rows stood below it.
+struct SeparatorLine
+{
+    char delimiter = 0;
+    std::uint32_t blankRows = 0;
+};
+
 /// Takes a first line "sep=;" away, with all line breaks behind it. No value: there is none, or it names no delimiter of
 /// ours; then the text stays whole.
-std::optional<char> takeSeparatorLine(std::string& text)
+std::optional<SeparatorLine> takeSeparatorLine(std::string& text)
 {
     constexpr std::string_view beginning = "sep=";
     constexpr std::size_t lineSize = beginning.size() + 1;
     if (text.size() < lineSize || lowerCasedASCII(std::string_view(text).substr(0, beginning.size())) != beginning) {
         return std::nullopt;
     }
-    const char delimiter = text[beginning.size()];
+    SeparatorLine line{.delimiter = text[beginning.size()]};
     std::string_view rest = std::string_view(text).substr(lineSize);
-    if (std::ranges::find(CSV::delimiters, delimiter) == CSV::delimiters.end() ||
+    if (std::ranges::find(CSV::delimiters, line.delimiter) == CSV::delimiters.end() ||
         (!rest.empty() && lineBreakSize(rest) == 0)) {
         return std::nullopt;
     }
+    std::uint32_t breaks = 0;
     for (std::size_t size = lineBreakSize(rest); size != 0; size = lineBreakSize(rest)) {
+        breaks += rest.starts_with("\r\n") ? 0 : 1; // a pair counts with its second half
         rest.remove_prefix(size);
     }
+    line.blankRows = breaks > 0 ? breaks - 1 : 0;
     text.erase(0, text.size() - rest.size());
-    return delimiter;
+    return line;
 }
 
 DecodedText decodedOrFailure(std::string data)
@@ -95,9 +106,9 @@ CSV::CSV(std::string text, Encoding encoding)
     if (text.size() > longestCSVText) {
         throw Failure(Failure::Reason::unreadable);
     }
-    const std::optional<char> named = takeSeparatorLine(text);
-    m_delimiter = named ? *named : detectDelimiter(text);
-    m_rows = parse(std::move(text), m_delimiter);
+    const std::optional<SeparatorLine> named = takeSeparatorLine(text);
+    m_delimiter = named ? named->delimiter : detectDelimiter(text);
+    m_rows = parseCSV(std::move(text), m_delimiter, named ? named->blankRows : 0);
     if (m_rows.empty()) {
         throw Failure(Failure::Reason::empty);
     }

@@ -34,10 +34,11 @@ bool isBlank(const char* begin, const char* end)
 class Parser
 {
 public:
-    Parser(std::string& text, char delimiter)
+    Parser(std::string& text, char delimiter, std::uint32_t blankRows)
         : m_text(text.data())
         , m_size(text.size())
         , m_delimiter(delimiter)
+        , m_blankCount(blankRows)
     {
         // Room for all that there can be: growing later would hold old and new side by side.
         m_cells.reserve(ByteMasks({delimiter, '\r', '\n', '\n'}).count(text) + 1);
@@ -64,8 +65,11 @@ public:
         }
     }
 
-    std::vector<CSVCell>& cells() { return m_cells; }
-    std::vector<std::uint32_t>& rowEnds() { return m_rowEnds; }
+    /// What was found; `text` is what the parser went over.
+    CSVRows rows(std::string text)
+    {
+        return {std::move(text), std::move(m_cells), std::move(m_rowEnds), std::move(m_blankRows)};
+    }
 
 private:
     void take(std::size_t position)
@@ -140,19 +144,30 @@ private:
     void endRow()
     {
         if (m_rowHasContent) {
+            noteBlankRows();
             m_rowBegin = m_cells.size();
             m_rowEnds.push_back(static_cast<std::uint32_t>(m_rowBegin));
         } else {
             m_cells.resize(m_rowBegin);
+            ++m_blankCount;
         }
         m_rowHasContent = false;
+    }
+
+    void noteBlankRows()
+    {
+        if (m_blankCount > (m_blankRows.empty() ? 0 : m_blankRows.back().count)) {
+            m_blankRows.push_back({static_cast<std::uint32_t>(m_rowEnds.size()), m_blankCount});
+        }
     }
 
     char* m_text;
     std::size_t m_size;
     char m_delimiter;
+    std::uint32_t m_blankCount;
     std::vector<CSVCell> m_cells;
     std::vector<std::uint32_t> m_rowEnds;
+    std::vector<CSVBlankRows> m_blankRows;
     std::size_t m_begin = 0;   ///< of the field
     std::size_t m_end = 0;     ///< of what the field holds so far
     std::size_t m_pending = 0; ///< of what belongs to the field and isn't added to it yet
@@ -164,13 +179,13 @@ private:
 
 } // namespace
 
-CSVRows parseCSV(std::string text, char delimiter)
+CSVRows parseCSV(std::string text, char delimiter, std::uint32_t blankRows)
 {
     precondition(text.size() <= longestCSVText, "a CSV text is shorter than 4 GiB");
     precondition(delimiter != '"' && delimiter != '\r' && delimiter != '\n', "a delimiter is no quote or line break");
-    Parser parser(text, delimiter);
+    Parser parser(text, delimiter, blankRows);
     parser.run();
-    return {std::move(text), std::move(parser.cells()), std::move(parser.rowEnds())};
+    return parser.rows(std::move(text));
 }
 
 } // namespace Quillary

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -16,6 +17,13 @@ struct CSVCell
 {
     std::uint32_t begin = 0;
     std::uint32_t size = 0;
+};
+
+/// Rows without content, which a table leaves out and a spreadsheet shows.
+struct CSVBlankRows
+{
+    std::uint32_t before = 0; ///< the row that they stand above
+    std::uint32_t count = 0;  ///< of all blank rows up to there
 };
 
 /// Walks over what `Sequence` gives for 0, 1, 2 ...
@@ -101,11 +109,15 @@ public:
 
     CSVRows() = default;
 
-    /// `rowEnds` are the numbers of cells up to the end of each row.
-    CSVRows(std::string text, std::vector<CSVCell> cells, std::vector<std::uint32_t> rowEnds)
+    /// `rowEnds` are the numbers of cells up to the end of each row; `blankRows` stand in the order of the rows.
+    CSVRows(std::string text,
+            std::vector<CSVCell> cells,
+            std::vector<std::uint32_t> rowEnds,
+            std::vector<CSVBlankRows> blankRows)
         : m_text(std::move(text))
         , m_cells(std::move(cells))
         , m_rowEnds(std::move(rowEnds))
+        , m_blankRows(std::move(blankRows))
     {
     }
 
@@ -119,6 +131,14 @@ public:
         return {m_text.data(), std::span(m_cells).subspan(begin, m_rowEnds[index] - begin)};
     }
 
+    /// The number that a spreadsheet shows beside a row: from 1, counting blank rows, and a row whose cells hold line
+    /// breaks once. A line "sep=;" is none. `index` is below `size()`.
+    [[nodiscard]] std::size_t number(std::size_t index) const
+    {
+        const auto next = std::ranges::upper_bound(m_blankRows, index, {}, &CSVBlankRows::before);
+        return index + 1 + (next == m_blankRows.begin() ? 0 : std::prev(next)->count);
+    }
+
     [[nodiscard]] CSVIterator<CSVRows> begin() const { return {this, 0}; }
     [[nodiscard]] CSVIterator<CSVRows> end() const { return {this, size()}; }
 
@@ -126,6 +146,7 @@ private:
     std::string m_text;
     std::vector<CSVCell> m_cells;
     std::vector<std::uint32_t> m_rowEnds;
+    std::vector<CSVBlankRows> m_blankRows; ///< empty for most files
 };
 
 } // namespace Quillary

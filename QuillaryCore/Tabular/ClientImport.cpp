@@ -85,7 +85,8 @@ ClientImport::ClientImport(const CSVRows& rows, ImportColumns columns, Context* 
     const std::size_t first = std::min(m_reader.columns().firstRow(), rows.size());
     m_rows.reserve(rows.size() - first);
     for (std::size_t i = first; i < rows.size(); ++i) {
-        m_rows.push_back({.number = i + 1, .status = ImportStatus::empty, .read = m_reader.read(rows[i]), .match = {}});
+        m_rows.push_back(
+            {.number = rows.number(i), .status = ImportStatus::empty, .read = m_reader.read(rows[i]), .match = {}});
         judge(m_rows.back());
         report(progress, m_rows.size(), rows.size() - first);
     }

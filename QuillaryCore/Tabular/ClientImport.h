@@ -33,7 +33,7 @@ class ClientImport
 public:
     struct Row
     {
-        std::size_t number = 0; ///< counted from 1 among the rows of the file that aren't blank
+        std::size_t number = 0; ///< as a spreadsheet shows it, see `CSVRows::number`
         ImportStatus status = ImportStatus::empty;
         ReadClient read;                           ///< a new client's number is filled in when it is imported
         std::optional<ClientMatcher::Match> match; ///< of a duplicate

@@ -26,6 +26,15 @@ Table tableOf(const CSVRows& rows)
     return result;
 }
 
+std::vector<std::size_t> numbersOf(const CSVRows& rows)
+{
+    std::vector<std::size_t> result;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        result.push_back(rows.number(i));
+    }
+    return result;
+}
+
 /// The rules once more, one character after the other and with a copy of each cell: slow, and close to how one would tell
 /// them.
 class SlowReader
@@ -63,6 +72,8 @@ public:
         return m_table;
     }
 
+    [[nodiscard]] const std::vector<std::size_t>& numbers() const { return m_numbers; }
+
 private:
     void readQuoted(char byte)
     {
@@ -84,9 +95,11 @@ private:
     void endRow()
     {
         endField();
+        ++m_rowNumber;
         for (const std::string& cell : m_row) {
             if (!cell.empty()) {
                 m_table.push_back(m_row);
+                m_numbers.push_back(m_rowNumber);
                 break;
             }
         }
@@ -97,6 +110,8 @@ private:
     std::string m_field;
     std::vector<std::string> m_row;
     Table m_table;
+    std::vector<std::size_t> m_numbers;
+    std::size_t m_rowNumber = 0;
     bool m_isQuoted = false;
 };
 
@@ -146,7 +161,10 @@ TEST(CSVParserTest, agreesWithASlowReader)
             byte = alphabet[std::uniform_int_distribution<std::size_t>(0, alphabet.size() - 1)(random)];
         }
         const char delimiter = round % 2 == 0 ? ',' : '\t';
-        ASSERT_EQ(tableOf(parseCSV(text, delimiter)), SlowReader(delimiter).read(text)) << text;
+        SlowReader reader(delimiter);
+        const CSVRows rows = parseCSV(text, delimiter);
+        ASSERT_EQ(tableOf(rows), reader.read(text)) << text;
+        ASSERT_EQ(numbersOf(rows), reader.numbers()) << text;
     }
 }
 

@@ -113,20 +113,22 @@ TEST(CSVTest, heedsALineThatNamesTheSeparator)
         std::string text;
         char delimiter;
         std::string rows;
+        std::size_t firstNumber = 1; ///< of the rows, as a spreadsheet counts
     };
     const Case cases[] = {
         {"sep=;\na,b,c;d", ';', "[a,b,c][d]"},
-        {"SEP=|\r\n\r\n\na,b|d", '|', "[a,b][d]"},
+        {"SEP=|\r\n\r\n\na,b|d", '|', "[a,b][d]", 3},
         {"sep=\t\ra,b\td", '\t', "[a,b][d]"},
         {"sep=:\na;b", ';', "[sep=:] [a][b]"}, // none of ours: a row like any other
         {"sep=;;\na,b,c\nd,e,f", ',', "[sep=;;] [a][b][c] [d][e][f]"},
         {"sep=; \na,b\nd,e", ',', "[sep=;] [a][b] [d][e]"},
-        {"\nsep=;\na,b\nc,d", ',', "[sep=;] [a][b] [c][d]"}, // not the first line
+        {"\nsep=;\na,b\nc,d", ',', "[sep=;] [a][b] [c][d]", 2}, // not the first line
     };
     for (const Case& file : cases) {
         const CSV csv(file.text, CSV::Encoding::utf8);
         EXPECT_EQ(csv.delimiter(), file.delimiter) << file.text;
         EXPECT_EQ(shown(csv.rows()), file.rows);
+        EXPECT_EQ(csv.rows().number(0), file.firstNumber) << file.text;
     }
 }
 

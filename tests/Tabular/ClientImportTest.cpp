@@ -62,14 +62,14 @@ TEST_F(ClientImportTest, tellsNewFromKnown)
         {";Acme;info@mueller.EXAMPLE;", "duplicate: Has the same email address as “Müller  Söhne” in the library."},
         {"X-1;MULLER SOHNE;;", "duplicate: Has the same name as “Müller  Söhne” in the library."},
         {"X-1;Acme;a@acme.example;", "new"},
-        {";;;", "none"}, // a blank row is no row
+        {";;;", "none"}, // a blank row is no row, and counts as in a spreadsheet
         {"X-2;;;", "empty"},
         {"X-1;Other;;", "duplicate: Has the same number as “Acme” in row 6."},
         {";Café Acme;A@acme.example;", "duplicate: Has the same email address as “Acme” in row 6."},
         {";Acme;;", "duplicate: Has the same name as “Acme” in row 6."},
         {"X-3;ACME;;", "new Row 6 has the same name and another number."},
         {";;info@new.example;", "new There is no name; the email address stands for it."},
-        {";Beta;INFO@new.example;", "duplicate: Has the same email address as “info@new.example” in row 12."},
+        {";Beta;INFO@new.example;", "duplicate: Has the same email address as “info@new.example” in row 13."},
     };
     std::string text = "Number;Name;Email;VAT ID\n";
     for (const auto& [row, expected] : cases) {
