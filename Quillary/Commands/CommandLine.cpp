@@ -25,12 +25,15 @@
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -95,6 +98,28 @@ CommandList makeCommands(CLI::App& app)
     return commands;
 }
 
+/// What the core advises in the names of tools, such as “find_documents lists them”, as somebody at a shell can type it.
+/// A name that the user wrote stands in quotation marks and stays.
+std::string asTyped(const std::string& sentence)
+{
+    constexpr std::string_view nameCharacters = "abcdefghijklmnopqrstuvwxyz_";
+    std::string result;
+    std::size_t position = 0;
+    while (position < sentence.size()) {
+        const std::size_t begin = std::min(sentence.find_first_of(nameCharacters, position), sentence.size());
+        const std::size_t end = std::min(sentence.find_first_not_of(nameCharacters, begin), sentence.size());
+        result.append(sentence, position, begin - position);
+        const std::string word = sentence.substr(begin, end - begin);
+        if (ToolCatalogue::find(word) == nullptr || result.ends_with("“")) {
+            result += word;
+        } else {
+            result += word == "find_documents" ? "`quillary document list`" : fmt::format("`quillary call {}`", word);
+        }
+        position = end;
+    }
+    return result;
+}
+
 int run(const CommandList& commands, const Flags& flags, const CLI::App& app)
 {
     if (flags.buildInfo) {
@@ -116,8 +141,13 @@ int run(const CommandList& commands, const Flags& flags, const CLI::App& app)
         .environment = environment,
     };
     for (const auto& command : commands) {
-        if (command->wasGiven()) {
+        if (!command->wasGiven()) {
+            continue;
+        }
+        try {
             return command->run(setting);
+        } catch (const UserError& error) {
+            throw UserError(asTyped(error.message()));
         }
     }
     fmt::print("{}", app.help());

@@ -4,7 +4,6 @@
 #include "Quillary/Commands/RecordLookup.h"
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Tools/Arguments.h"
-#include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
@@ -16,23 +15,6 @@
 #include <cstdio>
 
 namespace Quillary {
-
-namespace {
-
-/// The same sentence for somebody at a terminal, who has commands where an assistant has tools.
-template <class Look>
-auto& asCommand(const Look& look)
-{
-    try {
-        return look();
-    } catch (const UserError& error) {
-        std::string sentence = replacing(error.message(), "find_documents lists", "`quillary document list` lists");
-        sentence = replacing(sentence, "find_clients lists", "`quillary call find_clients` lists");
-        throw UserError(replacing(sentence, "create_client adds", "`quillary call create_client` adds"));
-    }
-}
-
-} // namespace
 
 CommandSession::CommandSession(const CommandSetting& setting)
     : m_library(setting.library, setting.environment)
@@ -78,12 +60,12 @@ Instant CommandSession::day(const std::string& typed) const
 
 const Document& CommandSession::document(std::string_view asked)
 {
-    return asCommand([&]() -> const Document& { return Lookup::document(m_environment, asked); });
+    return Lookup::document(m_environment, asked);
 }
 
 const Client& CommandSession::client(std::string_view asked)
 {
-    return asCommand([&]() -> const Client& { return Lookup::client(m_environment, asked); });
+    return Lookup::client(m_environment, asked);
 }
 
 const Project& CommandSession::project(std::string_view asked)

@@ -69,6 +69,8 @@ TEST_F(DocumentCommandTest, followsAQuoteToItsCreditNote)
               "declined, reopen.\n");
     EXPECT_EQ(refusal("document show 7"),
               "There's no document with the id or number “7”. `quillary document list` lists them.\n");
+    EXPECT_EQ(refusal("document show find_documents"), // what the user wrote stays
+              "There's no document with the id or number “find_documents”. `quillary document list` lists them.\n");
 }
 
 TEST_F(DocumentCommandTest, listsInColumnsWhatIsAskedFor)

@@ -127,7 +127,7 @@ TEST_F(LettersCommandTest, recordsNothingWhenALetterCantBeWritten)
         {"remind INV-2024-001 --again --pdf out", "No reminder of Invoice INV-2024-001"},
         {"remind INV-2024-001 --undo", "No reminder of Invoice INV-2024-001"},
         {"remind INV-2024-001 --again", "Where to?"},
-        {"remind 9", "There's no document with the id or number “9”."},
+        {"remind 9", "There's no document with the id or number “9”. `quillary document list` lists them."},
         {"email INV-2024-001 --mail nowhere", "nowhere"},
     };
     for (const Case& row : cases) {
