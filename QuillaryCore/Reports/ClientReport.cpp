@@ -2,7 +2,6 @@
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Reports/ClientRows.h"
-#include "QuillaryCore/Reports/KeyRuns.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Store/Context.h"
 
@@ -15,9 +14,6 @@ namespace {
 
 using ReportData::PaidDocument;
 using Row = ClientReport::Row;
-
-/// How many documents may lie unread between two with payments.
-constexpr std::int64_t reach = 16;
 
 void merge(Row& row, const Row& other)
 {
@@ -56,26 +52,15 @@ public:
 
     void addPayments()
     {
-        const std::vector<PaidDocument> paid = ReportData::paidDocuments(m_context, m_range);
-        std::vector<std::int64_t> keys(paid.size());
-        std::ranges::transform(paid, keys.begin(), &PaidDocument::document);
-        auto next = paid.cbegin();
-        const auto add = [&](const Statement& statement) {
-            const std::int64_t key = statement.integer(0);
-            next = std::find_if(next, paid.cend(), [key](const PaidDocument& one) { return one.document >= key; });
-            if (next != paid.cend() && next->document == key) {
-                Row& row = m_rows.of(statement.integer(1));
-                row.paid = checkedAdd(row.paid, next->amount);
-            }
-        };
-        forEachRun(keys, reach, [&](std::int64_t first, std::int64_t last) {
-            m_context.query("SELECT id, client FROM Document WHERE id BETWEEN ?1 AND ?2 AND kindRaw = 0 "
-                            "AND statusRaw IN (1, 2, 3, 4) AND currencyCode = ?3 ORDER BY id",
-                            add,
-                            first,
-                            last,
-                            m_currencyCode);
-        });
+        ReportData::forEachPaid(m_context,
+                                ReportData::paidDocuments(m_context, m_range),
+                                "SELECT id, client FROM Document WHERE id BETWEEN ?1 AND ?2 AND kindRaw = 0 "
+                                "AND statusRaw IN (1, 2, 3, 4) AND currencyCode = ?3 ORDER BY id",
+                                m_currencyCode,
+                                [this](const Statement& statement, const PaidDocument& paid) {
+                                    Row& row = m_rows.of(statement.integer(1));
+                                    row.paid = checkedAdd(row.paid, paid.amount);
+                                });
     }
 
     void addOpen()

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Reports/KeyRuns.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryCore/Store/StoreError.h"
@@ -116,6 +117,28 @@ std::vector<PaidDocument> paidDocuments(Context& context, const DateRange& range
         document.lastPayment = row.date;
     }
     return documents;
+}
+
+void forEachPaid(Context& context,
+                 const std::vector<PaidDocument>& paid,
+                 std::string_view sql,
+                 std::string_view currencyCode,
+                 const std::function<void(const Statement&, const PaidDocument&)>& visit)
+{
+    constexpr std::int64_t reach = 16; // documents that may lie unread between two with payments
+    std::vector<std::int64_t> keys(paid.size());
+    std::ranges::transform(paid, keys.begin(), &PaidDocument::document);
+    auto next = paid.cbegin();
+    const auto match = [&](const Statement& row) {
+        const std::int64_t key = row.integer(0);
+        next = std::find_if(next, paid.cend(), [key](const PaidDocument& one) { return one.document >= key; });
+        if (next != paid.cend() && next->document == key) {
+            visit(row, *next);
+        }
+    };
+    forEachRun(keys, reach, [&](std::int64_t first, std::int64_t last) {
+        context.query(sql, match, first, last, currencyCode);
+    });
 }
 
 void forEachOpenInvoice(Context& context,

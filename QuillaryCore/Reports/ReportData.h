@@ -47,6 +47,15 @@ struct PaidDocument
 /// Throws: `StoreError`.
 [[nodiscard]] std::vector<PaidDocument> paidDocuments(Context& context, const DateRange& range);
 
+/// Visits rows of paid documents, each with what came in on it. `sql` selects documents in the order of their keys, the
+/// key first, by three values: the first and last key of a run of paid documents, and the currency. A run may hold others
+/// too; they are passed over. Throws: `StoreError`.
+void forEachPaid(Context& context,
+                 const std::vector<PaidDocument>& paid,
+                 std::string_view sql,
+                 std::string_view currencyCode,
+                 const std::function<void(const Statement& row, const PaidDocument& document)>& visit);
+
 /// An invoice that was sent and on which something is owed.
 struct OpenInvoice
 {

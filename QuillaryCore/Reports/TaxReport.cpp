@@ -3,7 +3,6 @@
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Reports/ClientNames.h"
 #include "QuillaryCore/Reports/DocumentTotals.h"
-#include "QuillaryCore/Reports/KeyRuns.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Store/Context.h"
 
@@ -19,9 +18,6 @@ namespace Quillary {
 namespace {
 
 using ReportData::PaidDocument;
-
-/// How many documents may lie unread between two with payments.
-constexpr std::int64_t reach = 16;
 
 /// What an invoice was paid within the period, of its total.
 struct Proportion
@@ -111,29 +107,17 @@ private:
     {
         std::vector<PaidDocument> paid = ReportData::paidDocuments(m_context, m_range);
         std::erase_if(paid, [](const PaidDocument& document) { return document.amount == 0; });
-        std::vector<std::int64_t> keys(paid.size());
-        std::ranges::transform(paid, keys.begin(), &PaidDocument::document);
-        auto next = paid.cbegin();
-        const auto take = [&](const Statement& row) {
-            const std::int64_t key = row.integer(0);
-            next = std::find_if(next, paid.cend(), [key](const PaidDocument& one) { return one.document >= key; });
-            const std::int64_t total = row.integer(6);
-            if (next == paid.cend() || next->document != key || total == 0) {
-                return;
-            }
-            Candidate& read = m_candidates.emplace_back(candidate(row));
-            read.proportion = Proportion{next->amount, total};
-            read.entry.date = next->lastPayment;
-        };
-        forEachRun(keys, reach, [&](std::int64_t first, std::int64_t last) {
-            m_context.query("SELECT id, uuid, number, issueDate, taxExempt, client, cachedTotalMinorUnits "
-                            "FROM Document WHERE id BETWEEN ?1 AND ?2 AND kindRaw = 0 AND currencyCode = ?3 "
-                            "ORDER BY id",
-                            take,
-                            first,
-                            last,
-                            m_currencyCode);
-        });
+        ReportData::forEachPaid(m_context,
+                                paid,
+                                "SELECT id, uuid, number, issueDate, taxExempt, client, cachedTotalMinorUnits "
+                                "FROM Document WHERE id BETWEEN ?1 AND ?2 AND kindRaw = 0 AND currencyCode = ?3 "
+                                "AND cachedTotalMinorUnits <> 0 ORDER BY id",
+                                m_currencyCode,
+                                [this](const Statement& row, const PaidDocument& document) {
+                                    Candidate& read = m_candidates.emplace_back(candidate(row));
+                                    read.proportion = Proportion{document.amount, row.integer(6)};
+                                    read.entry.date = document.lastPayment;
+                                });
     }
 
     void findRefundedCreditNotes()
