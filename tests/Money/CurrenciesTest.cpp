@@ -36,15 +36,10 @@ TEST(CurrenciesTest, digitsAreThoseOfThePOSIXCurrencyFormat)
     EXPECT_GT(count, 250);
 }
 
-TEST(CurrenciesTest, digitsOfSomeCurrencies)
+TEST(CurrenciesTest, digitsOfAnyCode)
 {
     const std::pair<std::string_view, int> cases[] = {
-        {"EUR", 2},
-        {"USD", 2},
-        {"JPY", 0},
-        {"KRW", 0},
         {"KWD", 3},
-        {"TND", 3},
         {"CLF", 4},
         {"jpy", 0},
         {"QQQ", 2}, // unknown codes count like most

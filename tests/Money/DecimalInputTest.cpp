@@ -100,33 +100,14 @@ TEST(DecimalInputTest, readsEveryStyle)
 
 TEST(DecimalInputTest, refusesWhatIsNoNumber)
 {
-    const std::string_view cases[] = {
-        "",
-        "abc",
-        "€",
-        ".",
-        ",",
-        "-",
-        "-.",
-        "--5", // one minus is a sign
-        "12a4",
-        "1-2",
-        "1e5",       // no exponents
-        "1.234,5,6", // more than one decimal mark
-        "1,2.3.4",
-        "1/2",
-        "1+2",
-        "0x1F",
-        "1\xFF,2",
-        "²",
-    };
     const Locale locale("en_US");
-    for (const std::string_view text : cases) {
+    // One minus is a sign; there are no exponents, and one decimal mark.
+    for (const std::string_view text :
+         {"",    "abc",       "€",       ".",   ",",   "-",    "-.",      "--5", "12a4", "1-2",
+          "1e5", "1.234,5,6", "1,2.3.4", "1/2", "1+2", "0x1F", "1\xFF,2", "²",   "..",   ".,"}) {
         EXPECT_EQ(read(text, locale), "none") << text;
     }
     EXPECT_EQ(read("5-", locale), "5"); // what follows the number is dropped like a currency sign
-    EXPECT_EQ(read("..", locale), "none");
-    EXPECT_EQ(read(".,", locale), "none");
 }
 
 TEST(DecimalInputTest, longTextsStayExact)
