@@ -1,5 +1,6 @@
 #include "QuillaryCore/Model/Units.h"
 
+#include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/CustomUnit.h"
 #include "tests/Model/TestLibrary.h"
@@ -49,24 +50,10 @@ TEST(BuiltInUnitsTest, haveWordsInEveryLanguage)
             EXPECT_EQ(isCapital, language == DocumentLanguage::german) << unit.code << " " << words.singular;
         }
     }
-    for (const std::string_view needed : {"hour",
-                                          "day",
-                                          "week",
-                                          "month",
-                                          "year",
-                                          "minute",
-                                          "piece",
-                                          "flatRate",
-                                          "page",
-                                          "word",
-                                          "kilogram",
-                                          "litre",
-                                          "metre",
-                                          "squareMetre",
-                                          "kilometre",
-                                          "set",
-                                          "night",
-                                          "person"}) {
+    for (const std::string_view needed :
+         split("hour day week month year minute piece flatRate page word kilogram litre "
+               "metre squareMetre kilometre set night person",
+               ' ')) {
         EXPECT_TRUE(codes.contains(needed)) << needed;
     }
 }
