@@ -1,5 +1,7 @@
 #include "QuillaryCore/Foundation/Calendar.h"
 
+#include "QuillaryCore/Foundation/Text.h"
+
 #include <gtest/gtest.h>
 #include <unicode/gregocal.h>
 #include <unicode/timezone.h>
@@ -10,6 +12,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Quillary {
 
@@ -127,15 +130,10 @@ TEST(CalendarTest, findsTheInstantOfATimeOnTheWall)
 
 TEST(CalendarTest, aStoredDayStaysThatDayWhereverTheLibraryIsOpened)
 {
-    const std::string_view zones[] = {"Pacific/Honolulu",
-                                      "America/Los_Angeles",
-                                      "America/New_York",
-                                      "UTC",
-                                      "Europe/Berlin",
-                                      "Asia/Kolkata",
-                                      "Asia/Tokyo",
-                                      "Pacific/Auckland",
-                                      "Pacific/Chatham"};
+    const std::vector<std::string_view> zones =
+        split("Pacific/Honolulu America/Los_Angeles America/New_York UTC Europe/Berlin Asia/Kolkata Asia/Tokyo "
+              "Pacific/Auckland Pacific/Chatham",
+              ' ');
     for (const std::string_view day : {"2025-01-01", "2025-03-30", "2025-07-15", "2025-12-31"}) {
         for (const std::string_view from : zones) {
             const Instant stored = Calendar(from).storedDay(date(day));

@@ -36,34 +36,13 @@ std::string decimalText(std::int64_t unscaled, int scale)
     return std::to_string(unscaled) + "E-" + std::to_string(scale);
 }
 
-constexpr std::int64_t amounts[] = {
-    0,
-    1,
-    -1,
-    5,
-    -99,
-    100,
-    999,
-    -1000,
-    1234,
-    9999,
-    -10000,
-    99999,
-    100000,
-    -123456,
-    999999,
-    1000000,
-    -1234567,
-    12345678,
-    123456789,
-    -1234567890,
-    12345678901,
-    -999999999,
-    98765432109,
-    900000000000000,
-    std::numeric_limits<std::int64_t>::max(),
-    std::numeric_limits<std::int64_t>::min(),
-};
+constexpr auto largest = std::numeric_limits<std::int64_t>::max();
+constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t amounts[] = {0,         1,           -1,          5,          -99,         100,
+                                    999,       -1000,       1234,        9999,       -10000,      99999,
+                                    100000,    -123456,     999999,      1000000,    -1234567,    12345678,
+                                    123456789, -1234567890, 12345678901, -999999999, 98765432109, 900000000000000,
+                                    largest,   smallest};
 
 /// The locale's currency format; by default it ignores how many digits a locale wants to see before it groups.
 std::unique_ptr<icu::DecimalFormat> currencyFormat(const icu::Locale& locale, const char* code, int digits)
