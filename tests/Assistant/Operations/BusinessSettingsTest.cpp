@@ -1,6 +1,7 @@
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
+#include "QuillaryCore/Foundation/Text.h"
 #include "tests/Assistant/AssistantLibrary.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 namespace Quillary {
@@ -16,20 +18,10 @@ namespace {
 class BusinessSettingsTest : public testing::Test
 {
 protected:
-    AssistantEnvironment environment()
-    {
-        return {.context = library.context,
-                .business = library.business,
-                .assistantName = {},
-                .clock = library.clock,
-                .calendar = library.calendar,
-                .locale = Locale("en_DE")};
-    }
-
     /// Sets a value and gives what is shown of it then, or the sentence that refuses it.
     std::string set(std::string_view name, std::string_view typed)
     {
-        const AssistantEnvironment current = environment();
+        const AssistantEnvironment current = library.environment();
         auto scope = library.context.beginScope("Settings");
         try {
             BusinessSettings::set(current, name, typed);
@@ -46,21 +38,15 @@ protected:
 TEST_F(BusinessSettingsTest, namesEveryAttributeOfTheModelOnce)
 {
     std::set<std::string> names;
-    for (const BusinessSettings::Entry& entry : BusinessSettings::all(environment())) {
+    for (const BusinessSettings::Entry& entry : BusinessSettings::all(library.environment())) {
         EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
         EXPECT_EQ(BusinessSettings::nameOf(entry.name), entry.name);
     }
     EXPECT_EQ(names.size(), std::tuple_size_v<decltype(Business::fields())> - 2); // without uuid and createdAt
-    for (const char* name : {"country",
-                             "vat_id",
-                             "show_payment_qr_code",
-                             "late_fee",
-                             "late_fee_percent",
-                             "hourly_rate",
-                             "tax_label",
-                             "accent_color",
-                             "upi_id"}) {
-        EXPECT_TRUE(names.contains(name)) << name;
+    for (const std::string_view name : split(
+             "country vat_id show_payment_qr_code late_fee late_fee_percent hourly_rate tax_label accent_color upi_id",
+             ' ')) {
+        EXPECT_TRUE(names.contains(std::string(name))) << name;
     }
     EXPECT_EQ(BusinessSettings::nameOf("Show-Payment-QR-Code"), "show_payment_qr_code");
     EXPECT_EQ(BusinessSettings::nameOf("hourlyRateMinorUnits"), "hourly_rate");
@@ -120,11 +106,11 @@ TEST_F(BusinessSettingsTest, checksWhatIsTyped)
 
 TEST_F(BusinessSettingsTest, showsWhatAPatternMakesNow)
 {
-    EXPECT_EQ(BusinessSettings::entry(environment(), "invoice_number_format").note, "next: INV-2026-001");
+    EXPECT_EQ(BusinessSettings::entry(library.environment(), "invoice_number_format").note, "next: INV-2026-001");
     set("invoice_number_format", "{client}-{###,c}");
-    EXPECT_EQ(BusinessSettings::entry(environment(), "invoice_number_format").note, "next: C-0001-001");
+    EXPECT_EQ(BusinessSettings::entry(library.environment(), "invoice_number_format").note, "next: C-0001-001");
     set("file_name_format", "{number} {title}");
-    EXPECT_EQ(BusinessSettings::entry(environment(), "file_name_format").note, "example: 2026-001 Website.pdf");
+    EXPECT_EQ(BusinessSettings::entry(library.environment(), "file_name_format").note, "example: 2026-001 Website.pdf");
 }
 
 } // namespace

@@ -20,21 +20,11 @@ namespace {
 class RecordFieldsTest : public testing::Test
 {
 protected:
-    AssistantEnvironment environment()
-    {
-        return {.context = library.context,
-                .business = library.business,
-                .assistantName = {},
-                .clock = library.clock,
-                .calendar = library.calendar,
-                .locale = Locale("en_DE")};
-    }
-
     template <class Record>
     Record& add(std::string_view json)
     {
         const JSON given = *JSON::parse(json);
-        return addRecord<Record>(environment(), Arguments(given));
+        return addRecord<Record>(library.environment(), Arguments(given));
     }
 
     template <class Record>
@@ -71,7 +61,7 @@ TEST_F(RecordFieldsTest, fillsAndChecksProducts)
     for (const auto& [json, sentence] : cases) {
         EXPECT_EQ(refusal<CatalogItem>(json), sentence);
     }
-    removeRecord(environment(), crate);
+    removeRecord(library.environment(), crate);
     EXPECT_EQ(item.unit, "") << "nothing is counted in a unit that is gone";
 }
 
@@ -90,11 +80,11 @@ TEST_F(RecordFieldsTest, changesProjectsAndTexts)
 {
     const Project& project = add<Project>(R"({"name": "Website"})");
     const JSON archived = *JSON::parse(R"({"archived": true})");
-    editRecord(environment(), Arguments(archived), project);
+    editRecord(library.environment(), Arguments(archived), project);
     EXPECT_TRUE(project.isArchived);
     EXPECT_EQ(project.name, "Website");
     const JSON nameless = *JSON::parse(R"({"name": ""})");
-    EXPECT_THROW(editRecord(environment(), Arguments(nameless), project), AssistantError);
+    EXPECT_THROW(editRecord(library.environment(), Arguments(nameless), project), AssistantError);
 
     EXPECT_EQ(add<TextPreset>(R"({"title": "Thanks", "kind": "Outro", "text": "Thank you.\nBye"})").kindRaw, 1);
     EXPECT_EQ(refusal<TextPreset>(R"({"title": "X", "kind": "middle"})"), "“kind” must be intro or outro.");
