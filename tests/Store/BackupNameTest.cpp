@@ -1,5 +1,7 @@
 #include "QuillaryCore/Store/BackupName.h"
 
+#include "QuillaryCore/Foundation/Text.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -40,23 +42,20 @@ TEST(BackupNameTest, readsWhatItWrites)
 
 TEST(BackupNameTest, leavesOtherFilesAlone)
 {
-    const std::string_view cases[] = {
-        "Quillary Auto Backup 2026-11-21 (2).sqlite",      // a copy that a person made: never removed
-        "Quillary Auto Backup 2026-02-30.sqlite",          // no such day
-        "Quillary Auto Backup 2026-11-21 09.03.00.sqlite", //
-        "Quillary Auto Backup 2026-11-21.sqlite-wal",      //
-        "Quillary Auto Backup .sqlite",                    //
-        "Quillary Backup 2026-11-21.sqlite",               // a manual one has a time
-        "Quillary Backup 2026-11-21 24.00.00.sqlite",      //
-        "Quillary Backup 2026-11-21 9.03.000.sqlite",      //
-        "Quillary Backup 2026-11-21 09.-3.00.sqlite",      //
-        "Quillary Backup 2026-11-21 09.03.00 (x).sqlite",  //
-        "Quillary Backup 2026-11-21 09.03.00 ().sqlite",   //
-        "my Quillary Backup 2026-11-21 09.03.00.sqlite",   //
-        "Library.sqlite",                                  //
-        "",                                                //
-    };
-    for (const std::string_view name : cases) {
+    // A numbered automatic one is a copy that a person made, never removed; a manual one has a time.
+    for (const std::string_view time :
+         split("2026-11-21|2026-11-21 24.00.00|2026-11-21 9.03.000|2026-11-21 09.-3.00|2026-11-21 09.03.00 (x)|"
+               "2026-11-21 09.03.00 ()",
+               '|')) {
+        EXPECT_EQ(BackupName::parse("Quillary Backup " + std::string(time) + ".sqlite"), std::nullopt) << time;
+    }
+    for (const std::string_view day : split("2026-11-21 (2)|2026-02-30|2026-11-21 09.03.00|", '|')) {
+        EXPECT_EQ(BackupName::parse("Quillary Auto Backup " + std::string(day) + ".sqlite"), std::nullopt) << day;
+    }
+    for (const std::string_view name : {"Quillary Auto Backup 2026-11-21.sqlite-wal",
+                                        "my Quillary Backup 2026-11-21 09.03.00.sqlite",
+                                        "Library.sqlite",
+                                        ""}) {
         EXPECT_EQ(BackupName::parse(name), std::nullopt) << name;
     }
 }

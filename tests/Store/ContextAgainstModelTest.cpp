@@ -320,32 +320,35 @@ private:
     void lookAround()
     {
         if (const Book* book = any<Book>()) {
-            std::vector<std::int64_t> expected;
-            for (const auto& [key, chapter] : m_now.of<Chapter>()) {
-                if (chapter.book == book->ref) {
-                    expected.push_back(key);
-                }
-            }
-            std::vector<std::int64_t> found;
-            for (const Chapter* chapter : m_context->related<&Chapter::book>(*book)) {
-                found.push_back(chapter->ref.key());
-            }
-            EXPECT_EQ(found, expected) << m_log;
+            compareRelated<Chapter, &Chapter::book>(*book);
         }
         std::vector<const Author*> authors = m_context->fetch<Author>("");
         if (pick(2) == 0) {
             m_context->prefetch<&Book::author, Author>(authors);
         }
         for (const Author* author : authors) {
-            std::size_t expected = 0;
-            for (const auto& [key, book] : m_now.of<Book>()) {
-                expected += book.author == author->ref ? 1 : 0;
-            }
-            EXPECT_EQ(m_context->related<&Book::author>(*author).size(), expected) << m_log;
+            compareRelated<Book, &Book::author>(*author);
+            compareRelated<Book, &Book::translator>(*author);
         }
         const auto few = static_cast<std::int64_t>(
             std::ranges::count_if(m_now.of<Book>(), [](const auto& row) { return row.second.pages < 3; }));
         EXPECT_EQ(m_context->count<Book>("pages < ?", 3), few) << m_log;
+    }
+
+    template <class T, auto reference, class Target>
+    void compareRelated(const Target& target)
+    {
+        std::vector<std::int64_t> expected;
+        for (const auto& [key, record] : m_now.of<T>()) {
+            if (record.*reference == target.ref) {
+                expected.push_back(key);
+            }
+        }
+        std::vector<std::int64_t> found;
+        for (const T* record : m_context->related<reference>(target)) {
+            found.push_back(record->ref.key());
+        }
+        EXPECT_EQ(found, expected) << m_log;
     }
 
     void compare()

@@ -71,50 +71,6 @@ TEST_F(ContextTest, storesEveryTypeToTheByte)
     EXPECT_TRUE(read->uuid);
 }
 
-TEST_F(ContextTest, fetchesSeePendingChanges)
-{
-    Book& first = book("first");
-    context.save();
-    book("second");
-    EXPECT_THAT(titles(""), ElementsAre("first", "second"));
-    EXPECT_THAT(titles("title = 'second'"), ElementsAre("second"));
-    context.edit(first).title = "changed";
-    EXPECT_THAT(titles("title >= 'c' AND title < 'd'"), ElementsAre("changed"));
-    // The reference stays good for further changes until the save.
-    context.edit(first).title = "again";
-    EXPECT_EQ(context.count<Book>("title = 'changed'"), 0);
-    context.erase(first);
-    EXPECT_THAT(titles(""), ElementsAre("second"));
-    context.rollback();
-    EXPECT_THAT(titles(""), ElementsAre("first"));
-}
-
-TEST_F(ContextTest, deletionFollowsTheRules)
-{
-    Author& writer = author("A");
-    Book& novel = book("N", writer.ref);
-    auto& chapter = context.insert<Chapter>();
-    chapter.book = novel.ref;
-    auto& part = context.insert<Chapter>();
-    part.parent = chapter.ref;
-    auto& review = context.insert<Review>();
-    review.bookID = novel.uuid;
-    review.authorID = writer.uuid;
-    context.save();
-    context.forgetUnchanged();
-    context.erase(*context.first<Author>(""));
-    EXPECT_FALSE(context.first<Book>("")->author);
-    EXPECT_FALSE(context.first<Review>("")->authorID);
-    context.save();
-    context.forgetUnchanged();
-    context.erase(*context.first<Book>(""));
-    EXPECT_EQ(context.count<Chapter>(""), 0);
-    EXPECT_EQ(context.count<Review>(""), 0);
-    context.rollback();
-    EXPECT_EQ(context.count<Chapter>(""), 2);
-    EXPECT_EQ(context.count<Review>(""), 1);
-}
-
 TEST_F(ContextTest, conditionsMayEndInOrderAndLimit)
 {
     for (const char* title : {"a", "b", "c", "order by", "limit"}) {
@@ -188,29 +144,6 @@ TEST_F(ContextTest, theSameQueryMayRunInsideItself)
         });
     });
     EXPECT_THAT(seen, ElementsAre("aa", "ab", "ba", "bb"));
-}
-
-TEST_F(ContextTest, relatedFollowsEveryChange)
-{
-    Author& writer = author("A");
-    Author& other = author("B");
-    Book& first = book("1", writer.ref);
-    EXPECT_THAT(context.related<&Book::author>(writer), ElementsAre(&first));
-    Book& second = book("2", writer.ref);
-    first.translator = writer.ref;
-    EXPECT_THAT(context.related<&Book::author>(writer), ElementsAre(&first, &second));
-    EXPECT_THAT(context.related<&Book::translator>(writer), ElementsAre(&first));
-    context.save();
-    context.edit(first).author = other.ref;
-    EXPECT_THAT(context.related<&Book::author>(writer), ElementsAre(&second));
-    EXPECT_THAT(context.related<&Book::author>(other), ElementsAre(&first));
-    context.edit(second).author = other.ref;
-    EXPECT_THAT(context.related<&Book::author>(other), ElementsAre(&first, &second)); // in the order of insertion
-    context.erase(first);
-    EXPECT_THAT(context.related<&Book::author>(other), ElementsAre(&second));
-    context.rollback();
-    EXPECT_THAT(context.related<&Book::author>(writer), ElementsAre(&first, &second));
-    EXPECT_THAT(context.related<&Book::author>(other), IsEmpty());
 }
 
 TEST_F(ContextTest, relatedIsTheSameLoadedOrPrefetched)

@@ -153,28 +153,14 @@ TEST_F(DataMigrationTest, upgradesWhenOnlyDefaultsOrIndexesChanged)
 
 TEST_F(DataMigrationTest, leavesCurrentEmptyAndMissingLibrariesAlone)
 {
-    const std::pair<const char*, std::function<void()>> cases[] = {
-        {"missing",
-         [] {
-         }},
-        {"empty",
-         [&] {
-             folder.write("Library.sqlite", "");
-         }},
-        {"made by SQLite, nothing written",
-         [&] {
-             Connection(store, Connection::Access::readWrite);
-         }},
-        {"current",
-         [&] {
-             OldLibraries::make(store, 4);
-         }},
-        {"current, after a crash",
-         [&] {
-             OldLibraries::makeAndCrash(store, 4);
-         }},
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[] {}, "missing"},
+        {[&] { folder.write("Library.sqlite", ""); }, "empty"},
+        {[&] { Connection(store, Connection::Access::readWrite); }, "made by SQLite, nothing written"},
+        {[&] { OldLibraries::make(store, 4); }, "current"},
+        {[&] { OldLibraries::makeAndCrash(store, 4); }, "current, after a crash"},
     };
-    for (const auto& [what, prepare] : cases) {
+    for (const auto& [prepare, what] : cases) {
         LibraryFile::removeWithCompanions(store);
         prepare();
         const std::string bytes = folder.read("Library.sqlite");

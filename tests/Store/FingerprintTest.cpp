@@ -25,80 +25,42 @@ TEST(FingerprintTest, staysTheSameForAllTime)
 TEST(FingerprintTest, countsWhatAValueIsStoredUnderAndNothingElse)
 {
     using Change = std::function<void(Schema&)>;
-    const std::pair<std::string_view, Change> kept[] = {
-        {"version",
-         [](Schema& schema) {
-             schema.version = 9;
-         }},
-        {"order of entities",
-         [](Schema& schema) {
-             std::ranges::reverse(schema.entities);
-         }},
-        {"order of attributes",
-         [](Schema& schema) {
-             std::ranges::reverse(schema.entities[0].attributes);
-         }},
-        {"default",
-         [](Schema& schema) {
-             schema.entities[0].attributes[1].defaultSQL = "'other'";
-         }},
-        {"statement of a renaming",
-         [](Schema& schema) {
-             schema.entities[0].attributes[1].renamedFrom = "old";
-         }},
-        {"delete rule",
-         [](Schema& schema) {
-             schema.entities[1].relationships[0].whenTargetGoes = WhenTargetGoes::erase;
-         }},
-        {"index",
-         [](Schema& schema) {
-             schema.entities[1].indexes.clear();
-         }},
-        {"clustering",
-         [](Schema& schema) {
-             schema.entities[2].clusteredBy.clear();
-         }},
+    const std::pair<Change, std::string_view> kept[] = {
+        {[](Schema& schema) { schema.version = 9; }, "version"},
+        {[](Schema& schema) { std::ranges::reverse(schema.entities); }, "order of entities"},
+        {[](Schema& schema) { std::ranges::reverse(schema.entities[0].attributes); }, "order of attributes"},
+        {[](Schema& schema) { schema.entities[0].attributes[1].defaultSQL = "'other'"; }, "default"},
+        {[](Schema& schema) { schema.entities[0].attributes[1].renamedFrom = "old"; }, "statement of a renaming"},
+        {[](Schema& schema) { schema.entities[1].relationships[0].whenTargetGoes = WhenTargetGoes::erase; },
+         "delete rule"},
+        {[](Schema& schema) { schema.entities[1].indexes.clear(); }, "index"},
+        {[](Schema& schema) { schema.entities[2].clusteredBy.clear(); }, "clustering"},
     };
-    const std::pair<std::string_view, Change> counted[] = {
-        {"entity gone",
-         [](Schema& schema) {
-             schema.entities.pop_back();
-         }},
-        {"entity renamed",
-         [](Schema& schema) {
-             schema.entities[0].name += "s";
-         }},
-        {"attribute gone",
-         [](Schema& schema) {
-             schema.entities[0].attributes.pop_back();
-         }},
-        {"attribute moved to another entity",
-         [](Schema& schema) {
+    const std::pair<Change, std::string_view> counted[] = {
+        {[](Schema& schema) { schema.entities.pop_back(); }, "entity gone"},
+        {[](Schema& schema) { schema.entities[0].name += "s"; }, "entity renamed"},
+        {[](Schema& schema) { schema.entities[0].attributes.pop_back(); }, "attribute gone"},
+        {[](Schema& schema) {
              schema.entities[1].attributes.push_back(schema.entities[0].attributes.back());
              schema.entities[0].attributes.pop_back();
-         }},
-        {"type widened",
-         [](Schema& schema) {
-             schema.entities[0].attributes[1].type = AttributeType::binary;
-         }},
-        {"relationship gone",
-         [](Schema& schema) {
-             schema.entities[1].relationships.clear();
-         }},
-        {"relationship turned into a number",
-         [](Schema& schema) {
+         },
+         "attribute moved to another entity"},
+        {[](Schema& schema) { schema.entities[0].attributes[1].type = AttributeType::binary; }, "type widened"},
+        {[](Schema& schema) { schema.entities[1].relationships.clear(); }, "relationship gone"},
+        {[](Schema& schema) {
              schema.entities[1].attributes.push_back({"customer", AttributeType::int64, "0", ""});
              schema.entities[1].relationships.clear();
-         }},
+         },
+         "relationship turned into a number"},
     };
     const Schema& original = OldLibraries::schema(4);
-    for (const auto& [what, change] : kept) {
+    for (const auto& [change, what] : kept) {
         Schema changed = original;
         change(changed);
         EXPECT_EQ(fingerprint(changed), fingerprint(original)) << what;
     }
     std::set<std::string> seen{fingerprint(original)};
-    for (const auto& [what, change] : counted) {
+    for (const auto& [change, what] : counted) {
         Schema changed = original;
         change(changed);
         EXPECT_TRUE(seen.insert(fingerprint(changed)).second) << what;
