@@ -225,18 +225,6 @@ TEST_F(NumberingTest, givesBackOnlyTheNewestNumber)
     EXPECT_TRUE(release("R25/2")) << "a changed pattern continues its series";
 }
 
-TEST_F(NumberingTest, deletingTheNewestDocumentFreesItsNumber)
-{
-    const Document& older = addDocument(0, assign());
-    const Document& newest = addDocument(0, assign());
-    context.erase(older);
-    EXPECT_FALSE(release("INV-2025-001"));
-    EXPECT_EQ(peek().number, "INV-2025-003");
-    context.erase(newest);
-    EXPECT_TRUE(release("INV-2025-002"));
-    EXPECT_EQ(peek().number, "INV-2025-002");
-}
-
 TEST_F(NumberingTest, theUserSetsWhereASeriesContinues)
 {
     const auto next = [this] {
