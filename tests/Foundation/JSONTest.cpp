@@ -1,5 +1,7 @@
 #include "QuillaryCore/Foundation/JSON.h"
 
+#include "QuillaryCore/Foundation/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -78,22 +80,6 @@ TEST(JSONTest, readsOtherSpellings)
 TEST(JSONTest, refusesWhatIsNoJSON)
 {
     const std::string cases[] = {
-        "",
-        " ",
-        "{",
-        "[1,]",
-        R"({"a":1,})",
-        "[1] [2]",
-        "01",
-        "+1",
-        ".5",
-        "5.",
-        "1e",
-        "NaN",
-        "Infinity",
-        "'a'",
-        "tru",
-        "// comment\n1",
         "\"a\nb\"",              // a bare line end in a string
         R"("\ud800")",           // half a character
         R"("\x41")",             //
@@ -106,6 +92,10 @@ TEST(JSONTest, refusesWhatIsNoJSON)
     };
     for (const std::string& text : cases) {
         EXPECT_EQ(JSON::parse(text), std::nullopt) << text.substr(0, 40);
+    }
+    for (const std::string_view text :
+         split("|| |{|[1,]|{\"a\":1,}|[1] [2]|01|+1|.5|5.|1e|NaN|Infinity|'a'|tru|// comment\n1", '|')) {
+        EXPECT_EQ(JSON::parse(text), std::nullopt) << text;
     }
     EXPECT_TRUE(JSON::parse(nested(JSON::maximumDepth)));
 }
