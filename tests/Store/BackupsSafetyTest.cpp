@@ -1,6 +1,7 @@
 #include "QuillaryCore/Store/Backups.h"
 #include "QuillaryCore/Store/LibraryFile.h"
 #include "QuillaryCore/Store/StoreError.h"
+#include "tests/Store/ChildProcess.h"
 #include "tests/Store/FullDisk.h"
 #include "tests/Store/OldLibraries.h"
 #include "tests/Support/TempFolder.h"
@@ -9,12 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <csignal>
+#include <filesystem>
 #include <functional>
-#include <random>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
+#include <string>
 
 namespace Quillary {
 
@@ -60,20 +58,6 @@ protected:
         static_cast<void>(backups.restore(temp / "other.sqlite", now, lock, hook));
     }
 
-    [[nodiscard]] pid_t startRestore(const Backups::RestoreHook& hook = {}) const
-    {
-        const pid_t child = fork();
-        if (child == 0) {
-            try {
-                restore(hook);
-                _exit(0);
-            } catch (...) {
-                _exit(1);
-            }
-        }
-        return child;
-    }
-
     /// After a kill: the library is whole, old or restored. Returns whether the restored one is in place.
     bool expectWhole()
     {
@@ -109,15 +93,14 @@ TEST_F(BackupsSafetyTest, survivesAKillAfterEachStep)
     prepare(3);
     for (int last = 0; last <= static_cast<int>(Backups::RestoreStep::inPlace); ++last) {
         putBack();
-        int status = 0;
-        waitpid(startRestore([last](Backups::RestoreStep step) {
-                    if (static_cast<int>(step) == last) {
-                        kill(getpid(), SIGKILL);
-                    }
-                }),
-                &status,
-                0);
-        ASSERT_TRUE(WIFSIGNALED(status));
+        const int status = ChildProcess::run([&] {
+            restore([last](Backups::RestoreStep step) {
+                if (static_cast<int>(step) == last) {
+                    ChildProcess::die();
+                }
+            });
+        });
+        ASSERT_EQ(status, ChildProcess::killed);
         EXPECT_EQ(expectWhole(), last == static_cast<int>(Backups::RestoreStep::inPlace)) << last;
         expectRecovery();
     }
@@ -126,23 +109,14 @@ TEST_F(BackupsSafetyTest, survivesAKillAfterEachStep)
 TEST_F(BackupsSafetyTest, survivesKillsAtAnyMoment)
 {
     prepare(1500);
-    const auto start = std::chrono::steady_clock::now();
-    int status = 0;
-    waitpid(startRestore(), &status, 0);
-    ASSERT_EQ(status, 0);
-    const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - start;
-    std::mt19937 random(1500); // NOLINT(cert-msc51-cpp): the moments differ enough from run to run
-    std::uniform_real_distribution<double> share(0, 1.1);
+    ChildProcess::Killer killer([&] { restore(); });
     constexpr int rounds = 20;
     constexpr int killsEach = 5;
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
         SCOPED_TRACE(round);
         putBack();
         for (int kills = 0; kills < killsEach; ++kills) {
-            const pid_t child = startRestore();
-            std::this_thread::sleep_for(whole * share(random));
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
+            killer.strike();
             expectWhole();
         }
         expectRecovery();

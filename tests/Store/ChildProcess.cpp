@@ -1,10 +1,14 @@
 #include "tests/Store/ChildProcess.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <csignal>
 #include <exception>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace Quillary::ChildProcess {
 
@@ -13,9 +17,7 @@ namespace {
 constexpr uid_t nobody = 65534;
 constexpr int failedStatus = 99;
 
-} // namespace
-
-int run(const std::function<void()>& work)
+pid_t started(const std::function<void()>& work)
 {
     const pid_t child = fork();
     if (child == 0) {
@@ -26,9 +28,37 @@ int run(const std::function<void()>& work)
         }
         _exit(0); // without the test framework's own end
     }
+    return child;
+}
+
+int ended(pid_t child)
+{
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+} // namespace
+
+int run(const std::function<void()>& work)
+{
+    return ended(started(work));
+}
+
+Killer::Killer(std::function<void()> work)
+    : m_work(std::move(work))
+{
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(run(m_work), 0);
+    m_whole = std::chrono::steady_clock::now() - start;
+}
+
+void Killer::strike()
+{
+    const pid_t child = started(m_work);
+    std::this_thread::sleep_for(m_whole * std::uniform_real_distribution<double>(0, 1.1)(m_random));
+    kill(child, SIGKILL);
+    ended(child);
 }
 
 void die()

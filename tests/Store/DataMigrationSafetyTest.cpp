@@ -1,6 +1,7 @@
 #include "QuillaryCore/Store/DataMigration.h"
 #include "QuillaryCore/Store/LibraryFile.h"
 #include "QuillaryCore/Store/StoreError.h"
+#include "tests/Store/ChildProcess.h"
 #include "tests/Store/FullDisk.h"
 #include "tests/Store/OldLibraries.h"
 #include "tests/Support/TempFolder.h"
@@ -9,12 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <csignal>
-#include <functional>
-#include <random>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
 
 namespace Quillary {
 
@@ -54,19 +52,9 @@ protected:
         }
     }
 
-    /// Upgrades in a process of its own, which the hook may end.
-    [[nodiscard]] pid_t startUpgrade(const DataMigration::StepHook& hook = {}) const
+    void upgrade(const DataMigration::StepHook& hook = {}) const
     {
-        const pid_t child = fork();
-        if (child == 0) {
-            try {
-                DataMigration::upgradeIfNeeded(store, now, history(), hook);
-                _exit(0);
-            } catch (...) {
-                _exit(1);
-            }
-        }
-        return child;
+        DataMigration::upgradeIfNeeded(store, now, history(), hook);
     }
 
     /// After a kill: the library is whole, old or new. Returns whether the new one is in place.
@@ -105,20 +93,20 @@ TEST_F(DataMigrationSafetyTest, survivesAKillAfterEachStep)
     makeTemplate(3);
     int steps = 0;
     putBack();
-    DataMigration::upgradeIfNeeded(store, now, history(), [&](DataMigration::Step) { ++steps; });
+    upgrade([&](DataMigration::Step) { ++steps; });
     ASSERT_EQ(steps, 13); // ten kinds, and one for each of the three entities that live on
     for (int last = 1; last <= steps; ++last) {
         SCOPED_TRACE(last);
         putBack();
         int step = 0;
-        const pid_t child = startUpgrade([&](DataMigration::Step) {
-            if (++step == last) {
-                kill(getpid(), SIGKILL);
-            }
+        const int status = ChildProcess::run([&] {
+            upgrade([&](DataMigration::Step) {
+                if (++step == last) {
+                    ChildProcess::die();
+                }
+            });
         });
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
+        ASSERT_EQ(status, ChildProcess::killed);
         const bool isNew = expectWhole();
         EXPECT_EQ(isNew, last == steps);
         expectRecovery(isNew);
@@ -129,14 +117,7 @@ TEST_F(DataMigrationSafetyTest, survivesKillsAtAnyMoment)
 {
     makeTemplate(2000);
     putBack();
-    const auto start = std::chrono::steady_clock::now();
-    int status = 0;
-    waitpid(startUpgrade(), &status, 0);
-    const std::chrono::duration<double> whole = std::chrono::steady_clock::now() - start;
-    ASSERT_EQ(status, 0);
-
-    std::mt19937 random(20261121); // NOLINT(cert-msc51-cpp): the moments differ enough from run to run
-    std::uniform_real_distribution<double> share(0, 1.1);
+    ChildProcess::Killer killer([&] { upgrade(); });
     constexpr int rounds = 40;
     constexpr int killsEach = 5; // one upgrade that was killed goes on from what the last one left
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
@@ -144,10 +125,7 @@ TEST_F(DataMigrationSafetyTest, survivesKillsAtAnyMoment)
         putBack();
         bool isNew = false;
         for (int kills = 0; kills < killsEach; ++kills) {
-            const pid_t child = startUpgrade();
-            std::this_thread::sleep_for(whole * share(random));
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
+            killer.strike();
             isNew = expectWhole();
         }
         expectRecovery(isNew);
@@ -160,7 +138,7 @@ TEST_F(DataMigrationSafetyTest, leavesTheOldLibraryWhenTheDiskIsFull)
     for (int writes = 0;; ++writes) {
         SCOPED_TRACE(writes);
         putBack();
-        const auto failure = failureOnFullDisk(writes, [&] { DataMigration::upgradeIfNeeded(store, now, history()); });
+        const auto failure = failureOnFullDisk(writes, [&] { upgrade(); });
         if (!failure) {
             break;
         }
@@ -183,7 +161,7 @@ TEST_F(DataMigrationSafetyTest, leavesTheOldLibraryWhenTheUpgradeIsGivenUp)
         }
     };
     putBack();
-    EXPECT_THROW(DataMigration::upgradeIfNeeded(store, now, history(), giveUp), std::runtime_error);
+    EXPECT_THROW(upgrade(giveUp), std::runtime_error);
     EXPECT_THAT(names(store.parent_path()), ElementsAre("Library.sqlite"));
     EXPECT_EQ(contents(store), before);
 }
