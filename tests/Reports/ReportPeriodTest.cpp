@@ -1,5 +1,7 @@
 #include "QuillaryCore/Reports/ReportPeriod.h"
 
+#include "QuillaryCore/Foundation/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -49,38 +51,19 @@ TEST(ReportPeriodTest, readsWhatAPersonTypes)
         {"2024-02", "2024-02-01 2024-02-29"},
         {"2024-02-29", "2024-02-29 2024-02-29"},
         {"2025-11..2026-Q1", "2025-11-01 2026-03-31"},
-        {" 2025-12-24 .. today ", ""}, // blanks are hyphens between words, so none stand beside the dots
         {"2025-12-24..today", "2025-12-24 2026-03-31"},
         {"all", "0001-01-01 9998-12-31"},
-        {"", ""},
-        {"quarter", ""},
-        {"this-week", ""},
-        {"last-0-months", ""},
-        {"last--3-months", ""},
-        {"last-1001-days", ""},
-        {"last-3000-years", ""}, // before the calendar begins
-        {"last-months", ""},
-        {"next-3-months", ""},
-        {"2026-Q5", ""},
-        {"2026-H3", ""},
-        {"2026-13", ""},
-        {"2026-00", ""},
-        {"2026-7", ""},
-        {"26", ""},
-        {"0000", ""},
-        {"9999", ""},
-        {"2025-02-29", ""},
-        {"2026-03..2026-02", ""},
-        {"2026..", ""},
-        {"..", ""},
-        {"2026..2027..2028", ""},
-        {"-2026", ""},
-        {"2026-", ""},
-        {"q", ""},
-        {"Q3-26", ""},
     };
     for (const auto& [text, expected] : cases) {
         EXPECT_EQ(written(text, today), expected) << text;
+    }
+    // Blanks are hyphens between words, so none stand beside the dots; the calendar begins with the year 1.
+    for (const std::string_view text :
+         split("| 2025-12-24 .. today |quarter|this-week|last-0-months|last--3-months|last-1001-days|last-3000-years|"
+               "last-months|next-3-months|2026-Q5|2026-H3|2026-13|2026-00|2026-7|26|0000|9999|2025-02-29|"
+               "2026-03..2026-02|2026..|..|2026..2027..2028|-2026|2026-|q|Q3-26",
+               '|')) {
+        EXPECT_EQ(written(text, today), "") << text;
     }
     EXPECT_EQ(written("next-month", year(2024) / 1 / 31), "2024-02-01 2024-02-29");
     EXPECT_EQ(written("last-month", year(2026) / 1 / 1), "2025-12-01 2025-12-31");
