@@ -138,12 +138,8 @@ TEST(AssistantGateTest, checksInOrder)
         const char* answer;
     };
     const Case cases[] = {
-        {false,
-         true,
-         AssistantApproval::denied,
-         readOnly,
-         "record_payment",
-         off}, // everything is wrong: the first check speaks
+        // Everything is wrong: the first check speaks.
+        {false, true, AssistantApproval::denied, readOnly, "record_payment", off},
         {true, true, AssistantApproval::denied, readOnly, "record_payment", locked},
         {true, false, AssistantApproval::denied, readOnly, "record_payment", denied},
         {true, false, allowed, readOnly, "record_payment", onlyLook},
