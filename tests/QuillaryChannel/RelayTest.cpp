@@ -126,47 +126,35 @@ TEST(RelayTest, leavesWhenOneSideIsGone)
 {
     struct Case
     {
-        const char* reason;
         Streams streams;
         void (*act)(Joined&);
+        const char* reason;
+    };
+    const auto leaveOneWaiting = [](Joined& joined) {
+        const std::string answers(60'000, 'x');
+        writeWhole(joined.connection, answers);
+        writeWhole(joined.connection, answers);
+        joined.helper.closeOutput();
+    };
+    const auto closeUnread = [](Joined& joined) {
+        writeWhole(joined.helper.input(), "nobody reads this");
+        std::this_thread::sleep_for(20ms);
+        joined.closeConnection();
+    };
+    const auto closeBoth = [](Joined& joined) {
+        joined.helper.closeInput();
+        joined.helper.closeOutput();
+    };
+    const auto stopReading = [](Joined& joined) {
+        joined.helper.closeOutput();
     };
     const Case cases[] = {
-        {"the server closes while the input is open",
-         Streams::pipes,
-         [](Joined& joined) {
-             joined.closeConnection();
-         }},
-        {"the server closes with requests unread",
-         Streams::pipes,
-         [](Joined& joined) {
-             writeWhole(joined.helper.input(), "nobody reads this");
-             std::this_thread::sleep_for(20ms);
-             joined.closeConnection();
-         }},
-        {"nobody reads the answers any more, while nothing moves",
-         Streams::pipes,
-         [](Joined& joined) {
-             joined.helper.closeOutput();
-         }},
-        {"the same where the streams are sockets",
-         Streams::sockets,
-         [](Joined& joined) {
-             joined.helper.closeOutput();
-         }},
-        {"nobody reads the answers any more, while one waits",
-         Streams::pipes,
-         [](Joined& joined) {
-             const std::string answers(60'000, 'x');
-             writeWhole(joined.connection, answers);
-             writeWhole(joined.connection, answers);
-             joined.helper.closeOutput();
-         }},
-        {"both ends of the assistant app close",
-         Streams::pipes,
-         [](Joined& joined) {
-             joined.helper.closeInput();
-             joined.helper.closeOutput();
-         }},
+        {Streams::pipes, [](Joined& joined) { joined.closeConnection(); }, "the server closes while the input is open"},
+        {Streams::pipes, closeUnread, "the server closes with requests unread"},
+        {Streams::pipes, stopReading, "nobody reads the answers any more, while nothing moves"},
+        {Streams::sockets, stopReading, "the same where the streams are sockets"},
+        {Streams::pipes, leaveOneWaiting, "nobody reads the answers any more, while one waits"},
+        {Streams::pipes, closeBoth, "both ends of the assistant app close"},
     };
     for (const Case& example : cases) {
         Joined joined({.streams = example.streams});
