@@ -219,23 +219,10 @@ TEST_F(AssistantServerTest, turnsAwayOtherUsersAndTooMany)
     EXPECT_EQ(next.waitForLine(), pong(9));
 }
 
-TEST_F(AssistantServerTest, servesManyThatConnectAtOnce)
-{
-    const auto server = startedServer();
-    std::vector<SocketClient> clients;
-    for (int index = 0; index < 64; ++index) {
-        ASSERT_TRUE(clients.emplace_back(path).isConnected()) << index;
-        clients.back().send(ping(index));
-    }
-    for (int index = 0; index < 64; ++index) {
-        EXPECT_EQ(clients[static_cast<std::size_t>(index)].waitForLine(), pong(index));
-    }
-}
-
 TEST_F(AssistantServerTest, losesAndMixesNothingUnderLoad)
 {
-    constexpr int clientCount = 20;
-    constexpr int requestCount = 200;
+    constexpr int clientCount = 64; // connecting at once
+    constexpr int requestCount = 100;
     const auto server = startedServer();
     std::vector<SocketClient> clients;
     std::vector<int> answered(clientCount, 0);
