@@ -2,10 +2,8 @@
 
 #include "QuillaryCore/Billing/Payments.h"
 #include "QuillaryCore/Letters/LetterFileName.h"
-#include "QuillaryCore/Model/Business.h"
-#include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Output/DocumentHTML.h"
-#include "tests/Model/TestLibrary.h"
+#include "tests/Letters/LetterLibrary.h"
 #include "tests/Output/HTMLTree.h"
 #include "tests/Support/QRReader.h"
 
@@ -22,31 +20,18 @@ namespace {
 
 using testing::ElementsAre;
 
-class ReminderLetterTest : public testing::Test, protected TestLibrary
+class ReminderLetterTest : public testing::Test, protected LetterLibrary
 {
 protected:
     ReminderLetterTest()
     {
-        business.name = "Studio Nord";
-        business.countryCode = "DE";
         business.currencyCode = "EUR";
         business.iban = "DE89370400440532013000";
         business.showPaymentQRCode = true;
         business.showClientNumber = true;
-        client = &context.insert<Client>();
-        client->name = "Acme";
-        client->number = "K-7";
-        client->countryCode = "DE";
-        invoice = &document(DocumentKind::invoice, DocumentStatus::sent);
-        invoice->number = "2025-001";
-        invoice->languageCode = "de";
-        invoice->client = client->ref;
-        invoice->issueDate = day(-40);
-        invoice->dueDate = day(-26);
-        line(*invoice, 100'000, 1900);
+        client.number = "K-7";
+        client.countryCode = "DE";
     }
-
-    [[nodiscard]] Instant day(int daysFromToday) const { return calendar.addingDays(start, daysFromToday); }
 
     [[nodiscard]] ReminderNotice notice(ReminderLevel level, std::int64_t fee) const
     {
@@ -55,13 +40,8 @@ protected:
 
     PrintedDocument letter(const ReminderNotice& reminder)
     {
-        return ReminderLetter::printed(context, *invoice, business, reminder, calendar);
+        return ReminderLetter::printed(context, invoice, business, reminder, calendar);
     }
-
-    Calendar calendar{"Europe/Berlin"};
-    Business business;
-    Client* client = nullptr;
-    Document* invoice = nullptr;
 };
 
 /// "label=value" of every row, spaces that don't break as spaces.
@@ -83,8 +63,8 @@ std::vector<std::string> texts(const std::vector<Row>& rows)
 
 TEST_F(ReminderLetterTest, asksForWhatIsDueNow)
 {
-    addReminder(context, *invoice, ReminderLevel::first, 500, day(-20), day(-10));
-    recordPayment(context, *invoice, {.amountMinorUnits = 19'000, .date = day(-9), .note = {}});
+    addReminder(context, invoice, ReminderLevel::first, 500, day(-20), day(-10));
+    recordPayment(context, invoice, {.amountMinorUnits = 19'000, .date = day(-9), .note = {}});
     const ReminderNotice reminder = notice(ReminderLevel::second, 1'000);
     const PrintedDocument planned = letter(reminder);
     EXPECT_EQ(planned.heading, "Mahnung");
@@ -111,20 +91,20 @@ TEST_F(ReminderLetterTest, asksForWhatIsDueNow)
     EXPECT_TRUE(code->contains("\nEUR1015\n") || code->contains("\nEUR1015.00\n")) << *code;
 
     const Reminder& recorded =
-        addReminder(context, *invoice, ReminderLevel::second, 1'000, reminder.date, reminder.details.payBy);
+        addReminder(context, invoice, ReminderLevel::second, 1'000, reminder.date, reminder.details.payBy);
     EXPECT_EQ(DocumentHTML::render(letter(recordedNotice(recorded))), DocumentHTML::render(planned));
 }
 
 TEST_F(ReminderLetterTest, saysNoMoreThanThereIs)
 {
     business.showClientNumber = false;
-    invoice->languageCode = "en";
-    invoice->dueDate.reset();
+    invoice.languageCode = "en";
+    invoice.dueDate.reset();
     const PrintedDocument plain = letter(notice(ReminderLevel::first, 0));
     EXPECT_EQ(plain.heading, "Payment Reminder");
     EXPECT_THAT(texts(plain.meta), ElementsAre("Date=7 Mar 2025", "Invoice no.=2025-001", "Invoice date=26 Jan 2025"));
     EXPECT_THAT(texts(plain.totals), ElementsAre("Invoice total=€1,190.00", "Amount due=€1,190.00"));
-    recordPayment(context, *invoice, {.amountMinorUnits = 119'000, .date = start, .note = {}});
+    recordPayment(context, invoice, {.amountMinorUnits = 119'000, .date = start, .note = {}});
     EXPECT_FALSE(letter(notice(ReminderLevel::first, 0)).payment) << "printed once more when it is paid";
 }
 
@@ -133,7 +113,7 @@ TEST_F(ReminderLetterTest, keepsHostileNumbersInTheirPlace)
     business.showPaymentQRCode = false; // which says the number, too
     const std::string usual = parseHTML(DocumentHTML::render(letter(notice(ReminderLevel::final, 0))))->outline();
     EXPECT_TRUE(usual.contains("div[class=text opening]")) << usual;
-    invoice->number = "<b>{date}**x**</p>&\n- y";
+    invoice.number = "<b>{date}**x**</p>&\n- y";
     const auto page = parseHTML(DocumentHTML::render(letter(notice(ReminderLevel::final, 0))));
     EXPECT_EQ(page->outline(), usual);
     EXPECT_TRUE(page->first("opening").text.contains("Die Rechnung <b>{date}**x**</p>&"))
@@ -156,8 +136,8 @@ TEST_F(ReminderLetterTest, hasAFileNameOfItsOwn)
     };
     for (const Case& row : cases) {
         business.fileNameFormat = row.pattern;
-        EXPECT_EQ(LetterFileName::of(context, *invoice, business, calendar), row.document) << row.pattern;
-        EXPECT_EQ(LetterFileName::ofReminder(context, *invoice, business, ReminderLevel::final, start, calendar),
+        EXPECT_EQ(LetterFileName::of(context, invoice, business, calendar), row.document) << row.pattern;
+        EXPECT_EQ(LetterFileName::ofReminder(context, invoice, business, ReminderLevel::final, start, calendar),
                   row.reminder)
             << row.pattern;
     }
