@@ -1,7 +1,6 @@
 #include "QuillaryCore/Reports/AgingReport.h"
 
-#include "QuillaryCore/Model/Client.h"
-#include "tests/Model/TestLibrary.h"
+#include "tests/Reports/ReportLibrary.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +15,7 @@ using Bucket = AgingReport::Bucket;
 using std::chrono::sys_days;
 using std::chrono::year;
 
-class AgingReportTest : public testing::Test, protected TestLibrary
+class AgingReportTest : public testing::Test, protected ReportLibrary
 {
 protected:
     const Calendar calendar{"Europe/Berlin"};
@@ -29,13 +28,6 @@ protected:
         made.dueDate = due;
         made.client = client;
         return made;
-    }
-
-    Ref<Client> client(const std::string& name)
-    {
-        auto& made = context.insert<Client>();
-        made.name = name;
-        return made.ref;
     }
 
     AgingReport report() { return AgingReport::make(context, today, calendar, "EUR"); }

@@ -1,8 +1,6 @@
 #include "QuillaryCore/Reports/ClientReport.h"
 
-#include "QuillaryCore/Model/Client.h"
-#include "QuillaryCore/Model/Payment.h"
-#include "tests/Model/TestLibrary.h"
+#include "tests/Reports/ReportLibrary.h"
 
 #include <gtest/gtest.h>
 
@@ -14,17 +12,10 @@ namespace {
 
 using std::chrono::days;
 
-class ClientReportTest : public testing::Test, protected TestLibrary
+class ClientReportTest : public testing::Test, protected ReportLibrary
 {
 protected:
     static constexpr DateRange period{start, start + days(30)};
-
-    Ref<Client> client(const std::string& name)
-    {
-        auto& made = context.insert<Client>();
-        made.name = name;
-        return made.ref;
-    }
 
     Document& make(Ref<Client> client, DocumentKind kind, DocumentStatus status, std::optional<Instant> date)
     {
@@ -34,14 +25,6 @@ protected:
         made.cachedNetMinorUnits = 100;
         made.cachedTotalMinorUnits = 119;
         return made;
-    }
-
-    void pay(const Document& document, std::int64_t amount, Instant date)
-    {
-        auto& payment = context.insert<Payment>();
-        payment.document = document.ref;
-        payment.amountMinorUnits = amount;
-        payment.date = date;
     }
 
     /// "client: documents net gross paid open"

@@ -1,12 +1,10 @@
-#include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Model/LineItem.h"
-#include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Reports/AgingReport.h"
 #include "QuillaryCore/Reports/ClientReport.h"
 #include "QuillaryCore/Reports/InvoiceList.h"
 #include "QuillaryCore/Reports/TaxReport.h"
-#include "tests/Model/TestLibrary.h"
+#include "tests/Reports/ReportLibrary.h"
 #include "tests/Store/QueryPlan.h"
 
 #include <gmock/gmock.h>
@@ -51,7 +49,7 @@ Cost cost(Connection& connection, const std::function<void()>& work)
     return cost;
 }
 
-class ReportCostTest : public testing::Test, protected TestLibrary
+class ReportCostTest : public testing::Test, protected ReportLibrary
 {
 protected:
     static constexpr DateRange year{start, start + std::chrono::days(365)};
@@ -62,8 +60,7 @@ protected:
     {
         for (int number = 0; number < count; ++number) {
             if (number % 10 == 0) {
-                context.insert<Client>().name = "Client";
-                m_client = Ref<Client>(m_client.key() + 1);
+                m_client = client("Client");
             }
             Document& made = document(DocumentKind::invoice, status);
             made.client = m_client;
@@ -71,10 +68,7 @@ protected:
             made.cachedTotalMinorUnits = 238;
             line(made, 100, 1900);
             line(made, 100, 1900);
-            auto& payment = context.insert<Payment>();
-            payment.document = made.ref;
-            payment.date = made.issueDate;
-            payment.amountMinorUnits = 119;
+            pay(made, 119, *made.issueDate);
             made.cachedPaidMinorUnits = 119;
         }
         context.save();
