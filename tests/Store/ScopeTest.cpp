@@ -168,6 +168,28 @@ TEST_F(ScopeTest, undoLeavesAloneWhatWasChangedSince)
     EXPECT_EQ(context.undoName(), "Rename");
 }
 
+TEST_F(ScopeTest, undoNeitherOrphansNorDangles)
+{
+    auto insert = context.beginScope("New author");
+    const Author& author = context.insert<Author>();
+    insert.commit();
+    Book& book = insertBook("by the author");
+    book.author = author.ref;
+    context.save();
+    EXPECT_THROW(context.undo(), UndoError);
+    ASSERT_NE(context.find(author.ref), nullptr);
+    EXPECT_EQ(context.find(author.ref), &author);
+    EXPECT_FALSE(context.hasChanges());
+
+    auto clear = context.beginScope("Clear");
+    context.edit(book).author = {};
+    clear.commit();
+    context.erase(author);
+    context.save();
+    EXPECT_THROW(context.undo(), UndoError) << "the author that the book would refer to again is gone";
+    EXPECT_FALSE(book.author);
+}
+
 TEST_F(ScopeTest, aRefusedScopeIsNotSavedAndDoesNotPoisonTheNext)
 {
     {
