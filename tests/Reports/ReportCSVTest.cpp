@@ -84,29 +84,11 @@ TEST(ReportCSVTest, writesTheClientReport)
 
 TEST(ReportCSVTest, writesTheInvoiceList)
 {
-    const InvoiceList list{"EUR",
-                           {{std::nullopt,
-                             "INV-1",
-                             DocumentKind::invoice,
-                             lateEvening,
-                             lateEvening + std::chrono::days(14),
-                             "Acme",
-                             DisplayStatus::partlyPaid,
-                             100,
-                             119,
-                             19,
-                             105},
-                            {std::nullopt,
-                             "CN-1",
-                             DocumentKind::creditNote,
-                             lateEvening,
-                             std::nullopt,
-                             "",
-                             DisplayStatus::paid,
-                             -50,
-                             -50,
-                             0,
-                             0}}};
+    using enum DocumentKind;
+    const Instant due = lateEvening + std::chrono::days(14);
+    InvoiceList list{"EUR", {}};
+    list.rows.push_back({{}, "INV-1", invoice, lateEvening, due, "Acme", DisplayStatus::partlyPaid, 100, 119, 19, 105});
+    list.rows.push_back({{}, "CN-1", creditNote, lateEvening, {}, "", DisplayStatus::paid, -50, -50, 0, 0});
     EXPECT_EQ(standard(ReportCSV::invoices(list, "VAT", kolkata)),
               "Number,Type,Date,Due date,Client,Status,Net (EUR),VAT (EUR),Gross (EUR),Paid (EUR),Open now (EUR)\r\n"
               "INV-1,Invoice,2026-01-01,2026-01-15,Acme,Partly Paid,1.00,0.19,1.19,0.19,1.05\r\n"
