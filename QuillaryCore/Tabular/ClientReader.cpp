@@ -109,7 +109,7 @@ private:
     {
         if (value.size() > characters && graphemeCount(value) > characters) {
             value = trimmed(graphemePrefix(value, characters));
-            warn(Reason::tooLong, fmt::format("The {} was longer than {} characters and is cut.", what, characters));
+            warn(Reason::tooLong, fmt::format("Only the first {} characters of the {} are kept.", characters, what));
         }
     }
 

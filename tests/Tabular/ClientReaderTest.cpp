@@ -176,7 +176,7 @@ TEST(ClientReaderTest, warnsOfWhatShouldBeLookedAt)
         {"Name;Language", "A;Polish", {Reason::unknownLanguage}, "Documents can't be written in “Polish”" + kept},
         {"Name;Kind", "A;gold", {Reason::unknownKind}, "“gold” is neither a company nor a person" + kept},
         {"Name;Email", ";a@b.example", {Reason::noName}, "There is no name; the email address stands for it."},
-        {"Name;City", tooLong, {Reason::tooLong}, "The name was longer than 500 characters and is cut."},
+        {"Name;City", tooLong, {Reason::tooLong}, "Only the first 500 characters of the name are kept."},
         {"Name;Country;Email;VAT;Phone", "A;-;n/a;—;?", {}, ""}, // each says that there is nothing
     };
     for (const Case& example : cases) {
