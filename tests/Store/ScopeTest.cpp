@@ -98,50 +98,31 @@ TEST_F(ScopeTest, nestedScopesEndByThemselves)
     EXPECT_EQ(context.undoName(), std::nullopt);
 }
 
-TEST_F(ScopeTest, undoAndRedoGoThroughAllKindsOfChanges)
+TEST_F(ScopeTest, undoAndRedoSayWhatTheyWouldDo)
 {
     const Book& book = savedBook("before");
-    const Ref<Book> ref = book.ref;
-    auto& chapter = context.insert<Chapter>();
-    chapter.book = ref;
-    context.save();
-
     auto rename = context.beginScope("Rename");
     context.edit(book).title = "after";
     rename.commit();
-    auto remove = context.beginScope("Delete");
-    context.erase(book);
-    remove.commit();
-    EXPECT_EQ(context.find(ref), nullptr);
-    EXPECT_EQ(context.count<Chapter>(""), 0);
     auto insert = context.beginScope("Insert");
-    const Ref<Book> inserted = insertBook("new").ref;
+    insertBook("new");
     insert.commit();
-    EXPECT_NE(inserted, ref);
-
     EXPECT_EQ(context.undoName(), "Insert");
     context.undo();
-    EXPECT_EQ(context.find(inserted), nullptr);
     context.undo();
-    ASSERT_NE(context.find(ref), nullptr);
-    EXPECT_EQ(context.find(ref)->title, "after");
-    EXPECT_EQ(context.related<&Chapter::book>(*context.find(ref)).size(), 1U);
-    context.undo();
-    EXPECT_THAT(savedTitles(), ElementsAre("before"));
+    EXPECT_THAT(savedTitles(), ElementsAre("before")) << "what is undone is undone in the file";
     EXPECT_EQ(context.undoName(), std::nullopt);
     EXPECT_EQ(context.redoName(), "Rename");
     context.redo();
     context.redo();
-    context.redo();
-    EXPECT_THAT(savedTitles(), ElementsAre("new"));
-    EXPECT_EQ(context.find(inserted)->title, "new");
+    EXPECT_THAT(savedTitles(), ElementsAre("after", "new"));
     EXPECT_EQ(context.redoName(), std::nullopt);
     context.undo();
     auto other = context.beginScope("Other");
     insertBook("other");
     other.commit(Scope::Undo::impossible);
     EXPECT_EQ(context.redoName(), std::nullopt) << "what was undone is overtaken";
-    EXPECT_EQ(context.undoName(), "Delete");
+    EXPECT_EQ(context.undoName(), "Rename");
 }
 
 TEST_F(ScopeTest, undoLeavesAloneWhatWasChangedSince)
