@@ -98,26 +98,5 @@ TEST(ClientOperationsTest, showsInWordsAllThatTheDataHolds)
     EXPECT_EQ(member(*made.data, "is_person") + member(*made.data, "first_name"), "true\"Ana\"");
 }
 
-TEST(ClientOperationsTest, findsTheBestFirstAndNeverGuesses)
-{
-    AssistantLibrary library;
-    library.data("create_client", R"({"name":"Café Müller","city":"Bremen"})");
-    library.data("create_client", R"({"name":"Müller Bau","city":"Kiel"})");
-    library.data("create_client", R"({"name":"Muller"})");
-    library.data("create_client", R"({"name":"Hansa","city":"Müllheim"})");
-    std::string names;
-    const JSON found = library.data("find_clients", R"({"query":"mÜLLer"})");
-    for (const JSON& client : *found.find("clients")->array()) {
-        names += *client.find("name")->string() + ", ";
-    }
-    EXPECT_EQ(names, "Muller, Müller Bau, Café Müller, ");
-    // One exact hit is meant; several that merely hold the word are a question.
-    EXPECT_FALSE(library.call("create_document", R"({"kind":"quote","client":"muller"})").isError);
-    const std::string question = library.refusal("create_document", R"({"kind":"quote","client":"mül"})");
-    EXPECT_TRUE(question.starts_with("“mül” fits several. Which one? ")) << question;
-    EXPECT_EQ(library.refusal("create_document", R"({"kind":"quote","client":"Nobody"})"),
-              "There's no client “Nobody”. find_clients lists them, create_client adds one.");
-}
-
 } // namespace
 } // namespace Quillary

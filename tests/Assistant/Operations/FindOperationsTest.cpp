@@ -171,12 +171,17 @@ TEST_F(FindOperationsTest, asksInsteadOfGuessing)
     addClient("Hansa Bau", "Kiel");
     addClient("Hansa Holz", "Bremen");
     addClient("Brandt");
+    addClient("Café Müller", "Bremerhaven");
+    addClient("Müller Bau", "Müllheim");
+    addClient("Muller");
+    addClient("Olsen", "Müllheim");
     addDocument(DocumentKind::invoice, DocumentStatus::draft, "INV-2026-001");
     addDocument(DocumentKind::quote, DocumentStatus::draft, "Same");
     addDocument(DocumentKind::quote, DocumentStatus::draft, "Same");
     library.context.save();
     const std::pair<std::string_view, std::string_view> questions[] = {
         {"hansa", "“hansa” fits several. Which one? Hansa Holz, Bremen ["},
+        {"mül", "“mül” fits several. Which one? "},
         {"ran", "Nothing is called “ran”. Did you mean Brandt ["},         // letters from the middle
         {"Bremen", "Nothing is called “Bremen”. Did you mean Hansa Holz"}, // a city is no name
         {"Brnadt", "Nothing is called “Brnadt”. Did you mean Brandt ["},
@@ -187,6 +192,9 @@ TEST_F(FindOperationsTest, asksInsteadOfGuessing)
             library.refusal("create_document", fmt::format(R"({{"kind":"invoice","client":"{}"}})", name));
         EXPECT_TRUE(asked.starts_with(sentence)) << asked;
     }
+    EXPECT_EQ(listed("find_clients", R"({"query":"mÜLLer"})"), "Muller, Müller Bau, Café Müller, ") << "the best first";
+    // One exact hit is meant, whoever else holds the word.
+    EXPECT_FALSE(library.call("create_document", R"({"kind":"quote","client":"muller"})").isError);
     EXPECT_FALSE(library.call("create_document", R"({"kind":"quote","client":"hansa b"})").isError);
     EXPECT_FALSE(library.call("get_document", R"({"document":"inv-2026-001"})").isError);
     EXPECT_TRUE(library.refusal("get_document", R"({"document":"same"})").starts_with("“same” fits several."));
