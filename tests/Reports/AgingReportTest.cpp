@@ -6,7 +6,6 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace Quillary {
 namespace {
@@ -94,11 +93,11 @@ TEST_F(AgingReportTest, putsTheLargestDebtsFirst)
     open(10, today);
     open(20, today, gone);
     const AgingReport made = report();
-    std::vector<std::string> lines;
+    std::string lines;
     for (const AgingReport::Row& row : made.rows) {
-        lines.push_back(row.client + " " + std::to_string(row.total()) + " " + std::to_string(row.invoices));
+        lines += row.client + " " + std::to_string(row.total()) + " " + std::to_string(row.invoices) + "\n";
     }
-    EXPECT_EQ(lines, (std::vector<std::string>{"Eve 400 1", "Zoë 300 2", "adam 300 1", "No client 30 2"}));
+    EXPECT_EQ(lines, "Eve 400 1\nZoë 300 2\nadam 300 1\nNo client 30 2\n");
     EXPECT_FALSE(made.rows[3].id);
     EXPECT_TRUE(made.rows[0].id);
     EXPECT_EQ(made.total(), 1030);
