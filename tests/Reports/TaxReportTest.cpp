@@ -36,6 +36,7 @@ protected:
     static std::vector<std::string> numbers(const TaxReport& report)
     {
         std::vector<std::string> numbers;
+        numbers.reserve(report.entries.size());
         for (const TaxReport::Entry& entry : report.entries) {
             numbers.push_back(entry.number);
         }

@@ -93,14 +93,12 @@ TEST_F(BackupsSafetyTest, survivesAKillAfterEachStep)
     prepare(3);
     for (int last = 0; last <= static_cast<int>(Backups::RestoreStep::inPlace); ++last) {
         putBack();
-        const int status = ChildProcess::run([&] {
-            restore([last](Backups::RestoreStep step) {
-                if (static_cast<int>(step) == last) {
-                    ChildProcess::die();
-                }
-            });
-        });
-        ASSERT_EQ(status, ChildProcess::killed);
+        const auto dieAtLast = [last](Backups::RestoreStep step) {
+            if (static_cast<int>(step) == last) {
+                ChildProcess::die();
+            }
+        };
+        ASSERT_EQ(ChildProcess::run([&] { restore(dieAtLast); }), ChildProcess::killed);
         EXPECT_EQ(expectWhole(), last == static_cast<int>(Backups::RestoreStep::inPlace)) << last;
         expectRecovery();
     }

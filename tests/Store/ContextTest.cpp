@@ -45,8 +45,8 @@ protected:
     std::vector<std::string> titles(std::string_view condition)
     {
         std::vector<std::string> found;
-        for (const Book* found_ : context.fetch<Book>(condition)) {
-            found.push_back(found_->title);
+        for (const Book* match : context.fetch<Book>(condition)) {
+            found.push_back(match->title);
         }
         return found;
     }

@@ -99,14 +99,12 @@ TEST_F(DataMigrationSafetyTest, survivesAKillAfterEachStep)
         SCOPED_TRACE(last);
         putBack();
         int step = 0;
-        const int status = ChildProcess::run([&] {
-            upgrade([&](DataMigration::Step) {
-                if (++step == last) {
-                    ChildProcess::die();
-                }
-            });
-        });
-        ASSERT_EQ(status, ChildProcess::killed);
+        const auto dieAtLast = [&](DataMigration::Step) {
+            if (++step == last) {
+                ChildProcess::die();
+            }
+        };
+        ASSERT_EQ(ChildProcess::run([&] { upgrade(dieAtLast); }), ChildProcess::killed);
         const bool isNew = expectWhole();
         EXPECT_EQ(isNew, last == steps);
         expectRecovery(isNew);

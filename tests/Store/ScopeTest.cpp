@@ -58,15 +58,15 @@ TEST_F(ScopeTest, aFailedScopeTakesNothingAlong)
 {
     const Book& book = savedBook("saved");
     context.edit(book).title = "half typed";
-    try {
+    const auto fail = [&] {
         const auto scope = context.beginScope("Tool");
         context.edit(book).title = "of the tool";
         context.erase(insertBook("gone"));
         insertBook("also gone");
         EXPECT_EQ(context.count<Book>(""), 2);
         throw std::runtime_error("the tool fails");
-    } catch (const std::runtime_error&) {
-    }
+    };
+    EXPECT_THROW(fail(), std::runtime_error);
     EXPECT_EQ(book.title, "half typed");
     EXPECT_EQ(context.count<Book>(""), 1);
     context.save();

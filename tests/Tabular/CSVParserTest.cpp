@@ -29,6 +29,7 @@ Table tableOf(const CSVRows& rows)
 std::vector<std::size_t> numbersOf(const CSVRows& rows)
 {
     std::vector<std::size_t> result;
+    result.reserve(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         result.push_back(rows.number(i));
     }

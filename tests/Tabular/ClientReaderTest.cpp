@@ -27,6 +27,7 @@ ReadClient read(const std::string& headings, const std::string& row)
 std::vector<Reason> reasons(const ReadClient& read)
 {
     std::vector<Reason> result;
+    result.reserve(read.warnings.size());
     for (const ImportWarning& warning : read.warnings) {
         result.push_back(warning.reason);
     }
