@@ -93,6 +93,16 @@ void AssistantService::takeOver(ServingRight::Taken taken)
 void AssistantService::openLibrary(LibraryClaim claim)
 {
     m_library = std::make_unique<OpenLibrary>(m_options.library, m_environment, std::move(claim));
+    if (m_options.windows != nullptr) {
+        m_options.windows->didOpen(*m_library);
+    }
+}
+
+void AssistantService::tellClosing()
+{
+    if (m_options.windows != nullptr && m_library != nullptr) {
+        m_options.windows->willClose();
+    }
 }
 
 void AssistantService::backUpIfDue()
@@ -113,6 +123,9 @@ void AssistantService::catchUpIfDue()
     }
     if (RecurringCatchUp::run(m_library->context(), now, calendar)) {
         m_recurring.didRun(now, calendar);
+    }
+    if (m_options.windows != nullptr) {
+        m_options.windows->dayBegan();
     }
 }
 
@@ -150,6 +163,9 @@ void AssistantService::didCall(const AssistantClient& client, const AssistantToo
         ErrorOutput::writeLine(
             error.message()); // the call was made; that nobody wrote it down is no reason to say otherwise
     }
+    if (m_options.windows != nullptr) {
+        m_options.windows->didCall(client, tool, result);
+    }
 }
 
 /// What goes wrong in the event loop ends the service, and with its library in order.
@@ -176,6 +192,11 @@ void AssistantService::end(int status)
 void AssistantService::didAsk(const ControlMessage& request, Descriptor asker)
 {
     const std::string what = request.text("do");
+    if (what == "show" && m_options.windows != nullptr && !m_hasEnded) {
+        m_options.windows->show(request.text("section"));
+        std::ignore = ControlChannel::send(asker.number(), {.body = JSON::object({{"did", "show"}})});
+        return;
+    }
     if (m_hasEnded || (what != "lend" && what != "hand over")) {
         return;
     }
@@ -218,6 +239,7 @@ void AssistantService::serveNext()
 void AssistantService::give(AssistantServer::Handover assistants)
 {
     Request& request = m_requests.front();
+    tellClosing();
     m_loan = std::make_unique<LibraryLoan>(
         request.kind,
         std::move(request.asker),
@@ -278,6 +300,7 @@ void AssistantService::endWhenIdle()
 void AssistantService::stop()
 {
     m_hasEnded = true;
+    tellClosing();
     m_word.reset();
     m_control.reset();
     if (m_loan && !m_loan->isElsewhere()) {

@@ -28,12 +28,32 @@ namespace Quillary {
 class AppEnvironment;
 class PrintingHost;
 
+/// The windows of a program that serves its library and shows it.
+class LibraryWindows
+{
+public:
+    LibraryWindows() = default;
+    LibraryWindows(const LibraryWindows&) = delete;
+    LibraryWindows& operator=(const LibraryWindows&) = delete;
+    virtual ~LibraryWindows() = default;
+
+    /// The library is there, for the first time or again.
+    virtual void didOpen(OpenLibrary& library) = 0;
+    /// It is about to be lent or closed: what was typed is saved now.
+    virtual void willClose() = 0;
+    /// A second start asks for the window; `section` is empty or names one.
+    virtual void show(const std::string& section) = 0;
+    virtual void dayBegan() = 0;
+    /// An assistant has done something.
+    virtual void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) = 0;
+};
+
 /// Serves one library to assistant apps, and lends it to the user's own commands between their calls. Makes the recurring
 /// invoices that are due when it starts and after each midnight.
 ///
 /// Belongs to the main thread and needs its event loop. Whoever holds a library offers three things over its control
 /// socket: to lend it ("lend"), which a command asks for; to hand everything over ("hand over"), which a Quillary asks
-/// for that stays; and nothing else.
+/// for that stays; and to come to the front ("show"), which a second start asks of one with windows.
 class AssistantService
 {
 public:
@@ -49,6 +69,7 @@ public:
         std::chrono::milliseconds idleTime = std::chrono::minutes(5);
         ApprovalAsker* asker = nullptr; ///< null: nobody can be asked
         bool makesRecurring = true;     ///< makes the recurring invoices that are due
+        LibraryWindows* windows = nullptr;
     };
 
     /// `end` is called when there is nothing more to serve, with the program's exit status.
@@ -72,6 +93,7 @@ public:
 private:
     void takeOver(ServingRight::Taken taken);
     void openLibrary(LibraryClaim claim);
+    void tellClosing();
     void listen();
     void backUpIfDue();
     void catchUpIfDue();

@@ -8,9 +8,11 @@
 #include "QuillaryUI/Printing/ProgramFolders.h"
 #include "QuillaryUI/Printing/QuietMessages.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QProcess>
+#include <QTimer>
 
 #include <array>
 #include <filesystem>
@@ -53,7 +55,16 @@ bool openWithDesktop(const std::filesystem::path& file)
 struct PrintingHost::Application
 {
     ProgramArguments arguments;
-    QGuiApplication application{arguments.count, arguments.values.data()};
+    std::unique_ptr<QGuiApplication> application;
+
+    explicit Application(Windows windows)
+    {
+        if (windows == Windows::shown) {
+            application = std::make_unique<QApplication>(arguments.count, arguments.values.data());
+        } else {
+            application = std::make_unique<QGuiApplication>(arguments.count, arguments.values.data());
+        }
+    }
 };
 
 PrintingHost::PrintingHost(const AppEnvironment& environment)
@@ -63,14 +74,16 @@ PrintingHost::PrintingHost(const AppEnvironment& environment)
 
 PrintingHost::~PrintingHost() = default;
 
-void PrintingHost::startApplication()
+void PrintingHost::startApplication(Windows windows)
 {
     usePageFonts(ProgramFolders::of(m_environment.programFile()));
-    drawWithoutScreen();
+    if (windows == Windows::none) {
+        drawWithoutScreen();
+    }
     // What the web engine asks for when it is loaded later than Qt was started.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     const QuietMessages quiet; // a shell without a desktop lacks folders that Qt would remark on
-    m_application = std::make_unique<Application>();
+    m_application = std::make_unique<Application>(windows);
 }
 
 PagePrinter& PrintingHost::printer()
@@ -79,11 +92,13 @@ PagePrinter& PrintingHost::printer()
         const ProgramFolders folders = ProgramFolders::of(m_environment.programFile());
         const QuietMessages quiet;
         usePageFonts(folders);
-        drawWithoutScreen();
+        if (m_application == nullptr) {
+            drawWithoutScreen();
+        }
         // The module comes first where nothing has started Qt yet: it then prepares Qt's drawing itself.
         m_printer = loadPagePrinter(folders.modules);
         if (m_application == nullptr) {
-            m_application = std::make_unique<Application>();
+            m_application = std::make_unique<Application>(Windows::none);
         }
     }
     return *m_printer;
@@ -109,6 +124,29 @@ void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply
             reply(std::get<PrintError>(result).message());
         }
     });
+}
+
+void PrintingHost::press(PageJob job, PrintReply reply)
+{
+    try {
+        printer().print(printJob(std::move(job)), std::move(reply));
+    } catch (const PrintError& error) {
+        QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
+    }
+}
+
+PagePicture PrintingHost::picture(const Bytes& pdf, int pageIndex, int pixelWidth)
+{
+    return printer().pagePicture(pdf, pageIndex, pixelWidth);
+}
+
+void PrintingHost::warmUp()
+{
+    try {
+        printer().warmUp();
+    } catch (const PrintError&) {
+        return; // the first page says so, where somebody sees it
+    }
 }
 
 Bytes PrintingHost::printAndWait(PageJob job)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QuillaryCore/Assistant/Tools/AssistantHost.h"
+#include "QuillaryUI/Paper/PagePress.h"
 
 #include <functional>
 #include <memory>
@@ -11,9 +12,9 @@ class AppEnvironment;
 class PagePrinter;
 struct PrintJob;
 
-/// Prints for commands that run without windows. The web engine is started by the first page, so that a command that
+/// Prints for commands and windows. The web engine is started by the first page, so that a command that
 /// prints none never waits for it.
-class PrintingHost final : public AssistantHost
+class PrintingHost final : public AssistantHost, public PagePress
 {
 public:
     explicit PrintingHost(const AppEnvironment& environment);
@@ -25,8 +26,13 @@ public:
     [[nodiscard]] std::filesystem::path downloadsFolder() const override;
     [[nodiscard]] std::filesystem::path homeFolder() const override;
 
+    void press(PageJob job, PrintReply reply) override;
+    [[nodiscard]] PagePicture picture(const Bytes& pdf, int pageIndex, int pixelWidth) override;
+    void warmUp() override;
+
+    enum class Windows { none, shown };
     /// Starts Qt's event loop's application for programs that stay, before anything is printed.
-    void startApplication();
+    void startApplication(Windows windows = Windows::none);
 
     /// Prints a page and waits for it. Throws: `UserError`.
     [[nodiscard]] Bytes printAndWait(PageJob job);

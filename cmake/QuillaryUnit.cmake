@@ -55,3 +55,12 @@ function(quillary_add_tests name)
         PROPERTIES ENVIRONMENT "TZ=Asia/Kolkata;LC_ALL=C.UTF-8;QT_QPA_PLATFORM=offscreen" TIMEOUT 300
     )
 endfunction()
+
+# quillary_add_window_unit(Name HEADERS ... SOURCES ... USES ... [LIBRARIES ...])
+#
+# A unit of the windows: with Qt's own compiler of signals, and without Qt's keywords, which are names of ours elsewhere.
+function(quillary_add_window_unit name)
+    quillary_add_unit(${name} ${ARGN} LIBRARIES Qt6::Widgets)
+    set_target_properties(Quillary${name} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(Quillary${name} PUBLIC QT_NO_KEYWORDS)
+endfunction()

@@ -19,6 +19,7 @@
 #include "Quillary/Commands/ServeCommand.h"
 #include "Quillary/Commands/SettingsCommand.h"
 #include "Quillary/Commands/TimeCommand.h"
+#include "Quillary/Commands/WindowCommand.h"
 #include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
@@ -95,6 +96,7 @@ CommandList makeCommands(CLI::App& app)
     commands.push_back(std::make_unique<AssistantsCommand>(app));
     commands.push_back(std::make_unique<SamplesCommand>(app));
     commands.push_back(std::make_unique<ServeCommand>(app));
+    commands.push_back(std::make_unique<WindowCommand>(app)); // last: it is what nothing else was asked for means
     return commands;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "QuillaryCore/Reports/ClientNames.h"
+#include "QuillaryCore/Model/ClientNames.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "QuillaryCore/Reports/DocumentTotals.h"
 
-#include "QuillaryCore/Reports/KeyRuns.h"
+#include "QuillaryCore/Model/KeyRuns.h"
 #include "QuillaryCore/Store/Columns.h"
 #include "QuillaryCore/Store/Context.h"
 

@@ -1,10 +1,10 @@
 #include "QuillaryCore/Reports/InvoiceList.h"
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
+#include "QuillaryCore/Model/ClientNames.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
-#include "QuillaryCore/Reports/ClientNames.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Store/Columns.h"
 #include "QuillaryCore/Store/Context.h"

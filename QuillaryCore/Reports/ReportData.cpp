@@ -2,7 +2,7 @@
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Reports/KeyRuns.h"
+#include "QuillaryCore/Model/KeyRuns.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryCore/Store/StoreError.h"

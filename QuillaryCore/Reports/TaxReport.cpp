@@ -1,7 +1,7 @@
 #include "QuillaryCore/Reports/TaxReport.h"
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
-#include "QuillaryCore/Reports/ClientNames.h"
+#include "QuillaryCore/Model/ClientNames.h"
 #include "QuillaryCore/Reports/DocumentTotals.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Store/Context.h"

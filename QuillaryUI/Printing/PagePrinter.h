@@ -48,6 +48,9 @@ public:
     /// `PrintError`.
     [[nodiscard]] virtual Bytes pageImage(const Bytes& pdf, int pageIndex, int pixelWidth) const = 0;
 
+    /// The same for drawing at once.
+    [[nodiscard]] virtual PagePicture pagePicture(const Bytes& pdf, int pageIndex, int pixelWidth) const = 0;
+
     /// A vector picture (SVG) as PNG with its transparency, at most `pixelWidth` by `pixelHeight`; the renderer is given
     /// 20 s. Runs the event loop like `printAndWait`. Throws: `PrintError`.
     [[nodiscard]] virtual Bytes vectorImage(const Bytes& svg, int pixelWidth, int pixelHeight) = 0;

@@ -33,6 +33,14 @@ struct PrintedPDF
     int pageCount = 0;
 };
 
+/// A page as it is drawn on a screen: white paper, four bytes a pixel (red, green, blue, unused), rows without gaps.
+struct PagePicture
+{
+    int width = 0; ///< pixels
+    int height = 0;
+    Bytes pixels;
+};
+
 /// Why there is no PDF, or no picture of one.
 class PrintError : public UserError
 {

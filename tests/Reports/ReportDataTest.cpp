@@ -1,7 +1,7 @@
 #include "QuillaryCore/Reports/ReportData.h"
 
 #include "QuillaryCore/Foundation/CheckedInteger.h"
-#include "QuillaryCore/Reports/KeyRuns.h"
+#include "QuillaryCore/Model/KeyRuns.h"
 #include "tests/Model/TestLibrary.h"
 
 #include <gtest/gtest.h>

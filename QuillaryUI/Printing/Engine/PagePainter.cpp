@@ -65,6 +65,15 @@ Bytes png(const QImage& image)
     return {bytes.begin(), bytes.end()};
 }
 
+QImage onPaper(const Bytes& pdf, int pageIndex, int pixelWidth)
+{
+    const QImage printed = OpenedPDF(pdf).paint(pageIndex, pixelWidth);
+    QImage paper(printed.size(), QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter(&paper).drawImage(0, 0, printed);
+    return paper;
+}
+
 } // namespace
 
 int pageCount(const Bytes& pdf)
@@ -74,11 +83,16 @@ int pageCount(const Bytes& pdf)
 
 Bytes pageImage(const Bytes& pdf, int pageIndex, int pixelWidth)
 {
-    const QImage printed = OpenedPDF(pdf).paint(pageIndex, pixelWidth);
-    QImage paper(printed.size(), QImage::Format_RGB32);
-    paper.fill(Qt::white);
-    QPainter(&paper).drawImage(0, 0, printed);
-    return png(paper);
+    return png(onPaper(pdf, pageIndex, pixelWidth));
+}
+
+PagePicture pagePicture(const Bytes& pdf, int pageIndex, int pixelWidth)
+{
+    const QImage page = onPaper(pdf, pageIndex, pixelWidth).convertToFormat(QImage::Format_RGBX8888);
+    // Rows of four-byte pixels have no gaps.
+    return {.width = page.width(),
+            .height = page.height(),
+            .pixels = Bytes(page.constBits(), page.constBits() + page.sizeInBytes())};
 }
 
 Bytes transparentImage(const Bytes& pdf, int pixelWidth)

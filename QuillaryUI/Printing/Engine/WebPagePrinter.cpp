@@ -195,6 +195,11 @@ Bytes WebPagePrinter::pageImage(const Bytes& pdf, int pageIndex, int pixelWidth)
     return PagePainter::pageImage(pdf, pageIndex, pixelWidth);
 }
 
+PagePicture WebPagePrinter::pagePicture(const Bytes& pdf, int pageIndex, int pixelWidth) const
+{
+    return PagePainter::pagePicture(pdf, pageIndex, pixelWidth);
+}
+
 Bytes WebPagePrinter::vectorImage(const Bytes& svg, int pixelWidth, int pixelHeight)
 {
     QEventLoop loop;

@@ -30,6 +30,7 @@ public:
     void warmUp() override;
     [[nodiscard]] int pageCount(const Bytes& pdf) const override;
     [[nodiscard]] Bytes pageImage(const Bytes& pdf, int pageIndex, int pixelWidth) const override;
+    [[nodiscard]] PagePicture pagePicture(const Bytes& pdf, int pageIndex, int pixelWidth) const override;
     Bytes vectorImage(const Bytes& svg, int pixelWidth, int pixelHeight) override;
 
     /// The process that renders, for tests that end it. 0: none runs.

@@ -1,8 +1,8 @@
-#include "QuillaryCore/Reports/ClientNames.h"
+#include "QuillaryCore/Model/ClientNames.h"
 
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
-#include "QuillaryCore/Reports/KeyRuns.h"
+#include "QuillaryCore/Model/KeyRuns.h"
 #include "QuillaryCore/Store/Columns.h"
 #include "QuillaryCore/Store/Context.h"
 

@@ -1,0 +1,137 @@
+#include "Quillary/Commands/WindowCommand.h"
+
+#include "Quillary/AppEnvironment.h"
+#include "Quillary/AssistantService.h"
+#include "Quillary/Control/ControlSocket.h"
+#include "Quillary/Desktop.h"
+#include "Quillary/ErrorOutput.h"
+#include "Quillary/PrintingHost.h"
+#include "Quillary/Screenshots.h"
+#include "Quillary/StopSignals.h"
+#include "QuillaryChannel/AssistantChannel.h"
+#include "QuillaryCore/Assistant/Access/ActivityLog.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryUI/Look/Theme.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <CLI/CLI.hpp>
+#include <fmt/format.h>
+
+#include <chrono>
+#include <filesystem>
+#include <unistd.h>
+
+namespace Quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A window that is busy answers within this.
+constexpr std::chrono::milliseconds patienceWithWindow{5'000};
+constexpr QRgb usualAccent = 0xff1f5fbf;
+
+/// Whether a Quillary with a window holds the library and has come to the front.
+bool isShownElsewhere(const fs::path& library)
+{
+    std::optional<Descriptor> holder = ControlSocket::connect(library);
+    if (!holder || !ControlChannel::send(holder->number(), {.body = JSON::object({{"do", "show"}})})) {
+        return false;
+    }
+    const std::optional<ControlMessage> answer = ControlChannel::receive(holder->number(), patienceWithWindow);
+    return answer && answer->text("did") == "show";
+}
+
+void dress()
+{
+    auto& application = *static_cast<QApplication*>(QCoreApplication::instance());
+    QCoreApplication::setOrganizationName(QStringLiteral("Quillary"));
+    QCoreApplication::setApplicationName(QStringLiteral("quillary"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.quillary.Quillary"));
+    Theme::apply(application, Theme::schemeOfDesktop(application), QColor(usualAccent));
+}
+
+/// What stands between the user and the library, in a window: nobody reads standard error.
+void showFailure(const UserError& error)
+{
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quillary"), text(error.message()));
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+} // namespace
+
+WindowCommand::WindowCommand(CLI::App& app)
+    : m_app(app)
+{
+    app.add_option("--screenshots", m_screenshots, "Draws every section of a sample library, light and dark.")
+        ->type_name("FOLDER");
+}
+
+bool WindowCommand::wasGiven() const
+{
+    const bool hasScreen = AppEnvironment().hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    return !m_screenshots.empty() || (m_app.get_subcommands().empty() && hasScreen);
+}
+
+int WindowCommand::run(const CommandSetting& setting) const
+{
+    return m_screenshots.empty() ? open(setting) : drawSections(setting);
+}
+
+int WindowCommand::open(const CommandSetting& setting) const
+{
+    if (isShownElsewhere(setting.library)) {
+        return 0;
+    }
+    AppEnvironment& environment = setting.environment;
+    ErrorOutput::surviveBrokenPipes();
+    PrintingHost host(environment);
+    host.startApplication(PrintingHost::Windows::shown);
+    dress();
+    int status = 0;
+    Desktop desktop(environment, host);
+    try {
+        AssistantService service({.library = setting.library,
+                                  .socket = AssistantChannel::socketPath(environ),
+                                  .settings = environment.configurationFolder() / AssistantSettingsFile::fileName,
+                                  .log = environment.stateFolder() / ActivityLog::fileName,
+                                  .asker = &desktop.asker(),
+                                  .windows = &desktop},
+                                 environment,
+                                 host,
+                                 [&status](int result) {
+                                     status = result;
+                                     QCoreApplication::quit();
+                                 });
+        service.claim();
+        const StopSignals endings([] { QCoreApplication::quit(); });
+        service.start();
+        desktop.show({});
+        QCoreApplication::exec();
+        service.stop();
+    } catch (const UserError& error) {
+        ErrorOutput::writeLine(error.message());
+        showFailure(error);
+        return 1;
+    }
+    return status;
+}
+
+int WindowCommand::drawSections(const CommandSetting& setting) const
+{
+    if (!setting.environment.hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    PrintingHost host(setting.environment);
+    host.startApplication(PrintingHost::Windows::shown);
+    dress();
+    const int count = Screenshots::draw(fs::absolute(m_screenshots), host);
+    fmt::print("{} pictures in {}\n", count, fs::absolute(m_screenshots).string());
+    return 0;
+}
+
+} // namespace Quillary

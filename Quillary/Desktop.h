@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Quillary/AssistantService.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Main/ApprovalDialog.h"
+#include "QuillaryUI/Main/MainWindow.h"
+
+#include <memory>
+#include <string>
+
+namespace Quillary {
+
+class AppEnvironment;
+class PrintingHost;
+
+/// The windows over a library that is served. The window stays when the library is lent, and shows it again afterwards.
+class Desktop final : public LibraryWindows
+{
+public:
+    Desktop(AppEnvironment& environment, PrintingHost& host);
+
+    void didOpen(OpenLibrary& library) override;
+    void willClose() override;
+    void show(const std::string& section) override;
+    void dayBegan() override;
+    void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) override;
+
+    [[nodiscard]] ApprovalAsker& asker() { return m_asker; }
+    [[nodiscard]] LibraryAccess& library() { return m_library; }
+
+    /// The window, made when it is first asked for: the library is open then.
+    [[nodiscard]] MainWindow& window();
+
+private:
+    AppEnvironment& m_environment;
+    PrintingHost& m_host;
+    LibraryAccess m_library;
+    std::unique_ptr<MainWindow> m_window;
+    ApprovalDialog m_asker;
+};
+
+} // namespace Quillary

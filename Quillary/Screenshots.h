@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+
+namespace Quillary {
+
+class PrintingHost;
+
+/// Pictures of the windows with the sample library, for looking at them all.
+namespace Screenshots {
+
+/// Draws every section in light and dark as PNG. Returns how many. Throws: `UserError`.
+int draw(const std::filesystem::path& folder, PrintingHost& host);
+
+} // namespace Screenshots
+
+} // namespace Quillary

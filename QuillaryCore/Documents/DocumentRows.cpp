@@ -1,0 +1,322 @@
+#include "QuillaryCore/Documents/DocumentRows.h"
+
+#include "QuillaryCore/Foundation/CheckedInteger.h"
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientNames.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Store/Columns.h"
+#include "QuillaryCore/Store/Context.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr std::string_view columns =
+    "SELECT id, kindRaw, statusRaw, dueDate, validUntil, cachedTotalMinorUnits, cachedPaidMinorUnits, "
+    "cachedLateFeesMinorUnits, client, project, tags, number, title, currencyCode, issueDate FROM Document";
+
+/// The columns of a row in a document that has nothing else.
+void readFacts(const Statement& row, Document& facts)
+{
+    facts.ref = Ref<Document>(row.integer(0));
+    Column<std::int16_t>::read(row, 1, facts.kindRaw);
+    Column<std::int16_t>::read(row, 2, facts.statusRaw);
+    facts.dueDate = row.instant(3);
+    facts.validUntil = row.instant(4);
+    facts.cachedTotalMinorUnits = row.integer(5);
+    facts.cachedPaidMinorUnits = row.integer(6);
+    facts.cachedLateFeesMinorUnits = row.integer(7);
+    facts.client = Ref<Client>(row.integer(8));
+    facts.project = Ref<Project>(row.integer(9));
+    facts.tags = row.text(10);
+    facts.number = row.text(11);
+    facts.title = row.text(12);
+    facts.currencyCode = row.text(13);
+    facts.issueDate = row.instant(14);
+}
+
+std::string foldedTagText(const Document& facts)
+{
+    std::string text;
+    if (!facts.tags.empty()) {
+        for (const std::string& tag : tagList(facts)) {
+            text += "\n" + folded(tag);
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+DocumentRows::Row rowOf(const Document& facts, Instant today, const Calendar& calendar)
+{
+    DocumentRows::Row row{.key = facts.ref.key(),
+                          .status = displayStatus(facts, today, calendar),
+                          .daysOverdue = 0,
+                          .number = facts.number,
+                          .title = facts.title,
+                          .clientName = {},
+                          .currencyCode = facts.currencyCode,
+                          .foldedText = {},
+                          .foldedTags = foldedTagText(facts),
+                          .issueDate = facts.issueDate,
+                          .dueDate = kind(facts) == DocumentKind::quote ? facts.validUntil : facts.dueDate,
+                          .totalMinorUnits = facts.cachedTotalMinorUnits,
+                          .dueMinorUnits = 0,
+                          .client = facts.client.key(),
+                          .project = facts.project.key()};
+    if (row.status == DisplayStatus::overdue) {
+        row.daysOverdue = daysOverdue(facts, today, calendar);
+    }
+    if (acceptsPayments(facts)) {
+        row.dueMinorUnits = cachedAmountDueMinorUnits(facts);
+    }
+    return row;
+}
+
+/// The newest first; what has no date is older than everything.
+bool isNewer(const DocumentRows::Row& left, const DocumentRows::Row& right)
+{
+    return std::tuple(left.issueDate, left.key) > std::tuple(right.issueDate, right.key);
+}
+
+void nameClients(Context& context, std::vector<DocumentRows::Row>& rows)
+{
+    std::vector<std::int64_t> keys;
+    keys.reserve(rows.size());
+    for (const DocumentRows::Row& row : rows) {
+        if (row.client != 0) {
+            keys.push_back(row.client);
+        }
+    }
+    const ClientNames names(context, std::move(keys));
+    std::unordered_map<std::int64_t, std::string> foldedNames;
+    for (DocumentRows::Row& row : rows) {
+        row.foldedText = folded(fmt::format("{}\n{}", row.number, row.title));
+        const ClientNames::Client* client = names.find(row.client);
+        if (client != nullptr) {
+            row.clientName = client->name;
+            std::string& name = foldedNames[row.client];
+            if (name.empty()) {
+                name = folded(client->name);
+            }
+            row.foldedText += "\n" + name;
+        }
+        row.foldedText += row.foldedTags;
+    }
+}
+
+bool fits(const DocumentRows::Row& row,
+          const DocumentRows::Filter& filter,
+          std::span<const std::string> words,
+          const std::string& tagLine)
+{
+    // The cheap questions first.
+    return (!filter.client || row.client == *filter.client) && (!filter.project || row.project == *filter.project) &&
+           (filter.statuses.empty() || std::ranges::find(filter.statuses, row.status) != filter.statuses.end()) &&
+           (!filter.start || (row.issueDate && *row.issueDate >= *filter.start)) &&
+           (!filter.end || (row.issueDate && *row.issueDate < *filter.end)) &&
+           (tagLine.empty() || row.foldedTags.find(tagLine) != std::string::npos) &&
+           std::ranges::all_of(
+               words, [&row](const std::string& word) { return row.foldedText.find(word) != std::string::npos; });
+}
+
+std::vector<std::string> wordsOf(std::string_view text)
+{
+    std::vector<std::string> words;
+    const std::string whole = folded(text);
+    for (const std::string_view word : split(whole, ' ')) {
+        if (!word.empty()) {
+            words.emplace_back(word);
+        }
+    }
+    return words;
+}
+
+/// Sorts by what a column shows; `value` of equal rows leaves them as they are.
+template <class Value>
+void sortBy(std::vector<std::uint32_t>& places, DocumentRows::Order order, const Value& value)
+{
+    if (order == DocumentRows::Order::ascending) {
+        std::ranges::stable_sort(places, std::less{}, value);
+    } else {
+        std::ranges::stable_sort(places, std::greater{}, value);
+    }
+}
+
+void add(std::map<std::string, std::int64_t, std::less<>>& sums, const std::string& currency, std::int64_t amount)
+{
+    std::int64_t& sum = sums[currency];
+    // Every stored amount is within `Limits`; only a foreign library could get there.
+    if (__builtin_add_overflow(sum, amount, &sum)) {
+        sum = amount < 0 ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
+    }
+}
+
+} // namespace
+
+void DocumentRows::load(Context& context, Instant today, const Calendar& calendar, std::optional<std::size_t> limit)
+{
+    clear();
+    const std::int64_t most = limit ? static_cast<std::int64_t>(*limit) : -1;
+    read(context, "WHERE kindRaw = ?1 ORDER BY issueDate DESC, id DESC LIMIT ?2", most, today, calendar);
+    m_isWhole = !limit || m_rows.size() < *limit;
+    index();
+}
+
+void DocumentRows::read(
+    Context& context, std::string_view condition, std::int64_t value, Instant today, const Calendar& calendar)
+{
+    Document facts;
+    std::vector<Row> rows;
+    context.query(
+        fmt::format("{} {}", columns, condition),
+        [&](const Statement& row) {
+            readFacts(row, facts);
+            rows.push_back(rowOf(facts, today, calendar));
+        },
+        static_cast<std::int16_t>(m_kind),
+        value);
+    nameClients(context, rows);
+    std::ranges::move(rows, std::back_inserter(m_rows));
+}
+
+bool DocumentRows::update(Context& context, const ChangeSet& changes, Instant today, const Calendar& calendar)
+{
+    const RecordChanges& documents = changes.of<Document>();
+    const RecordChanges& clients = changes.of<Client>();
+    std::vector<Key> keys = documents.inserted;
+    keys.insert(keys.end(), documents.changed.begin(), documents.changed.end());
+    if (!clients.changed.empty() || !clients.deleted.empty()) {
+        for (const Row& row : m_rows) {
+            if (std::ranges::binary_search(clients.changed, row.client) ||
+                std::ranges::binary_search(clients.deleted, row.client)) {
+                keys.push_back(row.key);
+            }
+        }
+    }
+    if (keys.empty() && documents.deleted.empty()) {
+        return false;
+    }
+    const std::size_t before = m_rows.size();
+    std::erase_if(m_rows, [&](const Row& row) {
+        return std::ranges::binary_search(documents.deleted, row.key) || std::ranges::find(keys, row.key) != keys.end();
+    });
+    const bool hasLost = m_rows.size() != before;
+    const std::size_t kept = m_rows.size();
+    std::ranges::sort(keys);
+    keys.erase(std::ranges::unique(keys).begin(), keys.end());
+    reload(context, keys, today, calendar);
+    if (!hasLost && m_rows.size() == kept) {
+        return false; // of other kinds, all of them
+    }
+    index();
+    return true;
+}
+
+void DocumentRows::reload(Context& context, std::span<const Key> keys, Instant today, const Calendar& calendar)
+{
+    const auto kept = static_cast<std::ptrdiff_t>(m_rows.size());
+    for (const Key key : keys) {
+        read(context, "WHERE kindRaw = ?1 AND id = ?2", key, today, calendar);
+    }
+    std::sort(m_rows.begin() + kept, m_rows.end(), isNewer);
+    std::inplace_merge(m_rows.begin(), m_rows.begin() + kept, m_rows.end(), isNewer);
+}
+
+void DocumentRows::clear()
+{
+    m_rows.clear();
+    m_places.clear();
+    m_isWhole = false;
+}
+
+void DocumentRows::index()
+{
+    m_places.clear();
+    m_places.reserve(m_rows.size());
+    for (std::uint32_t place = 0; place < m_rows.size(); ++place) {
+        m_places.emplace(m_rows[place].key, place);
+    }
+}
+
+std::vector<std::uint32_t> DocumentRows::arranged(const Filter& filter, Column column, Order order) const
+{
+    const std::vector<std::string> words = wordsOf(filter.text);
+    const std::string tagLine = filter.tag.empty() ? "" : "\n" + folded(filter.tag) + "\n";
+    std::vector<std::uint32_t> places;
+    places.reserve(m_rows.size());
+    for (std::uint32_t place = 0; place < m_rows.size(); ++place) {
+        if (fits(m_rows[place], filter, words, tagLine)) {
+            places.push_back(place);
+        }
+    }
+    const auto by = [&](const auto& value) {
+        sortBy(places, order, [&](std::uint32_t place) -> decltype(auto) { return value(m_rows[place]); });
+    };
+    switch (column) {
+    case Column::number:
+        by([](const Row& row) -> const std::string& { return row.number; });
+        break;
+    case Column::title:
+        by([](const Row& row) -> const std::string& { return row.title; });
+        break;
+    case Column::client:
+        by([](const Row& row) -> const std::string& { return row.clientName; });
+        break;
+    case Column::issueDate:
+        by([](const Row& row) { return row.issueDate; });
+        break;
+    case Column::dueDate:
+        by([](const Row& row) { return row.dueDate; });
+        break;
+    case Column::total:
+        by([](const Row& row) { return row.totalMinorUnits; });
+        break;
+    case Column::due:
+        by([](const Row& row) { return row.dueMinorUnits; });
+        break;
+    case Column::status:
+        by([](const Row& row) { return row.status; });
+        break;
+    }
+    return places;
+}
+
+std::optional<std::uint32_t> DocumentRows::place(Key key) const
+{
+    const auto found = m_places.find(key);
+    return found == m_places.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::array<std::size_t, allDisplayStatuses.size()> DocumentRows::counts() const
+{
+    std::array<std::size_t, allDisplayStatuses.size()> counts{};
+    for (const Row& row : m_rows) {
+        counts.at(static_cast<std::size_t>(row.status)) += 1;
+    }
+    return counts;
+}
+
+DocumentRows::Sum DocumentRows::sum(std::span<const std::uint32_t> places) const
+{
+    Sum sum;
+    for (const std::uint32_t place : places) {
+        const Row& row = m_rows[place];
+        sum.count += 1;
+        add(sum.totals, row.currencyCode, row.totalMinorUnits);
+        add(sum.due, row.currencyCode, row.dueMinorUnits);
+    }
+    return sum;
+}
+
+} // namespace Quillary

@@ -1,0 +1,94 @@
+#include "QuillaryUI/Documents/ClientPicker.h"
+
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryCore/Store/Context.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QStandardItemModel>
+
+namespace Quillary {
+
+namespace {
+
+constexpr std::size_t mostHits = 12;
+constexpr int keyRole = Qt::UserRole;
+constexpr int nameRole = Qt::UserRole + 1; ///< of a client that isn't there yet
+
+} // namespace
+
+ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent)
+    : QLineEdit(parent)
+    , m_library(library)
+    , m_hits(new QStandardItemModel(this))
+    , m_completer(new QCompleter(m_hits, this))
+{
+    setPlaceholderText(tr("Name, number or city"));
+    m_completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_completer->setMaxVisibleItems(int(mostHits) + 1);
+    m_completer->setWidget(this);
+    connect(this, &QLineEdit::textEdited, this, &ClientPicker::suggest);
+    connect(m_completer,
+            qOverload<const QModelIndex&>(&QCompleter::activated),
+            this,
+            &ClientPicker::take,
+            Qt::QueuedConnection); // the completer writes the row's text first
+    connect(this, &QLineEdit::returnPressed, this, [this] {
+        if (m_client == 0 && m_hits->rowCount() > 0 && !text().isEmpty()) {
+            take(m_hits->index(0, 0));
+        }
+    });
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        if (!m_completer->popup()->isVisible()) {
+            setClient(m_client); // what was typed and not chosen is nobody
+        }
+    });
+}
+
+void ClientPicker::setClient(std::int64_t key)
+{
+    m_client = key;
+    const Client* client = m_library.isOpen() ? m_library.context().find(Ref<Client>(key)) : nullptr;
+    setText(client != nullptr ? Quillary::text(displayName(*client)) : QString());
+}
+
+void ClientPicker::suggest(const QString& typed)
+{
+    m_hits->clear();
+    if (!m_library.isOpen() || typed.trimmed().isEmpty()) {
+        m_completer->popup()->hide();
+        return;
+    }
+    for (const TextHit& hit : m_library.environment().librarySearch().clients(utf8(typed)).best(mostHits)) {
+        const Client* client = m_library.context().find(Ref<Client>(hit.key));
+        if (client == nullptr) {
+            continue;
+        }
+        const QString place = client->city.empty() ? QString() : QStringLiteral("  ·  ") + Quillary::text(client->city);
+        auto* item = new QStandardItem(Quillary::text(displayName(*client)) + place);
+        item->setData(qlonglong(hit.key), keyRole);
+        m_hits->appendRow(item);
+    }
+    auto* fresh = new QStandardItem(tr("New client “%1”").arg(typed.trimmed()));
+    fresh->setData(qlonglong(0), keyRole);
+    fresh->setData(typed.trimmed(), nameRole);
+    m_hits->appendRow(fresh);
+    m_completer->complete();
+}
+
+void ClientPicker::take(const QModelIndex& index)
+{
+    const std::int64_t key = index.data(keyRole).toLongLong();
+    if (key != 0) {
+        setClient(key);
+        Q_EMIT picked(key);
+        return;
+    }
+    const QString name = index.data(nameRole).toString();
+    setClient(m_client);
+    Q_EMIT wantedNew(name);
+}
+
+} // namespace Quillary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "QuillaryUI/Library/LibraryAccess.h"
+
+#include <QLineEdit>
+
+#include <cstdint>
+
+class QCompleter;
+class QStandardItemModel;
+
+namespace Quillary {
+
+/// Chooses a client by a few letters of the name, number or city; a name that nobody has is offered as a new client.
+class ClientPicker : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit ClientPicker(LibraryAccess& library, QWidget* parent = nullptr);
+
+    /// Shows a client; 0: none.
+    void setClient(std::int64_t key);
+    [[nodiscard]] std::int64_t client() const { return m_client; }
+
+Q_SIGNALS:
+    void picked(std::int64_t key);
+    void wantedNew(const QString& name);
+
+private:
+    void suggest(const QString& typed);
+    void take(const QModelIndex& index);
+
+    LibraryAccess& m_library;
+    QStandardItemModel* m_hits;
+    QCompleter* m_completer;
+    std::int64_t m_client = 0;
+};
+
+} // namespace Quillary

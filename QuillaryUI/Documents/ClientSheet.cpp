@@ -1,0 +1,65 @@
+#include "QuillaryUI/Documents/ClientSheet.h"
+
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+
+#include <QFormLayout>
+#include <QLineEdit>
+
+namespace Quillary {
+
+ClientSheet::ClientSheet(LibraryAccess& library, const QString& name, QWidget* host)
+    : Sheet(tr("New Client"), tr("Add Client"), host)
+    , m_library(library)
+{
+    addField(tr("Name"), "name");
+    addField(tr("Email"), "email");
+    addField(tr("Street"), "address_line");
+    addField(tr("Postal code"), "postal_code");
+    addField(tr("City"), "city");
+    addField(tr("Country"), "country");
+    addField(tr("VAT ID"), "vat_id");
+    m_fields["country"]->setPlaceholderText(tr("Two letters, such as DE"));
+    m_fields["name"]->setText(name);
+    onAnswer([this] { return make(); });
+}
+
+void ClientSheet::begin()
+{
+    open(m_fields["name"]->text().isEmpty() ? m_fields["name"] : m_fields["email"]);
+}
+
+void ClientSheet::addField(const QString& label, const std::string& argument)
+{
+    auto* field = new QLineEdit(this);
+    field->setObjectName(text("client_" + argument));
+    field->setAccessibleName(label);
+    m_fields[argument] = field;
+    form().addRow(label, field);
+}
+
+std::optional<QString> ClientSheet::make()
+{
+    if (!m_library.isOpen()) {
+        return tr("Another Quillary is using the library at this moment. Try again in a second.");
+    }
+    JSON arguments = JSON::object({});
+    for (const auto& [argument, field] : m_fields) {
+        if (const std::string value = utf8(field->text().trimmed()); !value.empty()) {
+            arguments.set(argument, value);
+        }
+    }
+    ToolResult result;
+    AssistantActions(m_library.environment()).call("create_client", arguments, [&](ToolResult answer) {
+        result = std::move(answer);
+    });
+    if (result.isError) {
+        return text(result.text);
+    }
+    const JSON* client = result.data ? result.data->find("id") : nullptr;
+    if (client != nullptr && client->string() != nullptr) {
+        Q_EMIT made(text(*client->string()));
+    }
+    return std::nullopt;
+}
+
+} // namespace Quillary

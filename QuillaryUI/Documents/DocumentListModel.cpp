@@ -1,0 +1,298 @@
+#include "QuillaryUI/Documents/DocumentListModel.h"
+
+#include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/Theme.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+using RowColumn = DocumentRows::Column;
+
+/// More than any screen shows.
+constexpr std::size_t firstScreen = 200;
+
+std::vector<RowColumn> columnsOf(DocumentKind kind)
+{
+    if (kind == DocumentKind::invoice) {
+        return {RowColumn::number,
+                RowColumn::client,
+                RowColumn::issueDate,
+                RowColumn::dueDate,
+                RowColumn::total,
+                RowColumn::due,
+                RowColumn::status};
+    }
+    if (kind == DocumentKind::quote) {
+        return {RowColumn::number,
+                RowColumn::client,
+                RowColumn::issueDate,
+                RowColumn::dueDate,
+                RowColumn::total,
+                RowColumn::status};
+    }
+    return {RowColumn::number, RowColumn::client, RowColumn::issueDate, RowColumn::total, RowColumn::status};
+}
+
+bool isAmount(RowColumn column)
+{
+    return column == RowColumn::total || column == RowColumn::due;
+}
+
+} // namespace
+
+DocumentListModel::DocumentListModel(LibraryAccess& library, DocumentKind kind, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_library(library)
+    , m_kind(kind)
+    , m_columns(columnsOf(kind))
+    , m_rows(kind)
+{
+    m_rest.setSingleShot(true);
+    connect(&m_rest, &QTimer::timeout, this, &DocumentListModel::loadRest);
+    connect(&library, &LibraryAccess::opened, this, &DocumentListModel::reload);
+    connect(&library, &LibraryAccess::changed, this, &DocumentListModel::take);
+    connect(&library, &LibraryAccess::closing, this, [this] { m_rest.stop(); });
+    if (library.isOpen()) {
+        reload();
+    }
+}
+
+int DocumentListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_places.size());
+}
+
+int DocumentListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_columns.size());
+}
+
+QVariant DocumentListModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount()) {
+        return {};
+    }
+    const DocumentRows::Row& row = m_rows.row(m_places[static_cast<std::size_t>(index.row())]);
+    switch (role) {
+    case Qt::DisplayRole:
+        return text(row, index.column());
+    case Qt::ToolTipRole:
+        return text(row, index.column());
+    case Qt::TextAlignmentRole:
+        return QVariant(
+            Qt::AlignVCenter |
+            (isAmount(m_columns[static_cast<std::size_t>(index.column())]) ? Qt::AlignRight : Qt::AlignLeft));
+    case keyRole:
+        return qlonglong(row.key);
+    case statusRole:
+        return int(row.status);
+    case sortRole:
+        return value(row, index.column());
+    case Qt::ForegroundRole:
+        return m_columns[static_cast<std::size_t>(index.column())] == RowColumn::status
+                   ? QVariant(Theme::statusColor(row.status))
+                   : QVariant();
+    default:
+        return {};
+    }
+}
+
+QString DocumentListModel::text(const DocumentRows::Row& row, int column) const
+{
+    const Formats& formats = m_library.formats();
+    switch (m_columns[static_cast<std::size_t>(column)]) {
+    case RowColumn::number:
+        return row.number.empty() ? tr("No number") : Quillary::text(row.number);
+    case RowColumn::title:
+        return Quillary::text(row.title);
+    case RowColumn::client:
+        return row.clientName.empty() ? tr("No client") : Quillary::text(row.clientName);
+    case RowColumn::issueDate:
+        return formats.date(row.issueDate);
+    case RowColumn::dueDate:
+        return formats.date(row.dueDate);
+    case RowColumn::total:
+        return formats.money(row.totalMinorUnits, row.currencyCode);
+    case RowColumn::due:
+        return row.dueMinorUnits == 0 ? QString() : formats.money(row.dueMinorUnits, row.currencyCode);
+    case RowColumn::status:
+        return StatusText::word(row.status, m_kind);
+    }
+    return {};
+}
+
+QVariant DocumentListModel::value(const DocumentRows::Row& row, int column) const
+{
+    const auto day = [](const std::optional<Instant>& instant) {
+        return instant ? QVariant(qlonglong(instant->time_since_epoch().count())) : QVariant();
+    };
+    switch (m_columns[static_cast<std::size_t>(column)]) {
+    case RowColumn::issueDate:
+        return day(row.issueDate);
+    case RowColumn::dueDate:
+        return day(row.dueDate);
+    case RowColumn::total:
+        return qlonglong(row.totalMinorUnits);
+    case RowColumn::due:
+        return qlonglong(row.dueMinorUnits);
+    case RowColumn::status:
+        return int(row.status);
+    case RowColumn::number:
+    case RowColumn::title:
+    case RowColumn::client:
+        return text(row, column);
+    }
+    return {};
+}
+
+QVariant DocumentListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) {
+        return {};
+    }
+    const RowColumn column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::TextAlignmentRole) {
+        return QVariant(Qt::AlignVCenter | (isAmount(column) ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    if (role != Qt::DisplayRole) {
+        return {};
+    }
+    switch (column) {
+    case RowColumn::number:
+        return tr("Number");
+    case RowColumn::title:
+        return tr("Title");
+    case RowColumn::client:
+        return tr("Client");
+    case RowColumn::issueDate:
+        return tr("Date");
+    case RowColumn::dueDate:
+        return m_kind == DocumentKind::quote ? tr("Valid Until") : tr("Due");
+    case RowColumn::total:
+        return tr("Total");
+    case RowColumn::due:
+        return tr("Open");
+    case RowColumn::status:
+        return tr("Status");
+    }
+    return {};
+}
+
+void DocumentListModel::sort(int column, Qt::SortOrder order)
+{
+    if (column < 0 || column >= columnCount()) {
+        return;
+    }
+    m_sortColumn = m_columns[static_cast<std::size_t>(column)];
+    m_order = order == Qt::AscendingOrder ? DocumentRows::Order::ascending : DocumentRows::Order::descending;
+    arrange();
+}
+
+void DocumentListModel::setFilter(DocumentRows::Filter filter)
+{
+    if (filter != m_filter) {
+        m_filter = std::move(filter);
+        arrange();
+    }
+}
+
+DocumentRows::Key DocumentListModel::key(int row) const
+{
+    return m_keys[static_cast<std::size_t>(row)];
+}
+
+std::optional<int> DocumentListModel::rowOf(DocumentRows::Key key) const
+{
+    const auto found = std::ranges::find(m_keys, key);
+    return found == m_keys.end() ? std::nullopt : std::optional(int(found - m_keys.begin()));
+}
+
+DocumentRows::Sum DocumentListModel::sum(std::span<const int> rows) const
+{
+    std::vector<std::uint32_t> places;
+    places.reserve(rows.size());
+    for (const int row : rows) {
+        places.push_back(m_places[static_cast<std::size_t>(row)]);
+    }
+    return m_rows.sum(places);
+}
+
+void DocumentListModel::reload()
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    beginResetModel();
+    m_rows.load(m_library.context(), m_library.today(), m_library.formats().calendar(), firstScreen);
+    place(m_rows.arranged(m_filter, m_sortColumn, m_order));
+    endResetModel();
+    if (!m_rows.isWhole()) {
+        m_rest.start(0);
+    }
+    Q_EMIT arranged();
+}
+
+void DocumentListModel::loadRest()
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    DocumentRows whole(m_kind);
+    whole.load(m_library.context(), m_library.today(), m_library.formats().calendar());
+    m_rows = std::move(whole); // the rows shown now are found by their keys below
+    arrange();
+}
+
+void DocumentListModel::take(const ChangeSet& changes)
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    if (!m_rows.isWhole()) {
+        reload();
+    } else if (m_rows.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar())) {
+        arrange();
+    }
+}
+
+/// Rows that stay keep what is chosen of them. When their number changes everything is told anew, and whoever shows
+/// the list finds its row by the key.
+void DocumentListModel::arrange()
+{
+    std::vector<std::uint32_t> places = m_rows.arranged(m_filter, m_sortColumn, m_order);
+    if (places.size() != m_keys.size()) {
+        beginResetModel();
+        place(std::move(places));
+        endResetModel();
+        Q_EMIT arranged();
+        return;
+    }
+    Q_EMIT layoutAboutToBeChanged();
+    const std::vector<DocumentRows::Key> keys = m_keys;
+    const QModelIndexList before = persistentIndexList();
+    place(std::move(places));
+    QModelIndexList after;
+    for (const QModelIndex& index : before) {
+        const std::optional<int> row = rowOf(keys[static_cast<std::size_t>(index.row())]);
+        after.push_back(row ? this->index(*row, index.column()) : QModelIndex());
+    }
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged();
+    Q_EMIT arranged();
+}
+
+void DocumentListModel::place(std::vector<std::uint32_t> places)
+{
+    m_places = std::move(places);
+    m_keys.clear();
+    m_keys.reserve(m_places.size());
+    for (const std::uint32_t place : m_places) {
+        m_keys.push_back(m_rows.row(place).key);
+    }
+}
+
+} // namespace Quillary

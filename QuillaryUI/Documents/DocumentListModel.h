@@ -1,0 +1,74 @@
+#pragma once
+
+#include "QuillaryCore/Documents/DocumentRows.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+
+#include <QAbstractTableModel>
+#include <QTimer>
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace Quillary {
+
+/// The documents of one kind for a table: narrowed, sorted, and kept up to date. The first screenful is there when the
+/// list opens, the rest a moment later.
+class DocumentListModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        keyRole = Qt::UserRole, ///< the document's key
+        statusRole,             ///< `DisplayStatus` as int
+        sortRole,               ///< the value below the text
+    };
+
+    DocumentListModel(LibraryAccess& library, DocumentKind kind, QObject* parent = nullptr);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    void sort(int column, Qt::SortOrder order) override;
+
+    void setFilter(DocumentRows::Filter filter);
+    [[nodiscard]] const DocumentRows::Filter& filter() const { return m_filter; }
+
+    [[nodiscard]] DocumentKind kind() const { return m_kind; }
+    [[nodiscard]] const DocumentRows& rows() const { return m_rows; }
+    [[nodiscard]] DocumentRows::Key key(int row) const;
+    [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;
+    [[nodiscard]] DocumentRows::Sum sum(std::span<const int> rows) const;
+
+    /// The day that statuses are derived for is another one.
+    void refreshDay() { reload(); }
+
+Q_SIGNALS:
+    /// After every change of the rows: the library's, the filter's or the order's.
+    void arranged();
+
+private:
+    void reload();
+    void loadRest();
+    void take(const ChangeSet& changes);
+    void arrange();
+    void place(std::vector<std::uint32_t> places);
+    [[nodiscard]] QString text(const DocumentRows::Row& row, int column) const;
+    [[nodiscard]] QVariant value(const DocumentRows::Row& row, int column) const;
+
+    LibraryAccess& m_library;
+    DocumentKind m_kind;
+    std::vector<DocumentRows::Column> m_columns;
+    DocumentRows m_rows;
+    DocumentRows::Filter m_filter;
+    DocumentRows::Column m_sortColumn = DocumentRows::Column::issueDate;
+    DocumentRows::Order m_order = DocumentRows::Order::descending;
+    std::vector<std::uint32_t> m_places;   ///< the rows shown
+    std::vector<DocumentRows::Key> m_keys; ///< the same by their keys, which outlive a change of the rows
+    QTimer m_rest;
+};
+
+} // namespace Quillary

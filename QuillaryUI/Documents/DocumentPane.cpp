@@ -1,0 +1,418 @@
+#include "QuillaryUI/Documents/DocumentPane.h"
+
+#include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
+#include "QuillaryCore/Billing/DisplayStatus.h"
+#include "QuillaryCore/Billing/Reminders.h"
+#include "QuillaryCore/Documents/CreditNotes.h"
+#include "QuillaryCore/Documents/DocumentActions.h"
+#include "QuillaryCore/Documents/DocumentName.h"
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Numbering/UniqueFilePath.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/ClientSheet.h"
+#include "QuillaryUI/Documents/DraftEditor.h"
+#include "QuillaryUI/Documents/PaymentSheet.h"
+#include "QuillaryUI/Documents/ReminderSheet.h"
+#include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Paper/LivePage.h"
+#include "QuillaryUI/Paper/PaperView.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QSplitter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int border = 16;
+
+QLabel* label(QWidget* parent, const char* name, double size, bool isBold)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(QString::fromLatin1(name));
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * size);
+    font.setBold(isBold);
+    label->setFont(font);
+    return label;
+}
+
+void setColor(QLabel& label, const QColor& color)
+{
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, color);
+    label.setPalette(palette);
+}
+
+} // namespace
+
+DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
+    : QWidget(parent)
+    , m_library(library)
+    , m_page(new LivePage(library.press(), this))
+    , m_paper(new PaperView(library.press(), this))
+    , m_editor(new DraftEditor(library, this))
+    , m_split(new QSplitter(Qt::Horizontal, this))
+    , m_name(label(this, "documentName", 1.3, true))
+    , m_status(label(this, "documentStatus", 1.0, true))
+    , m_locked(label(this, "documentLocked", 1.0, false))
+    , m_next(new QPushButton(this))
+    , m_more(new QToolButton(this))
+    , m_menu(new QMenu(this))
+    , m_statusMenu(new QMenu(tr("Status"), this))
+    , m_head(new QWidget(this))
+    , m_empty(new QLabel(tr("Choose a document to see its page."), this))
+{
+    setObjectName(QStringLiteral("documentPane"));
+    build();
+    connect(m_page, &LivePage::ready, this, [this](const Bytes& pdf, int pageCount, bool isSame) {
+        m_paper->setPDF(pdf, pageCount, isSame ? PaperView::Place::kept : PaperView::Place::top);
+    });
+    connect(m_page, &LivePage::failed, m_paper, &PaperView::setNotice);
+    connect(m_page, &LivePage::cleared, m_paper, &PaperView::clear);
+    connect(m_editor, &DraftEditor::wantedClient, this, &DocumentPane::askForClient);
+    connect(&library, &LibraryAccess::changed, this, &DocumentPane::reload);
+    connect(&library, &LibraryAccess::opened, this, &DocumentPane::reload);
+    setDocument(0);
+    reload();
+}
+
+void DocumentPane::build()
+{
+    m_pay = addAction(tr("Record Payment…"),
+                      QStringLiteral("pay"),
+                      QKeySequence(QStringLiteral("Ctrl+Shift+P")),
+                      &DocumentPane::askForPayment);
+    m_remind = addAction(tr("Send Reminder…"),
+                         QStringLiteral("remind"),
+                         QKeySequence(QStringLiteral("Ctrl+Shift+R")),
+                         &DocumentPane::askForReminder);
+    m_email =
+        addAction(tr("Email…"), QStringLiteral("email"), QKeySequence(QStringLiteral("Ctrl+E")), &DocumentPane::email);
+    m_save = addAction(tr("Save as PDF"),
+                       QStringLiteral("savePDF"),
+                       QKeySequence(QStringLiteral("Ctrl+Shift+S")),
+                       &DocumentPane::savePDF);
+    m_duplicate = addAction(
+        tr("Duplicate"), QStringLiteral("duplicate"), QKeySequence(QStringLiteral("Ctrl+D")), &DocumentPane::duplicate);
+    m_toInvoice = addAction(tr("Make Invoice"),
+                            QStringLiteral("makeInvoice"),
+                            QKeySequence(QStringLiteral("Ctrl+I")),
+                            &DocumentPane::makeInvoice);
+    m_credit = addAction(tr("Make Credit Note"), QStringLiteral("makeCreditNote"), {}, &DocumentPane::makeCreditNote);
+    m_remove = addAction(tr("Delete Draft…"), QStringLiteral("deleteDraft"), {}, &DocumentPane::removeDraft);
+    for (QAction* action : std::as_const(m_actions)) {
+        m_menu->addAction(action);
+    }
+    m_menu->insertMenu(m_remove, m_statusMenu);
+
+    m_next->setObjectName(QStringLiteral("nextStep"));
+    m_next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Return")));
+    m_next->setDefault(true);
+    connect(m_next, &QPushButton::clicked, this, &DocumentPane::runNext);
+    m_more->setText(tr("More"));
+    m_more->setObjectName(QStringLiteral("moreActions"));
+    m_more->setAccessibleName(tr("More actions"));
+    m_more->setIcon(Theme::icon(QStringLiteral("more")));
+    m_more->setPopupMode(QToolButton::InstantPopup);
+    m_more->setMenu(m_menu);
+
+    auto* names = new QVBoxLayout;
+    names->setSpacing(2);
+    names->addWidget(m_name);
+    names->addWidget(m_status);
+    auto* head = new QHBoxLayout(m_head);
+    head->setContentsMargins(border, border, border, border / 2);
+    head->addLayout(names, 1);
+    head->addWidget(m_next);
+    head->addWidget(m_more);
+    m_locked->setWordWrap(true);
+    m_locked->setContentsMargins(border, 0, border, border / 2);
+    setColor(*m_locked, palette().color(QPalette::PlaceholderText));
+    m_empty->setAlignment(Qt::AlignCenter);
+    setColor(*m_empty, palette().color(QPalette::PlaceholderText));
+
+    m_split->setObjectName(QStringLiteral("editorAndPage"));
+    m_split->setChildrenCollapsible(false);
+    m_split->addWidget(m_editor);
+    m_split->addWidget(m_paper);
+    m_split->setStretchFactor(0, 1);
+    m_split->setStretchFactor(1, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_head);
+    column->addWidget(m_locked);
+    column->addWidget(m_split, 1);
+    column->addWidget(m_empty, 1);
+}
+
+QAction*
+DocumentPane::addAction(const QString& text, const QString& name, const QKeySequence& keys, void (DocumentPane::*run)())
+{
+    auto* action = new QAction(text, this);
+    action->setObjectName(name);
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, [this, run] {
+        flush();
+        if (record() != nullptr) {
+            (this->*run)();
+        }
+    });
+    QWidget::addAction(action);
+    m_actions.push_back(action);
+    return action;
+}
+
+const Document* DocumentPane::record() const
+{
+    return m_library.isOpen() ? m_library.context().find(Ref<Document>(m_document)) : nullptr;
+}
+
+void DocumentPane::setDocument(std::int64_t key)
+{
+    if (key == m_document) {
+        return;
+    }
+    flush();
+    m_document = key;
+    m_page->clear();
+    if (key != 0) {
+        m_page->show([this, key]() -> std::optional<PageJob> {
+            const Document* document = m_library.isOpen() ? m_library.context().find(Ref<Document>(key)) : nullptr;
+            if (document == nullptr) {
+                return std::nullopt;
+            }
+            return pageJob(m_library.context(), *document, m_library.business(), m_library.formats().calendar());
+        });
+    }
+    reload();
+}
+
+void DocumentPane::flush()
+{
+    m_editor->flush();
+}
+
+void DocumentPane::beginEditing()
+{
+    m_editor->begin();
+}
+
+void DocumentPane::reload()
+{
+    const Document* document = record();
+    const bool isDraft =
+        document != nullptr && status(*document) == DocumentStatus::draft && kind(*document) != DocumentKind::recurring;
+    m_head->setVisible(document != nullptr);
+    m_split->setVisible(document != nullptr);
+    m_empty->setVisible(document == nullptr);
+    m_editor->setVisible(isDraft);
+    m_locked->setVisible(document != nullptr && !isDraft && kind(*document) != DocumentKind::recurring);
+    for (QAction* action : std::as_const(m_actions)) {
+        action->setEnabled(document != nullptr);
+    }
+    m_editor->setDocument(isDraft ? m_document : 0);
+    if (document == nullptr) {
+        return;
+    }
+    const Client* client = m_library.context().find(document->client);
+    m_name->setText(client != nullptr ? tr("%1 · %2").arg(text(documentName(*document)), text(displayName(*client)))
+                                      : text(documentName(*document)));
+    const Calendar& calendar = m_library.formats().calendar();
+    const DisplayStatus shown = displayStatus(*document, m_library.today(), calendar);
+    m_status->setText(
+        StatusText::sentence(shown, daysOverdue(*document, m_library.today(), calendar), kind(*document)));
+    setColor(*m_status, Theme::statusColor(shown));
+    m_locked->setText(
+        tr("This document has been sent, so it stays as it is. To correct it, take it back to draft under "
+           "More ▸ Status, or credit it."));
+    fillActions(*document);
+    m_page->refresh();
+}
+
+void DocumentPane::fillActions(const Document& document)
+{
+    const auto kind = Quillary::kind(document);
+    const bool isInvoice = kind == DocumentKind::invoice;
+    const bool isDraft = status(document) == DocumentStatus::draft;
+    const std::vector<StatusAction> steps = statusActions(document);
+    m_nextStep = steps.empty() ? std::nullopt : std::optional(steps.front());
+    const bool asksToPay = m_nextStep == StatusAction::markPaid;
+    m_next->setVisible(m_nextStep.has_value());
+    if (m_nextStep) {
+        m_next->setText(asksToPay ? tr("Record Payment…") : StatusText::action(*m_nextStep, kind));
+    }
+    m_statusMenu->clear();
+    for (const StatusAction step : steps) {
+        m_statusMenu->addAction(StatusText::action(step, kind), this, [this, step] {
+            flush();
+            applyStatus(step);
+        });
+    }
+    m_statusMenu->menuAction()->setVisible(!steps.empty());
+    m_pay->setVisible(acceptsPayments(document) && kind != DocumentKind::recurring);
+    m_remind->setVisible(isInvoice && canSendReminder(m_library.context(), document));
+    m_toInvoice->setVisible(kind == DocumentKind::quote);
+    m_credit->setVisible(isInvoice && !isDraft);
+    m_remove->setVisible(isDraft);
+}
+
+void DocumentPane::showResult(const std::optional<QString>& refusal, const QString& success)
+{
+    if (refusal) {
+        Q_EMIT failed(*refusal);
+    } else if (!success.isEmpty()) {
+        Q_EMIT told(success);
+    }
+}
+
+void DocumentPane::applyStatus(StatusAction action)
+{
+    showResult(
+        m_library.attempt([&] { DocumentActions::applyStatus(m_library.desk(), *record(), action, m_library.now()); }),
+        {});
+}
+
+void DocumentPane::runNext()
+{
+    flush();
+    if (m_nextStep == StatusAction::markPaid) {
+        askForPayment();
+    } else if (m_nextStep) {
+        applyStatus(*m_nextStep);
+    }
+}
+
+void DocumentPane::make(const QString& name, const std::function<const Document&()>& work)
+{
+    std::int64_t made = 0;
+    const auto refusal = m_library.attempt([&] { made = work().ref.key(); });
+    showResult(refusal, {});
+    if (!refusal) {
+        Q_EMIT told(name);
+        Q_EMIT wantedDocument(made);
+    }
+}
+
+void DocumentPane::duplicate()
+{
+    make(tr("A copy was made as a draft."), [this]() -> const Document& {
+        const Instant day = m_library.formats().calendar().addingDays(m_library.now(), 0);
+        return DocumentActions::duplicate(m_library.desk(), *record(), day, {});
+    });
+}
+
+void DocumentPane::makeInvoice()
+{
+    make(tr("A draft invoice was made from the quote."), [this]() -> const Document& {
+        const Instant day = m_library.formats().calendar().addingDays(m_library.now(), 0);
+        return DocumentActions::invoiceFromQuote(m_library.desk(), *record(), day, {});
+    });
+}
+
+void DocumentPane::makeCreditNote()
+{
+    make(tr("A draft credit note was made for all that is left of the invoice."), [this]() -> const Document& {
+        const Instant day = m_library.formats().calendar().addingDays(m_library.now(), 0);
+        return CreditNotes::make(m_library.desk(), *record(), {.issueDate = day});
+    });
+}
+
+void DocumentPane::askForPayment()
+{
+    (new PaymentSheet(m_library, m_document, this))->begin();
+}
+
+void DocumentPane::askForReminder()
+{
+    (new ReminderSheet(m_library, m_document, this))->begin();
+}
+
+void DocumentPane::askForClient(const QString& name)
+{
+    auto* sheet = new ClientSheet(m_library, name, this);
+    connect(sheet, &ClientSheet::made, this, [this](const QString& id) {
+        const Document* document = record();
+        if (document != nullptr) {
+            DraftDesk desk(m_library);
+            desk.setDocument(m_document);
+            showResult(desk.change(tr("Change Document"), "client", utf8(id)), {});
+        }
+    });
+    sheet->begin();
+}
+
+void DocumentPane::savePDF()
+{
+    const Document& document = *record();
+    const Calendar& calendar = m_library.formats().calendar();
+    const std::string name = pdfFileName(m_library.context(), document, m_library.business(), calendar);
+    const std::filesystem::path folder = m_library.environment().printer().downloadsFolder();
+    m_library.press().press(pageJob(m_library.context(), document, m_library.business(), calendar),
+                            [self = QPointer(this), name, folder](const PrintResult& result) {
+                                if (!self) {
+                                    return;
+                                }
+                                const auto* pdf = std::get_if<PrintedPDF>(&result);
+                                if (pdf == nullptr) {
+                                    Q_EMIT self->failed(text(std::get<PrintError>(result).message()));
+                                    return;
+                                }
+                                try {
+                                    const auto file = saveUniqueFile(folder, name, "pdf", pdf->bytes);
+                                    Q_EMIT self->told(tr("Saved as %1").arg(text(file.string())));
+                                } catch (const UserError& error) {
+                                    Q_EMIT self->failed(text(error.message()));
+                                }
+                            });
+}
+
+void DocumentPane::email()
+{
+    auto actions = std::make_shared<AssistantActions>(m_library.environment());
+    actions->call("email_document",
+                  JSON::object({{"document", Lookup::idText(record()->uuid)}}),
+                  [self = QPointer(this), actions](const ToolResult& result) {
+                      if (self && result.isError) {
+                          Q_EMIT self->failed(text(result.text));
+                      } else if (self) {
+                          Q_EMIT self->told(tr("The email lies in your mail program as a draft. Nothing was sent."));
+                      }
+                  });
+}
+
+void DocumentPane::removeDraft()
+{
+    const QString name = text(documentName(*record()));
+    QMessageBox question(QMessageBox::Question, tr("Delete Draft"), tr("Delete %1?").arg(name), {}, this);
+    question.setInformativeText(tr("Time that it billed becomes free again. Undo brings it back."));
+    QPushButton* yes = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    question.addButton(QMessageBox::Cancel);
+    question.exec();
+    if (question.clickedButton() == yes && record() != nullptr) {
+        showResult(m_library.attempt([&] { DocumentActions::deleteDraft(m_library.desk(), *record()); }),
+                   tr("%1 was deleted.").arg(name));
+    }
+}
+
+} // namespace Quillary

@@ -1,0 +1,321 @@
+#include "QuillaryUI/Documents/DocumentsSection.h"
+
+#include "QuillaryCore/Assistant/Operations/DocumentSession.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/DocumentListModel.h"
+#include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/Theme.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <chrono>
+#include <utility>
+#include <vector>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int rowHeight = 32;
+constexpr int border = 12;
+constexpr int listWidth = 560;
+
+std::vector<DisplayStatus> statusesOf(DocumentKind kind)
+{
+    switch (kind) {
+    case DocumentKind::quote:
+        return {DisplayStatus::draft,
+                DisplayStatus::sent,
+                DisplayStatus::accepted,
+                DisplayStatus::declined,
+                DisplayStatus::expired};
+    case DocumentKind::creditNote:
+        return {DisplayStatus::draft, DisplayStatus::sent, DisplayStatus::paid};
+    case DocumentKind::invoice:
+    case DocumentKind::recurring:
+        break;
+    }
+    return {DisplayStatus::draft,
+            DisplayStatus::sent,
+            DisplayStatus::partlyPaid,
+            DisplayStatus::overdue,
+            DisplayStatus::paid};
+}
+
+std::string kindWord(DocumentKind kind)
+{
+    return kind == DocumentKind::quote ? "quote" : "invoice";
+}
+
+/// The first day of this year, quarter or month, as many of them back.
+Instant periodStart(const Calendar& calendar, Instant today, int months)
+{
+    const CalendarDate date = calendar.date(today);
+    const auto first = date.year() / date.month() - std::chrono::months(months);
+    return calendar.startOfDay(first / std::chrono::day(1));
+}
+
+} // namespace
+
+DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QWidget* parent)
+    : Section(parent)
+    , m_library(library)
+    , m_kind(kind)
+    , m_model(new DocumentListModel(library, kind, this))
+    , m_table(new QTableView(this))
+    , m_search(new QLineEdit(this))
+    , m_statuses(new QComboBox(this))
+    , m_period(new QComboBox(this))
+    , m_list(new QStackedWidget(this))
+    , m_footer(new QLabel(this))
+    , m_pane(new DocumentPane(library, this))
+{
+    setObjectName(QStringLiteral("documents%1").arg(int(kind)));
+    build();
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentsSection::choose);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DocumentsSection::showSums);
+    connect(m_table, &QTableView::activated, this, [this] { m_pane->beginEditing(); });
+    connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
+    connect(m_pane, &DocumentPane::told, this, &DocumentsSection::told);
+    connect(m_pane, &DocumentPane::failed, this, &DocumentsSection::failed);
+    connect(m_pane, &DocumentPane::wantedDocument, this, &DocumentsSection::wantedDocument);
+    restore();
+}
+
+void DocumentsSection::build()
+{
+    m_table->setObjectName(QStringLiteral("documentList"));
+    m_table->setAccessibleName(StatusText::kinds(m_kind));
+    m_table->setModel(m_model);
+    m_table->setSelectionBehavior(QTableView::SelectRows);
+    m_table->setSelectionMode(QTableView::ExtendedSelection);
+    m_table->setShowGrid(false);
+    m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false);
+    m_table->setSortingEnabled(true);
+    m_table->sortByColumn(2, Qt::DescendingOrder);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
+
+    m_list->addWidget(m_table);
+    m_list->addWidget(buildEmpty());
+    m_footer->setObjectName(QStringLiteral("listFooter"));
+    m_footer->setContentsMargins(border, border / 2, border, border / 2);
+    auto* left = new QWidget(this);
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(buildBar());
+    column->addWidget(m_list, 1);
+    column->addWidget(m_footer);
+
+    auto* split = new QSplitter(Qt::Horizontal, this);
+    split->setObjectName(QStringLiteral("listAndDocument"));
+    split->setChildrenCollapsible(false);
+    split->addWidget(left);
+    split->addWidget(m_pane);
+    split->setSizes({listWidth, 2 * listWidth});
+    split->setStretchFactor(1, 1);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(split);
+}
+
+QWidget* DocumentsSection::buildBar()
+{
+    auto* bar = new QWidget(this);
+    m_search->setObjectName(QStringLiteral("listSearch"));
+    m_search->setPlaceholderText(tr("Number, client, title or tag"));
+    m_search->setAccessibleName(tr("Find in this list"));
+    m_search->setClearButtonEnabled(true);
+    m_statuses->setAccessibleName(tr("Status"));
+    m_statuses->addItem(tr("All"));
+    for (const DisplayStatus status : statusesOf(m_kind)) {
+        m_statuses->addItem(StatusText::word(status, m_kind), int(status));
+    }
+    m_period->setAccessibleName(tr("Period"));
+    m_period->addItems({tr("Any time"), tr("This month"), tr("Last three months"), tr("Last twelve months")});
+    connect(m_search, &QLineEdit::textChanged, this, &DocumentsSection::filter);
+    connect(m_statuses, &QComboBox::activated, this, &DocumentsSection::filter);
+    connect(m_period, &QComboBox::activated, this, &DocumentsSection::filter);
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(border, border, border, border);
+    row->addWidget(m_search, 1);
+    row->addWidget(m_statuses);
+    row->addWidget(m_period);
+    if (m_kind != DocumentKind::creditNote) {
+        auto* fresh = new QPushButton(Theme::icon(QStringLiteral("plus")), tr("New"), bar);
+        fresh->setObjectName(QStringLiteral("newDocument"));
+        fresh->setAccessibleName(StatusText::makeNew(m_kind));
+        connect(fresh, &QPushButton::clicked, this, &DocumentsSection::makeNew);
+        row->addWidget(fresh);
+    }
+    return bar;
+}
+
+QWidget* DocumentsSection::buildEmpty()
+{
+    auto* page = new QWidget(this);
+    auto* sentence = new QLabel(page);
+    sentence->setObjectName(QStringLiteral("emptyList"));
+    sentence->setWordWrap(true);
+    sentence->setAlignment(Qt::AlignCenter);
+    auto* column = new QVBoxLayout(page);
+    column->addStretch();
+    column->addWidget(sentence);
+    if (m_kind == DocumentKind::creditNote) {
+        sentence->setText(tr("No credit notes. One is made from an invoice, under More ▸ Make Credit Note."));
+    } else {
+        sentence->setText(m_kind == DocumentKind::quote
+                              ? tr("No quotes yet. An accepted quote becomes an invoice with one click.")
+                              : tr("No invoices yet. The first one takes about two minutes."));
+        auto* fresh = new QPushButton(StatusText::makeNew(m_kind), page);
+        fresh->setDefault(true);
+        connect(fresh, &QPushButton::clicked, this, &DocumentsSection::makeNew);
+        column->addWidget(fresh, 0, Qt::AlignHCenter);
+    }
+    column->addStretch();
+    return page;
+}
+
+void DocumentsSection::filter()
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    DocumentRows::Filter filter{.text = utf8(m_search->text())};
+    if (m_statuses->currentData().isValid()) {
+        filter.statuses = {DisplayStatus(m_statuses->currentData().toInt())};
+    }
+    constexpr int months[] = {0, 0, 2, 11};
+    if (m_period->currentIndex() > 0) {
+        filter.start = periodStart(m_library.formats().calendar(), m_library.today(), months[m_period->currentIndex()]);
+    }
+    m_model->setFilter(std::move(filter));
+}
+
+void DocumentsSection::setStatus(DisplayStatus status)
+{
+    m_search->clear();
+    m_period->setCurrentIndex(0);
+    m_statuses->setCurrentIndex(std::max(0, m_statuses->findData(int(status))));
+    filter();
+}
+
+void DocumentsSection::find()
+{
+    m_search->setFocus(Qt::ShortcutFocusReason);
+    m_search->selectAll();
+}
+
+void DocumentsSection::flush()
+{
+    m_pane->flush();
+}
+
+void DocumentsSection::refreshDay()
+{
+    m_model->refreshDay();
+}
+
+void DocumentsSection::choose()
+{
+    const QModelIndex current = m_table->currentIndex();
+    if (!m_isRestoring && current.isValid()) {
+        m_chosen = m_model->key(current.row());
+        m_pane->setDocument(m_chosen);
+    }
+}
+
+/// After the rows were told anew: the same document stays chosen; if it is gone, the first takes its place.
+void DocumentsSection::restore()
+{
+    m_list->setCurrentIndex(m_model->rows().size() == 0 ? 1 : 0);
+    const std::optional<int> row = m_chosen != 0 ? m_model->rowOf(m_chosen) : std::nullopt;
+    m_isRestoring = true;
+    if (row && m_table->currentIndex().row() != *row) {
+        m_table->setCurrentIndex(m_model->index(*row, 0));
+    }
+    m_isRestoring = false;
+    if (!row && m_model->rowCount() > 0 && !m_model->rows().place(m_chosen)) {
+        m_table->setCurrentIndex(m_model->index(0, 0));
+    }
+    if (m_model->rows().size() == 0) {
+        m_chosen = 0;
+        m_pane->setDocument(0);
+    }
+    showSums();
+}
+
+void DocumentsSection::showSums()
+{
+    const QModelIndexList chosen = m_table->selectionModel()->selectedRows();
+    std::vector<int> rows;
+    if (chosen.size() > 1) {
+        for (const QModelIndex& index : chosen) {
+            rows.push_back(index.row());
+        }
+    } else {
+        for (int row = 0; row < m_model->rowCount(); ++row) {
+            rows.push_back(row);
+        }
+    }
+    const DocumentRows::Sum sum = m_model->sum(rows);
+    QString footer =
+        chosen.size() > 1 ? tr("%n selected", nullptr, int(sum.count)) : tr("%n document(s)", nullptr, int(sum.count));
+    if (sum.count > 0) {
+        footer += QStringLiteral("  ·  ") + m_library.formats().sums(sum.totals);
+    }
+    m_footer->setText(footer);
+}
+
+void DocumentsSection::showDocument(std::int64_t key)
+{
+    if (!m_model->rowOf(key)) {
+        m_search->clear();
+        m_statuses->setCurrentIndex(0);
+        m_period->setCurrentIndex(0);
+        filter();
+    }
+    m_chosen = key;
+    m_pane->setDocument(key);
+    if (const std::optional<int> row = m_model->rowOf(key)) {
+        m_table->setCurrentIndex(m_model->index(*row, 0));
+        m_table->scrollTo(m_model->index(*row, 0));
+    }
+}
+
+void DocumentsSection::makeNew()
+{
+    std::int64_t made = 0;
+    const auto refusal = m_library.perform(StatusText::makeNew(m_kind), [&] {
+        DocumentSession session = DocumentSession::create(m_library.environment(), kindWord(m_kind));
+        const JSON nothing = JSON::object({});
+        session.apply(Arguments(nothing));
+        made = session.document().ref.key();
+    });
+    if (refusal) {
+        Q_EMIT failed(*refusal);
+        return;
+    }
+    showDocument(made);
+    m_pane->beginEditing();
+}
+
+} // namespace Quillary

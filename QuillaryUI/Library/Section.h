@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+
+namespace Quillary {
+
+/// One entry of the sidebar. It reads the library when it is opened and when it changes, and holds no record.
+class Section : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Makes the section's own kind of thing and opens it for typing. Nothing where there is none.
+    virtual void makeNew() {}
+
+    /// Puts the keyboard into the search field, where there is one.
+    virtual void find() {}
+
+    /// Saves what was typed and not saved yet.
+    virtual void flush() {}
+
+    /// Another day has begun.
+    virtual void refreshDay() {}
+
+Q_SIGNALS:
+    /// Something went well; something went wrong: a sentence each.
+    void told(const QString& sentence);
+    void failed(const QString& sentence);
+    /// A document, or a client, is to be shown in its own section.
+    void wantedDocument(std::int64_t key);
+    void wantedClient(std::int64_t key);
+};
+
+} // namespace Quillary

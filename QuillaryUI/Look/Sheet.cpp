@@ -1,0 +1,132 @@
+#include "QuillaryUI/Look/Sheet.h"
+
+#include "QuillaryUI/Look/Theme.h"
+
+#include <QFormLayout>
+#include <QGraphicsDropShadowEffect>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int widest = 520;
+constexpr int border = 24;
+
+QLabel* heading(const QString& title, QWidget* parent)
+{
+    auto* label = new QLabel(title, parent);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * 1.25);
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+} // namespace
+
+Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
+    : QFrame(host)
+    , m_body(new QVBoxLayout(this))
+    , m_form(new QFormLayout)
+    , m_explanation(new QLabel(this))
+    , m_error(new QLabel(this))
+    , m_accept(new QPushButton(answerName, this))
+{
+    setObjectName(QStringLiteral("sheet"));
+    setAccessibleName(title);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Window);
+    setStyleSheet(QStringLiteral("QFrame#sheet { border: 1px solid palette(midlight); border-radius: 8px; }"));
+    m_body->setContentsMargins(border, border, border, border);
+    m_body->setSpacing(12);
+    m_body->addWidget(heading(title, this));
+    for (QLabel* label : {m_explanation, m_error}) {
+        label->setWordWrap(true);
+        label->hide();
+    }
+    m_error->setObjectName(QStringLiteral("sheetError"));
+    QPalette colors = m_error->palette();
+    colors.setColor(QPalette::WindowText, Theme::errorColor());
+    m_error->setPalette(colors);
+    m_body->addWidget(m_explanation);
+    m_body->addLayout(m_form);
+    m_body->addWidget(m_error);
+    auto* cancel = new QPushButton(tr("Cancel"), this);
+    m_accept->setObjectName(QStringLiteral("sheetAnswer"));
+    m_accept->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(m_accept);
+    m_body->addLayout(buttons);
+    connect(cancel, &QPushButton::clicked, this, &Sheet::close);
+    connect(m_accept, &QPushButton::clicked, this, &Sheet::answer);
+    host->installEventFilter(this);
+}
+
+void Sheet::setExplanation(const QString& text)
+{
+    m_explanation->setText(text);
+    m_explanation->setVisible(!text.isEmpty());
+}
+
+void Sheet::open(QWidget* firstField)
+{
+    place();
+    show();
+    raise();
+    if (firstField != nullptr) {
+        firstField->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void Sheet::place()
+{
+    const QWidget* host = parentWidget();
+    const int width = std::min(widest, host->width() - 2 * border);
+    const int height =
+        std::min(heightForWidth(width) > 0 ? heightForWidth(width) : sizeHint().height(), host->height() - border);
+    setGeometry((host->width() - width) / 2, border / 2, width, std::max(height, minimumSizeHint().height()));
+}
+
+bool Sheet::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == parentWidget() && event->type() == QEvent::Resize) {
+        place();
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+void Sheet::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        close();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        answer();
+    } else {
+        QFrame::keyPressEvent(event);
+    }
+}
+
+void Sheet::answer()
+{
+    const std::optional<QString> refusal = m_answer ? m_answer() : std::nullopt;
+    if (!refusal) {
+        Q_EMIT answered();
+        close();
+        return;
+    }
+    m_error->setText(*refusal);
+    m_error->show();
+    place();
+}
+
+} // namespace Quillary

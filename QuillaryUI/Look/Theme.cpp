@@ -1,0 +1,187 @@
+#include "QuillaryUI/Look/Theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+static void initializeResources()
+{
+    Q_INIT_RESOURCE(look); // a macro that wants to stand outside of namespaces
+}
+
+namespace Quillary::Theme {
+
+namespace {
+
+struct Colors
+{
+    QRgb window;
+    QRgb base;
+    QRgb alternate;
+    QRgb desk;
+    QRgb line;
+    QRgb text;
+    QRgb quiet;
+};
+
+constexpr Colors lightColors{0xfff6f6f5, 0xffffffff, 0xfffafaf9, 0xffe3e3e0, 0xffd5d5d2, 0xff1d1d1f, 0xff66666a};
+constexpr Colors darkColors{0xff1f2022, 0xff27282b, 0xff2b2c2f, 0xff151617, 0xff3b3c40, 0xffededed, 0xffa8a9ad};
+
+constexpr double leastContrast = 4.5;
+
+double channel(int value)
+{
+    const double part = value / 255.0;
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor& color)
+{
+    return 0.2126 * channel(color.red()) + 0.7152 * channel(color.green()) + 0.0722 * channel(color.blue());
+}
+
+double contrast(const QColor& left, const QColor& right)
+{
+    const auto [darker, lighter] = std::minmax({luminance(left), luminance(right)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// White letters stand on it.
+QColor legible(QColor accent)
+{
+    while (contrast(accent, Qt::white) < leastContrast && accent.value() > 0) {
+        accent = accent.darker(110);
+    }
+    return accent;
+}
+
+QPalette palette(const Colors& colors, const QColor& accent)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, colors.window);
+    palette.setColor(QPalette::WindowText, colors.text);
+    palette.setColor(QPalette::Base, colors.base);
+    palette.setColor(QPalette::AlternateBase, colors.alternate);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::Button, colors.base);
+    palette.setColor(QPalette::ButtonText, colors.text);
+    palette.setColor(QPalette::BrightText, colors.text);
+    palette.setColor(QPalette::ToolTipBase, colors.base);
+    palette.setColor(QPalette::ToolTipText, colors.text);
+    palette.setColor(QPalette::PlaceholderText, colors.quiet);
+    palette.setColor(QPalette::Mid, colors.desk);
+    palette.setColor(QPalette::Midlight, colors.line);
+    palette.setColor(QPalette::Dark, colors.line);
+    palette.setColor(QPalette::Light, colors.base);
+    palette.setColor(QPalette::Shadow, colors.desk);
+    palette.setColor(QPalette::Highlight, legible(accent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, luminance(colors.base) < 0.5 ? accent.lighter(160) : legible(accent));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, colors.quiet);
+    }
+    return palette;
+}
+
+QPixmap drawn(const QByteArray& source, const QColor& color, int size)
+{
+    QByteArray tinted = source;
+    tinted.replace("#000", color.name().toLatin1());
+    QSvgRenderer renderer(tinted);
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    renderer.render(&painter);
+    return picture;
+}
+
+} // namespace
+
+Scheme schemeOfDesktop(const QApplication& application)
+{
+    return application.palette().color(QPalette::Window).lightness() < 128 ? Scheme::dark : Scheme::light;
+}
+
+void apply(QApplication& application, Scheme scheme, const QColor& accent)
+{
+    initializeResources();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(palette(scheme == Scheme::dark ? darkColors : lightColors, accent));
+    application.setStyleSheet(QStringLiteral(
+        "QToolTip { border: 1px solid palette(midlight); padding: 4px; }"
+        "QHeaderView::section { background: palette(window); color: palette(placeholder-text); border: none;"
+        " border-bottom: 1px solid palette(midlight); padding: 6px 8px; }"
+        "QTableView { border: none; gridline-color: transparent; selection-background-color: palette(highlight); }"
+        "QListView#sidebar { border: none; background: palette(window); padding: 8px; outline: none; }"
+        "QListView#sidebar::item { border-radius: 6px; padding: 6px 8px; }"
+        "QListView#sidebar::item:selected { background: palette(highlight); color: palette(highlighted-text); }"
+        "QLineEdit, QPlainTextEdit, QComboBox, QDateEdit, QSpinBox { border: 1px solid palette(midlight);"
+        " border-radius: 5px; padding: 4px 6px; background: palette(base); }"
+        "QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QDateEdit:focus, QSpinBox:focus"
+        " { border: 1px solid palette(highlight); }"
+        "QPushButton { border: 1px solid palette(midlight); border-radius: 6px; padding: 6px 14px;"
+        " background: palette(base); }"
+        "QPushButton:default { background: palette(highlight); color: palette(highlighted-text); border: none; }"
+        "QPushButton:hover { border-color: palette(highlight); }"
+        "QPushButton:focus { border: 1px solid palette(highlight); }"
+        "QPushButton:disabled { color: palette(placeholder-text); }"
+        "QSplitter::handle { background: palette(midlight); }"));
+}
+
+Scheme scheme()
+{
+    return QApplication::palette().color(QPalette::Base).lightness() < 128 ? Scheme::dark : Scheme::light;
+}
+
+QColor statusColor(DisplayStatus status)
+{
+    const bool isDark = scheme() == Scheme::dark;
+    switch (status) {
+    case DisplayStatus::draft:
+    case DisplayStatus::declined:
+    case DisplayStatus::expired:
+        return QColor(isDark ? 0xffa8a9ad : 0xff66666a);
+    case DisplayStatus::sent:
+        return QColor(isDark ? 0xff86b4ff : 0xff1f5fbf);
+    case DisplayStatus::partlyPaid:
+        return QColor(isDark ? 0xfff0b35a : 0xff8f5500);
+    case DisplayStatus::overdue:
+        return errorColor();
+    case DisplayStatus::paid:
+    case DisplayStatus::accepted:
+        return QColor(isDark ? 0xff7ad196 : 0xff1b7338);
+    }
+    return {};
+}
+
+QColor errorColor()
+{
+    return QColor(scheme() == Scheme::dark ? 0xffff8f85 : 0xffb92323);
+}
+
+QIcon icon(const QString& name)
+{
+    QFile file(QStringLiteral(":/quillary/icons/%1.svg").arg(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QByteArray source = file.readAll();
+    const QPalette palette = QApplication::palette();
+    QIcon icon;
+    for (const int size : {24, 48}) {
+        icon.addPixmap(drawn(source, palette.color(QPalette::Text), size), QIcon::Normal);
+        icon.addPixmap(drawn(source, palette.color(QPalette::HighlightedText), size), QIcon::Selected);
+        icon.addPixmap(drawn(source, palette.color(QPalette::PlaceholderText), size), QIcon::Disabled);
+    }
+    return icon;
+}
+
+} // namespace Quillary::Theme

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "QuillaryCore/Billing/DisplayStatus.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QString>
+
+class QApplication;
+
+namespace Quillary {
+
+/// The colours and icons of the windows. Every pair of text and ground keeps a contrast of at least 4.5:1 (WCAG 2.1).
+namespace Theme {
+
+enum class Scheme { light, dark };
+
+/// What the desktop's palette says.
+[[nodiscard]] Scheme schemeOfDesktop(const QApplication& application);
+
+/// Sets palette and style. `accent` marks what is chosen; one that can't be read on the ground is moved until it can.
+void apply(QApplication& application, Scheme scheme, const QColor& accent);
+
+/// The scheme that was applied last, as the palette shows it.
+[[nodiscard]] Scheme scheme();
+
+/// The colour in which a status stands; the word beside it says the same.
+[[nodiscard]] QColor statusColor(DisplayStatus status);
+
+/// What went wrong, and what is warned of.
+[[nodiscard]] QColor errorColor();
+
+/// An icon of our own by its name, such as "invoice", in the palette's text colour.
+[[nodiscard]] QIcon icon(const QString& name);
+
+} // namespace Theme
+
+} // namespace Quillary

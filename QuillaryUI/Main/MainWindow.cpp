@@ -1,0 +1,275 @@
+#include "QuillaryUI/Main/MainWindow.h"
+
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Main/QuickOpen.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int sidebarWidth = 200;
+constexpr int entryHeight = 36;
+constexpr int usualWidth = 1360;
+constexpr int usualHeight = 860;
+constexpr int noticeTime = 8'000; ///< milliseconds
+constexpr int mostNumbered = 9;
+
+const QString geometryKey = QStringLiteral("window/geometry");
+
+} // namespace
+
+MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
+    : QMainWindow(parent)
+    , m_library(library)
+    , m_sidebar(new QListWidget(this))
+    , m_pages(new QStackedWidget(this))
+    , m_warning(new QFrame(this))
+    , m_warningText(new QLabel(this))
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setWindowTitle(QStringLiteral("Quillary"));
+    m_sidebar->setObjectName(QStringLiteral("sidebar"));
+    m_sidebar->setAccessibleName(tr("Sections"));
+    m_sidebar->setFixedWidth(sidebarWidth);
+    m_sidebar->setIconSize({20, 20});
+    m_sidebar->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    m_warning->setObjectName(QStringLiteral("warning"));
+    m_warningText->setObjectName(QStringLiteral("warningText"));
+    m_warningText->setWordWrap(true);
+    auto* dismiss = new QToolButton(m_warning);
+    dismiss->setText(tr("Close"));
+    connect(dismiss, &QToolButton::clicked, m_warning, &QFrame::hide);
+    auto* sign = new QLabel(m_warning);
+    sign->setPixmap(Theme::icon(QStringLiteral("warning")).pixmap(20, 20));
+    auto* row = new QHBoxLayout(m_warning);
+    row->addWidget(sign);
+    row->addWidget(m_warningText, 1);
+    row->addWidget(dismiss);
+    m_warning->hide();
+
+    auto* middle = new QWidget(this);
+    auto* right = new QVBoxLayout;
+    right->setSpacing(0);
+    right->addWidget(m_warning);
+    right->addWidget(m_pages, 1);
+    auto* columns = new QHBoxLayout(middle);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    columns->addWidget(m_sidebar);
+    columns->addLayout(right, 1);
+    setCentralWidget(middle);
+
+    addSections();
+    connect(m_sidebar, &QListWidget::currentRowChanged, this, [this](int place) {
+        flush();
+        m_pages->setCurrentIndex(place);
+    });
+    connect(&library, &LibraryAccess::closing, this, [this] { m_pages->setEnabled(false); });
+    connect(&library, &LibraryAccess::opened, this, [this] { m_pages->setEnabled(true); });
+    buildMenus();
+    restoreLayout();
+    m_sidebar->setCurrentRow(0);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::addSections()
+{
+    for (const auto& [kind, name, icon] : {std::tuple(DocumentKind::invoice, "invoices", "invoice"),
+                                           std::tuple(DocumentKind::quote, "quotes", "quote"),
+                                           std::tuple(DocumentKind::creditNote, "credit-notes", "credit-note")}) {
+        addSection(QString::fromLatin1(name),
+                   StatusText::kinds(kind),
+                   QString::fromLatin1(icon),
+                   new DocumentsSection(m_library, kind, this));
+    }
+}
+
+void MainWindow::addSection(const QString& name, const QString& title, const QString& icon, Section* section)
+{
+    auto* item = new QListWidgetItem(Theme::icon(icon), title, m_sidebar);
+    item->setSizeHint({sidebarWidth - 20, entryHeight});
+    m_pages->addWidget(section);
+    m_sections.push_back({name, section});
+    connect(section, &Section::told, this, &MainWindow::tell);
+    connect(section, &Section::failed, this, &MainWindow::warn);
+    connect(section, &Section::wantedDocument, this, &MainWindow::showDocument);
+    connect(section, &Section::wantedClient, this, &MainWindow::showClient);
+}
+
+void MainWindow::buildMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("New"), QKeySequence::New, this, [this] { current()->makeNew(); });
+    file->addAction(tr("Quick Open…"), QKeySequence(QStringLiteral("Ctrl+K")), this, [this] {
+        auto* quick = new QuickOpen(m_library, this);
+        connect(quick, &QuickOpen::wantedDocument, this, &MainWindow::showDocument);
+        connect(quick, &QuickOpen::wantedClient, this, &MainWindow::showClient);
+        quick->begin();
+    });
+    file->addSeparator();
+    file->addAction(tr("Quit"), QKeySequence::Quit, this, &QWidget::close);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    QAction* undoAction = edit->addAction(tr("Undo"), QKeySequence::Undo, this, [this] { undo(false); });
+    QAction* redoAction =
+        edit->addAction(tr("Redo"), QKeySequence(QStringLiteral("Ctrl+Shift+Z")), this, [this] { undo(true); });
+    connect(edit, &QMenu::aboutToShow, this, [this, undoAction, redoAction] {
+        const bool isOpen = m_library.isOpen();
+        const auto last = isOpen ? m_library.context().undoName() : std::nullopt;
+        const auto next = isOpen ? m_library.context().redoName() : std::nullopt;
+        undoAction->setText(last ? tr("Undo %1").arg(text(*last)) : tr("Undo"));
+        redoAction->setText(next ? tr("Redo %1").arg(text(*next)) : tr("Redo"));
+    });
+    edit->addSeparator();
+    edit->addAction(tr("Find in This List"), QKeySequence::Find, this, [this] { current()->find(); });
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    for (int place = 0; place < m_sidebar->count(); ++place) {
+        QAction* action =
+            view->addAction(m_sidebar->item(place)->text(), this, [this, place] { m_sidebar->setCurrentRow(place); });
+        if (place < mostNumbered) {
+            action->setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(place + 1)));
+        }
+    }
+    buildDocumentMenu(*menuBar()->addMenu(tr("&Document")));
+}
+
+/// The actions belong to the pane of each section; the menu shows those of the one in front.
+void MainWindow::buildDocumentMenu(QMenu& menu)
+{
+    connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
+        menu.clear();
+        if (auto* documents = qobject_cast<DocumentsSection*>(current())) {
+            menu.addActions(documents->pane().documentActions());
+        }
+        if (menu.isEmpty()) {
+            menu.addAction(tr("No document is chosen"))->setEnabled(false);
+        }
+    });
+}
+
+void MainWindow::undo(bool isRedo)
+{
+    flush();
+    const auto refusal = m_library.attempt([&] {
+        Context& context = m_library.context();
+        if (isRedo && context.redoName()) {
+            context.redo();
+        } else if (!isRedo && context.undoName()) {
+            context.undo();
+        }
+    });
+    if (refusal) {
+        warn(*refusal);
+    }
+}
+
+void MainWindow::showSection(const QString& name)
+{
+    for (std::size_t place = 0; place < m_sections.size(); ++place) {
+        if (m_sections[place].name == name) {
+            m_sidebar->setCurrentRow(int(place));
+        }
+    }
+}
+
+Section* MainWindow::section(const QString& name) const
+{
+    const auto found = std::ranges::find(m_sections, name, &Entry::name);
+    return found == m_sections.end() ? nullptr : found->section;
+}
+
+QStringList MainWindow::sectionNames() const
+{
+    QStringList names;
+    for (const Entry& entry : m_sections) {
+        names.push_back(entry.name);
+    }
+    return names;
+}
+
+Section* MainWindow::current() const
+{
+    return m_sections[static_cast<std::size_t>(m_pages->currentIndex())].section;
+}
+
+void MainWindow::showDocument(std::int64_t key)
+{
+    const Document* document = m_library.isOpen() ? m_library.context().find(Ref<Document>(key)) : nullptr;
+    if (document == nullptr) {
+        return;
+    }
+    for (const Entry& entry : m_sections) {
+        auto* documents = qobject_cast<DocumentsSection*>(entry.section);
+        if (documents != nullptr && documents->kind() == kind(*document).value_or(DocumentKind::invoice)) {
+            showSection(entry.name);
+            documents->showDocument(key);
+        }
+    }
+}
+
+void MainWindow::showClient(std::int64_t /*key*/) {}
+
+void MainWindow::flush()
+{
+    for (const Entry& entry : m_sections) {
+        entry.section->flush();
+    }
+}
+
+void MainWindow::refreshDay()
+{
+    for (const Entry& entry : m_sections) {
+        entry.section->refreshDay();
+    }
+}
+
+void MainWindow::tell(const QString& sentence)
+{
+    statusBar()->showMessage(sentence, noticeTime);
+}
+
+void MainWindow::warn(const QString& sentence)
+{
+    m_warningText->setText(sentence);
+    m_warning->show();
+}
+
+void MainWindow::restoreLayout()
+{
+    resize(usualWidth, usualHeight);
+    restoreGeometry(QSettings().value(geometryKey).toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    flush();
+    QSettings().setValue(geometryKey, saveGeometry());
+    event->accept();
+}
+
+} // namespace Quillary

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+
+#include <QMainWindow>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+class QFrame;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QStackedWidget;
+
+namespace Quillary {
+
+class DocumentsSection;
+class Section;
+
+/// The window: the sections at the left, the chosen one beside them, and what there is to say at the bottom.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(LibraryAccess& library, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /// By its name, such as "invoices".
+    void showSection(const QString& name);
+    [[nodiscard]] Section* section(const QString& name) const;
+    [[nodiscard]] QStringList sectionNames() const;
+
+    /// Shows a document in its section, or a client in theirs.
+    void showDocument(std::int64_t key);
+    void showClient(std::int64_t key);
+
+    /// Saves what was typed and not saved yet.
+    void flush();
+
+    /// Another day has begun: what is overdue, for one, is derived anew.
+    void refreshDay();
+
+    /// A quiet line at the bottom, for a while.
+    void tell(const QString& sentence);
+    /// A bar across the top, until it is put away.
+    void warn(const QString& sentence);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct Entry
+    {
+        QString name;
+        Section* section;
+    };
+
+    void addSection(const QString& name, const QString& title, const QString& icon, Section* section);
+    void addSections();
+    void buildMenus();
+    void buildDocumentMenu(QMenu& menu);
+    void undo(bool isRedo);
+    void restoreLayout();
+    [[nodiscard]] Section* current() const;
+
+    LibraryAccess& m_library;
+    QListWidget* m_sidebar;
+    QStackedWidget* m_pages;
+    QFrame* m_warning;
+    QLabel* m_warningText;
+    std::vector<Entry> m_sections;
+};
+
+} // namespace Quillary
