@@ -35,11 +35,6 @@ ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent)
             this,
             &ClientPicker::take,
             Qt::QueuedConnection); // the completer writes the row's text first
-    connect(this, &QLineEdit::returnPressed, this, [this] {
-        if (m_client == 0 && m_hits->rowCount() > 0 && !text().isEmpty()) {
-            take(m_hits->index(0, 0));
-        }
-    });
     connect(this, &QLineEdit::editingFinished, this, [this] {
         if (!m_completer->popup()->isVisible()) {
             setClient(m_client); // what was typed and not chosen is nobody
@@ -76,6 +71,7 @@ void ClientPicker::suggest(const QString& typed)
     fresh->setData(typed.trimmed(), nameRole);
     m_hits->appendRow(fresh);
     m_completer->complete();
+    m_completer->popup()->setCurrentIndex(m_hits->index(0, 0)); // Enter takes the best
 }
 
 void ClientPicker::take(const QModelIndex& index)

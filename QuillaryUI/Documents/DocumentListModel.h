@@ -38,6 +38,7 @@ public:
     [[nodiscard]] const DocumentRows::Filter& filter() const { return m_filter; }
 
     [[nodiscard]] DocumentKind kind() const { return m_kind; }
+    [[nodiscard]] DocumentRows::Column column(int place) const { return m_columns[static_cast<std::size_t>(place)]; }
     [[nodiscard]] const DocumentRows& rows() const { return m_rows; }
     [[nodiscard]] DocumentRows::Key key(int row) const;
     [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;

@@ -27,6 +27,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
@@ -55,13 +56,6 @@ QLabel* label(QWidget* parent, const char* name, double size, bool isBold)
     return label;
 }
 
-void setColor(QLabel& label, const QColor& color)
-{
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, color);
-    label.setPalette(palette);
-}
-
 } // namespace
 
 DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
@@ -74,6 +68,7 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     , m_name(label(this, "documentName", 1.3, true))
     , m_status(label(this, "documentStatus", 1.0, true))
     , m_locked(label(this, "documentLocked", 1.0, false))
+    , m_edit(new QPushButton(this))
     , m_next(new QPushButton(this))
     , m_more(new QToolButton(this))
     , m_menu(new QMenu(this))
@@ -124,6 +119,8 @@ void DocumentPane::build()
     }
     m_menu->insertMenu(m_remove, m_statusMenu);
 
+    m_edit->setObjectName(QStringLiteral("editDraft"));
+    connect(m_edit, &QPushButton::clicked, this, [this] { m_isEditing ? endEditing() : beginEditing(); });
     m_next->setObjectName(QStringLiteral("nextStep"));
     m_next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Return")));
     m_next->setDefault(true);
@@ -142,13 +139,14 @@ void DocumentPane::build()
     auto* head = new QHBoxLayout(m_head);
     head->setContentsMargins(border, border, border, border / 2);
     head->addLayout(names, 1);
+    head->addWidget(m_edit);
     head->addWidget(m_next);
     head->addWidget(m_more);
     m_locked->setWordWrap(true);
     m_locked->setContentsMargins(border, 0, border, border / 2);
-    setColor(*m_locked, palette().color(QPalette::PlaceholderText));
+    Theme::tint(*m_locked, palette().color(QPalette::PlaceholderText));
     m_empty->setAlignment(Qt::AlignCenter);
-    setColor(*m_empty, palette().color(QPalette::PlaceholderText));
+    Theme::tint(*m_empty, palette().color(QPalette::PlaceholderText));
 
     m_split->setObjectName(QStringLiteral("editorAndPage"));
     m_split->setChildrenCollapsible(false);
@@ -193,7 +191,7 @@ void DocumentPane::setDocument(std::int64_t key)
     if (key == m_document) {
         return;
     }
-    flush();
+    endEditing();
     m_document = key;
     m_page->clear();
     if (key != 0) {
@@ -213,25 +211,63 @@ void DocumentPane::flush()
     m_editor->flush();
 }
 
+bool DocumentPane::isDraft() const
+{
+    const Document* document = record();
+    return document != nullptr && status(*document) == DocumentStatus::draft &&
+           kind(*document) != DocumentKind::recurring;
+}
+
 void DocumentPane::beginEditing()
 {
+    if (!isDraft()) {
+        return;
+    }
+    m_isEditing = true;
+    reload();
+    Q_EMIT editingChanged(true);
+    m_split->setSizes({width() / 2, width() / 2});
     m_editor->begin();
+}
+
+void DocumentPane::endEditing()
+{
+    flush();
+    if (m_isEditing) {
+        m_isEditing = false;
+        reload();
+        Q_EMIT editingChanged(false);
+    }
+}
+
+void DocumentPane::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && m_isEditing) {
+        endEditing();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void DocumentPane::reload()
 {
     const Document* document = record();
-    const bool isDraft =
-        document != nullptr && status(*document) == DocumentStatus::draft && kind(*document) != DocumentKind::recurring;
+    const bool isDraft = this->isDraft();
+    if (m_isEditing && !isDraft) {
+        endEditing(); // it was sent, or is gone
+        return;
+    }
     m_head->setVisible(document != nullptr);
     m_split->setVisible(document != nullptr);
     m_empty->setVisible(document == nullptr);
-    m_editor->setVisible(isDraft);
+    m_editor->setVisible(m_isEditing);
+    m_edit->setVisible(isDraft);
+    m_edit->setText(m_isEditing ? tr("Done") : tr("Edit"));
     m_locked->setVisible(document != nullptr && !isDraft && kind(*document) != DocumentKind::recurring);
     for (QAction* action : std::as_const(m_actions)) {
         action->setEnabled(document != nullptr);
     }
-    m_editor->setDocument(isDraft ? m_document : 0);
+    m_editor->setDocument(m_isEditing ? m_document : 0);
     if (document == nullptr) {
         return;
     }
@@ -242,7 +278,7 @@ void DocumentPane::reload()
     const DisplayStatus shown = displayStatus(*document, m_library.today(), calendar);
     m_status->setText(
         StatusText::sentence(shown, daysOverdue(*document, m_library.today(), calendar), kind(*document)));
-    setColor(*m_status, Theme::statusColor(shown));
+    Theme::tint(*m_status, Theme::statusColor(shown));
     m_locked->setText(
         tr("This document has been sent, so it stays as it is. To correct it, take it back to draft under "
            "More ▸ Status, or credit it."));

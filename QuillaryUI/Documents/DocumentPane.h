@@ -22,7 +22,8 @@ class LivePage;
 class PaperView;
 struct Document;
 
-/// One document: its page, what can be done to it, and for a draft the editor beside the page.
+/// One document: its page and what can be done to it. While a draft is edited its editor stands beside the page, and the
+/// list gives way.
 class DocumentPane : public QWidget
 {
     Q_OBJECT
@@ -34,8 +35,10 @@ public:
     void setDocument(std::int64_t key);
     [[nodiscard]] std::int64_t document() const { return m_document; }
 
-    /// Puts the keyboard into the editor, where there is one.
+    /// Opens the editor of a draft and puts the keyboard into it. Nothing for what is no draft.
     void beginEditing();
+    void endEditing();
+    [[nodiscard]] bool isEditing() const { return m_isEditing; }
     void flush();
 
     /// What can be done to the document, for the window's menu.
@@ -44,13 +47,18 @@ public:
 Q_SIGNALS:
     /// Another document is to be shown, such as the copy that was just made.
     void wantedDocument(std::int64_t key);
+    void editingChanged(bool isEditing);
     /// Something went well, in a sentence.
     void told(const QString& sentence);
     /// Something went wrong, in a sentence.
     void failed(const QString& sentence);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     [[nodiscard]] const Document* record() const;
+    [[nodiscard]] bool isDraft() const;
     void build();
     QAction* addAction(const QString& text, const QString& name, const QKeySequence& keys, void (DocumentPane::*run)());
     void reload();
@@ -72,6 +80,7 @@ private:
 
     LibraryAccess& m_library;
     std::int64_t m_document = 0;
+    bool m_isEditing = false;
     LivePage* m_page;
     PaperView* m_paper;
     DraftEditor* m_editor;
@@ -79,6 +88,7 @@ private:
     QLabel* m_name;
     QLabel* m_status;
     QLabel* m_locked;
+    QPushButton* m_edit;
     QPushButton* m_next;
     QToolButton* m_more;
     QMenu* m_menu;

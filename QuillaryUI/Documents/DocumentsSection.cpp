@@ -29,7 +29,11 @@ namespace {
 
 constexpr int rowHeight = 32;
 constexpr int border = 12;
-constexpr int listWidth = 560;
+constexpr int listWidth = 680;
+constexpr int numberWidth = 100;
+constexpr int dateWidth = 100;
+constexpr int amountWidth = 108;
+constexpr int statusWidth = 96;
 
 std::vector<DisplayStatus> statusesOf(DocumentKind kind)
 {
@@ -58,6 +62,26 @@ std::string kindWord(DocumentKind kind)
     return kind == DocumentKind::quote ? "quote" : "invoice";
 }
 
+int columnWidth(const DocumentListModel& model, int column)
+{
+    switch (model.column(column)) {
+    case DocumentRows::Column::number:
+        return numberWidth;
+    case DocumentRows::Column::issueDate:
+    case DocumentRows::Column::dueDate:
+        return dateWidth;
+    case DocumentRows::Column::total:
+    case DocumentRows::Column::due:
+        return amountWidth;
+    case DocumentRows::Column::status:
+        return statusWidth;
+    case DocumentRows::Column::title:
+    case DocumentRows::Column::client:
+        break;
+    }
+    return numberWidth;
+}
+
 /// The first day of this year, quarter or month, as many of them back.
 Instant periodStart(const Calendar& calendar, Instant today, int months)
 {
@@ -78,6 +102,7 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_statuses(new QComboBox(this))
     , m_period(new QComboBox(this))
     , m_list(new QStackedWidget(this))
+    , m_left(new QWidget(this))
     , m_footer(new QLabel(this))
     , m_pane(new DocumentPane(library, this))
 {
@@ -89,6 +114,12 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
     connect(m_pane, &DocumentPane::told, this, &DocumentsSection::told);
     connect(m_pane, &DocumentPane::failed, this, &DocumentsSection::failed);
+    connect(m_pane, &DocumentPane::editingChanged, this, [this](bool isEditing) {
+        m_left->setVisible(!isEditing);
+        if (!isEditing) {
+            m_table->setFocus(Qt::OtherFocusReason);
+        }
+    });
     connect(m_pane, &DocumentPane::wantedDocument, this, &DocumentsSection::wantedDocument);
     restore();
 }
@@ -109,16 +140,18 @@ void DocumentsSection::build()
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
     m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        m_table->setColumnWidth(column, columnWidth(*m_model, column));
+    }
     m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
 
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
     m_footer->setObjectName(QStringLiteral("listFooter"));
     m_footer->setContentsMargins(border, border / 2, border, border / 2);
-    auto* left = new QWidget(this);
-    auto* column = new QVBoxLayout(left);
+    auto* column = new QVBoxLayout(m_left);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(buildBar());
@@ -128,9 +161,9 @@ void DocumentsSection::build()
     auto* split = new QSplitter(Qt::Horizontal, this);
     split->setObjectName(QStringLiteral("listAndDocument"));
     split->setChildrenCollapsible(false);
-    split->addWidget(left);
+    split->addWidget(m_left);
     split->addWidget(m_pane);
-    split->setSizes({listWidth, 2 * listWidth});
+    split->setSizes({listWidth, listWidth});
     split->setStretchFactor(1, 1);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
@@ -277,8 +310,9 @@ void DocumentsSection::showSums()
         }
     }
     const DocumentRows::Sum sum = m_model->sum(rows);
-    QString footer =
-        chosen.size() > 1 ? tr("%n selected", nullptr, int(sum.count)) : tr("%n document(s)", nullptr, int(sum.count));
+    QString footer = chosen.size() > 1 ? tr("%1 selected").arg(sum.count)
+                     : sum.count == 1  ? tr("1 document")
+                                       : tr("%1 documents").arg(sum.count);
     if (sum.count > 0) {
         footer += QStringLiteral("  ·  ") + m_library.formats().sums(sum.totals);
     }

@@ -60,6 +60,7 @@ private:
     QComboBox* m_statuses;
     QComboBox* m_period;
     QStackedWidget* m_list;
+    QWidget* m_left;
     QLabel* m_footer;
     DocumentPane* m_pane;
     std::int64_t m_chosen = 0;

@@ -39,6 +39,7 @@ constexpr int pause = 350; ///< milliseconds; with saving and printing well belo
 constexpr int longestTerms = 3650;
 constexpr int textHeight = 64;
 constexpr int border = 20;
+constexpr int leastWidth = 560;
 
 QLabel* heading(const QString& text)
 {
@@ -71,6 +72,25 @@ QString discountText(const Discount& discount, const Document& draft, const Form
                : formats.amount(discount.amountMinorUnits, draft.currencyCode);
 }
 
+QString nativeName(DocumentLanguage language)
+{
+    switch (language) {
+    case DocumentLanguage::english:
+        return QStringLiteral("English");
+    case DocumentLanguage::german:
+        return QStringLiteral("Deutsch");
+    case DocumentLanguage::french:
+        return QStringLiteral("Français");
+    case DocumentLanguage::spanish:
+        return QStringLiteral("Español");
+    case DocumentLanguage::dutch:
+        return QStringLiteral("Nederlands");
+    case DocumentLanguage::italian:
+        return QStringLiteral("Italiano");
+    }
+    return {};
+}
+
 /// The argument of `update_document` that a review names, as a field of this form.
 QString linkTo(const std::string& field)
 {
@@ -88,6 +108,7 @@ DraftEditor::DraftEditor(LibraryAccess& library, QWidget* parent)
     setObjectName(QStringLiteral("draftEditor"));
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
+    setMinimumWidth(leastWidth);
     build();
     m_pause.setSingleShot(true);
     m_pause.setInterval(pause);
@@ -119,6 +140,7 @@ void DraftEditor::build()
     m_table = new LinesTable(m_desk.library(), *m_lines, page);
     m_fields["lines"] = m_table;
     m_errors["lines"] = new QLabel(page);
+    Theme::tint(*m_errors["lines"], Theme::errorColor());
     column->addWidget(m_table);
     column->addWidget(m_errors["lines"]);
     m_totals = new QLabel(page);
@@ -191,7 +213,7 @@ void DraftEditor::buildTexts(QFormLayout& form)
     m_language = new QComboBox;
     for (const DocumentLanguage language : allDocumentLanguages) {
         const QString languageCode = text(code(language));
-        m_language->addItem(QLocale(languageCode).nativeLanguageName(), languageCode);
+        m_language->addItem(nativeName(language), languageCode);
     }
     connect(m_language, &QComboBox::activated, this, [this] {
         change("language", utf8(m_language->currentData().toString()));
@@ -211,9 +233,7 @@ void DraftEditor::buildTexts(QFormLayout& form)
 void DraftEditor::addRow(QFormLayout& form, const QString& label, const std::string& field, QWidget* widget)
 {
     auto* error = new QLabel;
-    QPalette colors = error->palette();
-    colors.setColor(QPalette::WindowText, Theme::errorColor());
-    error->setPalette(colors);
+    Theme::tint(*error, Theme::errorColor());
     error->setObjectName(text(field + "Error"));
     widget->setObjectName(text(field));
     widget->setAccessibleName(label);
@@ -309,10 +329,10 @@ void DraftEditor::fillTotals()
     QString text = tr("Net %1").arg(formats.money(totals.net, draft.currencyCode));
     for (const Totals::TaxLine& line : totals.taxLines) {
         text +=
-            tr("    Tax %1 %2")
+            tr(" &nbsp;·&nbsp; Tax %1 %2")
                 .arg(Quillary::text(Percent::format(line.basisPoints)), formats.money(line.tax, draft.currencyCode));
     }
-    text += tr("    <b>Total %1</b>").arg(formats.money(totals.total, draft.currencyCode));
+    text += tr(" &nbsp;·&nbsp; <b>Total %1</b>").arg(formats.money(totals.total, draft.currencyCode));
     m_totals->setText(text);
 }
 

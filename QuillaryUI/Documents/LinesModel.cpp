@@ -60,14 +60,21 @@ void LinesModel::reload()
                              .isChild = bool(line->parent)});
         }
     }
-    if (lines.size() == m_lines.size()) {
+    // Rows come and go at the end, so that an open editor stays where it is: the empty row has become a line.
+    const int before = lineCount();
+    const int after = int(lines.size());
+    if (after > before) {
+        beginInsertRows({}, before + 1, after);
         m_lines = std::move(lines);
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
-        return; // an editor that is open stays so
+        endInsertRows();
+    } else if (after < before) {
+        beginRemoveRows({}, after + 1, before);
+        m_lines = std::move(lines);
+        endRemoveRows();
+    } else {
+        m_lines = std::move(lines);
     }
-    beginResetModel();
-    m_lines = std::move(lines);
-    endResetModel();
+    Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
 }
 
 int LinesModel::rowCount(const QModelIndex& parent) const

@@ -87,6 +87,17 @@ public:
         return editor;
     }
 
+    /// A change of the library refreshes open editors, too: one in which something was typed keeps it, and in the others
+    /// the next key replaces what stands there.
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override
+    {
+        auto& field = *static_cast<QLineEdit*>(editor);
+        if (!field.isModified()) {
+            field.setText(index.data(Qt::EditRole).toString());
+            field.selectAll();
+        }
+    }
+
     /// The name of a catalog item in the empty row brings the item; elsewhere it is a text like any other.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override
     {
@@ -150,7 +161,8 @@ LinesTable::LinesTable(LibraryAccess& library, LinesModel& model, QWidget* paren
     for (const auto& [column, width] : widths) {
         setColumnWidth(column, width);
     }
-    connect(&model, &QAbstractItemModel::modelReset, this, &LinesTable::fitHeight);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, &LinesTable::fitHeight);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, &LinesTable::fitHeight);
     fitHeight();
 }
 
@@ -165,10 +177,8 @@ void LinesTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
     const QModelIndex at = currentIndex();
     QTableView::closeEditor(editor, hint);
     if (hint == QAbstractItemDelegate::SubmitModelCache && at.isValid()) {
-        setCurrentIndex(m_lines.index(std::min(at.row() + 1, m_lines.lineCount()), at.column()));
-    } else if (at.isValid() && !currentIndex().isValid()) {
-        // A new line has made the table anew; the next cell of it is where the typing goes on.
-        setCurrentIndex(m_lines.index(std::min(at.row(), m_lines.lineCount()), at.column() + 1));
+        const int next = std::min(at.row() + 1, m_lines.lineCount());
+        setCurrentIndex(m_lines.index(next, next == m_lines.lineCount() ? int(LinesModel::title) : at.column()));
     }
 }
 

@@ -23,7 +23,8 @@ QString word(DisplayStatus status, std::optional<DocumentKind> kind)
 QString sentence(DisplayStatus status, int daysOverdue, std::optional<DocumentKind> kind)
 {
     if (status == DisplayStatus::overdue && daysOverdue > 0) {
-        return QCoreApplication::translate("StatusText", "Overdue by %n day(s)", nullptr, daysOverdue);
+        return daysOverdue == 1 ? QCoreApplication::translate("StatusText", "Overdue since yesterday")
+                                : QCoreApplication::translate("StatusText", "Overdue by %1 days").arg(daysOverdue);
     }
     return word(status, kind);
 }

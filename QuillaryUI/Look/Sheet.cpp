@@ -3,7 +3,6 @@
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QFormLayout>
-#include <QGraphicsDropShadowEffect>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -42,9 +41,8 @@ Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
     setObjectName(QStringLiteral("sheet"));
     setAccessibleName(title);
     setAttribute(Qt::WA_DeleteOnClose);
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Window);
-    setStyleSheet(QStringLiteral("QFrame#sheet { border: 1px solid palette(midlight); border-radius: 8px; }"));
+    setStyleSheet(QStringLiteral(
+        "QFrame#sheet { background: palette(window); border: 1px solid palette(midlight); border-radius: 8px; }"));
     m_body->setContentsMargins(border, border, border, border);
     m_body->setSpacing(12);
     m_body->addWidget(heading(title, this));
@@ -53,9 +51,7 @@ Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
         label->hide();
     }
     m_error->setObjectName(QStringLiteral("sheetError"));
-    QPalette colors = m_error->palette();
-    colors.setColor(QPalette::WindowText, Theme::errorColor());
-    m_error->setPalette(colors);
+    Theme::tint(*m_error, Theme::errorColor());
     m_body->addWidget(m_explanation);
     m_body->addLayout(m_form);
     m_body->addWidget(m_error);

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QSvgRenderer>
+#include <QWidget>
 
 #include <algorithm>
 #include <array>
@@ -119,14 +120,11 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent)
         "QToolTip { border: 1px solid palette(midlight); padding: 4px; }"
         "QHeaderView::section { background: palette(window); color: palette(placeholder-text); border: none;"
         " border-bottom: 1px solid palette(midlight); padding: 6px 8px; }"
+        "QTableView::item { padding: 0 6px; }"
         "QTableView { border: none; gridline-color: transparent; selection-background-color: palette(highlight); }"
         "QListView#sidebar { border: none; background: palette(window); padding: 8px; outline: none; }"
         "QListView#sidebar::item { border-radius: 6px; padding: 6px 8px; }"
         "QListView#sidebar::item:selected { background: palette(highlight); color: palette(highlighted-text); }"
-        "QLineEdit, QPlainTextEdit, QComboBox, QDateEdit, QSpinBox { border: 1px solid palette(midlight);"
-        " border-radius: 5px; padding: 4px 6px; background: palette(base); }"
-        "QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus, QDateEdit:focus, QSpinBox:focus"
-        " { border: 1px solid palette(highlight); }"
         "QPushButton { border: 1px solid palette(midlight); border-radius: 6px; padding: 6px 14px;"
         " background: palette(base); }"
         "QPushButton:default { background: palette(highlight); color: palette(highlighted-text); border: none; }"
@@ -165,6 +163,11 @@ QColor statusColor(DisplayStatus status)
 QColor errorColor()
 {
     return QColor(scheme() == Scheme::dark ? 0xffff8f85 : 0xffb92323);
+}
+
+void tint(QWidget& label, const QColor& color)
+{
+    label.setStyleSheet(QStringLiteral("color: %1").arg(color.name()));
 }
 
 QIcon icon(const QString& name)

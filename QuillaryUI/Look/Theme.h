@@ -7,6 +7,7 @@
 #include <QString>
 
 class QApplication;
+class QWidget;
 
 namespace Quillary {
 
@@ -29,6 +30,9 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent);
 
 /// What went wrong, and what is warned of.
 [[nodiscard]] QColor errorColor();
+
+/// Gives a label's text a colour. Once the application's style sheet has dressed a widget, it outweighs the palette.
+void tint(QWidget& label, const QColor& color);
 
 /// An icon of our own by its name, such as "invoice", in the palette's text colour.
 [[nodiscard]] QIcon icon(const QString& name);
