@@ -73,8 +73,7 @@ WindowCommand::WindowCommand(CLI::App& app)
 
 bool WindowCommand::wasGiven() const
 {
-    const bool hasScreen = AppEnvironment().hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-    return !m_screenshots.empty() || (m_app.get_subcommands().empty() && hasScreen);
+    return !m_screenshots.empty() || (m_app.get_subcommands().empty() && AppEnvironment().hasDisplay());
 }
 
 int WindowCommand::run(const CommandSetting& setting) const

@@ -153,6 +153,23 @@ void sortBy(std::vector<std::uint32_t>& places, DocumentRows::Order order, const
     }
 }
 
+/// The places of the clients in the order of their names, without regard to case and accents.
+std::unordered_map<DocumentRows::Key, std::size_t> clientRanks(std::span<const DocumentRows::Row> rows)
+{
+    std::unordered_map<DocumentRows::Key, std::size_t> ranks;
+    std::vector<std::pair<std::string, DocumentRows::Key>> names;
+    for (const DocumentRows::Row& row : rows) {
+        if (ranks.try_emplace(row.client, 0).second) {
+            names.emplace_back(folded(row.clientName), row.client);
+        }
+    }
+    std::ranges::sort(names);
+    for (std::size_t rank = 0; rank < names.size(); ++rank) {
+        ranks[names[rank].second] = rank;
+    }
+    return ranks;
+}
+
 void add(std::map<std::string, std::int64_t, std::less<>>& sums, const std::string& currency, std::int64_t amount)
 {
     std::int64_t& sum = sums[currency];
@@ -270,9 +287,11 @@ std::vector<std::uint32_t> DocumentRows::arranged(const Filter& filter, Column c
     case Column::title:
         by([](const Row& row) -> const std::string& { return row.title; });
         break;
-    case Column::client:
-        by([](const Row& row) -> const std::string& { return row.clientName; });
+    case Column::client: {
+        const auto ranks = clientRanks(m_rows);
+        by([&ranks](const Row& row) { return ranks.at(row.client); });
         break;
+    }
     case Column::issueDate:
         by([](const Row& row) { return row.issueDate; });
         break;

@@ -140,6 +140,7 @@ void DraftEditor::build()
     m_table = new LinesTable(m_desk.library(), *m_lines, page);
     m_fields["lines"] = m_table;
     m_errors["lines"] = new QLabel(page);
+    m_errors["lines"]->setObjectName(QStringLiteral("linesError"));
     Theme::tint(*m_errors["lines"], Theme::errorColor());
     column->addWidget(m_table);
     column->addWidget(m_errors["lines"]);

@@ -1,0 +1,187 @@
+#include "QuillaryCore/Documents/DocumentRows.h"
+
+#include "QuillaryCore/Documents/DocumentError.h"
+#include "QuillaryCore/Documents/DocumentFilter.h"
+#include "QuillaryCore/Documents/DraftLines.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "tests/Documents/DocumentLibrary.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace Quillary {
+namespace {
+
+using Column = DocumentRows::Column;
+using Order = DocumentRows::Order;
+
+class DocumentRowsTest : public testing::Test
+{
+protected:
+    std::vector<std::string> numbers(const DocumentRows::Filter& filter, Column column, Order order) const
+    {
+        std::vector<std::string> numbers;
+        for (const std::uint32_t place : rows.arranged(filter, column, order)) {
+            numbers.push_back(rows.row(place).number);
+        }
+        return numbers;
+    }
+
+    /// What a list read anew would hold.
+    void expectSameAsReadAnew()
+    {
+        DocumentRows anew(DocumentKind::invoice);
+        anew.load(library.context, library.start, library.calendar);
+        ASSERT_EQ(rows.size(), anew.size());
+        for (std::uint32_t place = 0; place < rows.size(); ++place) {
+            const DocumentRows::Row& left = rows.row(place);
+            const DocumentRows::Row& right = anew.row(place);
+            EXPECT_EQ(left.key, right.key);
+            EXPECT_EQ(left.foldedText, right.foldedText);
+            EXPECT_EQ(left.status, right.status);
+            EXPECT_EQ(left.totalMinorUnits, right.totalMinorUnits);
+            EXPECT_EQ(rows.place(left.key), place);
+        }
+    }
+
+    DocumentLibrary library;
+    DocumentRows rows{DocumentKind::invoice};
+};
+
+TEST_F(DocumentRowsTest, narrowsAndSorts)
+{
+    Client& other = library.context.insert<Client>();
+    other.name = "Schröder";
+    Document& first = library.invoice("B-1");
+    first.cachedTotalMinorUnits = 300;
+    first.dueDate = library.day(-2);
+    Document& second = library.invoice("A-2");
+    second.cachedTotalMinorUnits = 100;
+    second.client = other.ref;
+    second.tags = "Travel, Food";
+    second.issueDate = library.day(-1);
+    Document& third = library.invoice("C-3", DocumentStatus::draft);
+    third.cachedTotalMinorUnits = 200;
+    third.title = "Website";
+    library.document(DocumentKind::quote, DocumentStatus::sent).number = "Q";
+    rows.load(library.context, library.start, library.calendar);
+
+    struct Case
+    {
+        DocumentRows::Filter filter;
+        Column column;
+        Order order;
+        std::vector<std::string> numbers;
+    };
+    const Case cases[] = {
+        {{}, Column::issueDate, Order::descending, {"A-2", "C-3", "B-1"}}, // equal days: the newer first
+        {{}, Column::issueDate, Order::ascending, {"C-3", "B-1", "A-2"}},
+        {{}, Column::number, Order::ascending, {"A-2", "B-1", "C-3"}},
+        {{}, Column::client, Order::descending, {"A-2", "C-3", "B-1"}},
+        {{}, Column::total, Order::descending, {"B-1", "C-3", "A-2"}},
+        {{}, Column::status, Order::ascending, {"C-3", "A-2", "B-1"}},
+        {{.text = "SCHRODER"}, Column::number, Order::ascending, {"A-2"}},
+        {{.text = "acme web"}, Column::number, Order::ascending, {"C-3"}}, // words, in any order
+        {{.text = "travel"}, Column::number, Order::ascending, {"A-2"}},
+        {{.statuses = {DisplayStatus::overdue, DisplayStatus::draft}},
+         Column::number,
+         Order::ascending,
+         {"B-1", "C-3"}},
+        {{.start = library.day(-5)}, Column::number, Order::ascending, {"A-2"}},
+        {{.end = library.day(-5)}, Column::number, Order::ascending, {"B-1", "C-3"}},
+        {{.tag = "food"}, Column::number, Order::ascending, {"A-2"}},
+        {{.tag = "foo"}, Column::number, Order::ascending, {}}, // a whole tag
+        {{.client = other.ref.key()}, Column::number, Order::ascending, {"A-2"}},
+    };
+    for (const Case& example : cases) {
+        EXPECT_EQ(numbers(example.filter, example.column, example.order), example.numbers) << example.filter.text;
+    }
+    EXPECT_EQ(rows.row(*rows.place(first.ref.key())).daysOverdue, 2);
+    const auto all = rows.arranged({}, Column::number, Order::ascending);
+    EXPECT_EQ(rows.sum(all).totals.at("EUR"), 600);
+    EXPECT_EQ(rows.counts()[static_cast<std::size_t>(DisplayStatus::draft)], 1U);
+}
+
+TEST_F(DocumentRowsTest, followsEveryChange)
+{
+    std::mt19937 random(7);
+    std::vector<ChangeSet> told;
+    const Subscription subscription = library.context.onChanged([&](const ChangeSet& set) { told.push_back(set); });
+    rows.load(library.context, library.start, library.calendar);
+    for (int round = 0; round < 200; ++round) {
+        const auto invoices = library.context.fetch<Document>("kindRaw = 0");
+        const Document* some = invoices.empty() ? nullptr : invoices[random() % invoices.size()];
+        switch (random() % 5) {
+        case 0:
+            library.invoice(fmt::format("N-{}", round)).issueDate = library.day(-int(random() % 30));
+            break;
+        case 1:
+            library.document(DocumentKind::quote, DocumentStatus::sent);
+            break;
+        case 2:
+            if (some != nullptr) {
+                library.context.edit(*some).issueDate = library.day(-int(random() % 30));
+            }
+            break;
+        case 3:
+            if (some != nullptr) {
+                library.context.erase(*some);
+            }
+            break;
+        default:
+            library.context.edit(library.client).name = fmt::format("Client {}", round);
+        }
+        library.context.save();
+    }
+    ASSERT_FALSE(told.empty());
+    for (const ChangeSet& set : told) {
+        rows.update(library.context, set, library.start, library.calendar);
+    }
+    expectSameAsReadAnew();
+}
+
+TEST_F(DocumentRowsTest, readsTheFirstScreenAlone)
+{
+    for (int day = 0; day < 10; ++day) {
+        library.invoice(fmt::format("N-{}", day)).issueDate = library.day(day);
+    }
+    rows.load(library.context, library.start, library.calendar, 3);
+    EXPECT_FALSE(rows.isWhole());
+    EXPECT_THAT(numbers({}, Column::issueDate, Order::descending), testing::ElementsAre("N-9", "N-8", "N-7"));
+}
+
+TEST(DraftLinesTest, movesALineWithItsSubLines)
+{
+    DocumentLibrary library;
+    const Document& draft = library.invoice("N-1", DocumentStatus::draft);
+    LineItem& first = library.line(draft, 1000, 100, 0);
+    first.title = "a";
+    LineItem& second = library.line(draft, 1000, 100, 0);
+    second.title = "b";
+    LineItem& below = library.line(draft, 1000, 100, 0);
+    below.title = "b1";
+    below.parent = second.ref;
+    library.line(draft, 1000, 100, 0).title = "c";
+    const auto titles = [&] {
+        std::string text;
+        for (const LineItem* line : linesInOrder(library.context, draft)) {
+            text += line->title + " ";
+        }
+        return text;
+    };
+    ASSERT_EQ(titles(), "a b b1 c ");
+    DraftLines::move(library.context, draft, 1, 4); // to the end
+    EXPECT_EQ(titles(), "a c b b1 ");
+    DraftLines::move(library.context, draft, 2, 0);
+    EXPECT_EQ(titles(), "b b1 a c ");
+    EXPECT_THROW(DraftLines::move(library.context, draft, 4, 0), DocumentError);
+    library.context.edit(draft).statusRaw = std::int16_t(DocumentStatus::sent);
+    EXPECT_THROW(DraftLines::move(library.context, draft, 0, 2), DocumentError);
+}
+
+} // namespace
+} // namespace Quillary

@@ -1,0 +1,219 @@
+// A person at the window, with the real library, service and page engine; only the screen is missing.
+#include "Quillary/AppEnvironment.h"
+#include "Quillary/Desktop.h"
+#include "Quillary/OpenLibrary.h"
+#include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/Payment.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/DocumentListModel.h"
+#include "QuillaryUI/Documents/DraftEditor.h"
+#include "QuillaryUI/Documents/LinesModel.h"
+#include "QuillaryUI/Library/Section.h"
+#include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Paper/PaperView.h"
+#include "tests/Support/TempFolder.h"
+
+#include <QAbstractItemModelTester>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+
+namespace Quillary {
+namespace {
+
+constexpr int patience = 30'000;
+
+bool comesTrue(const std::function<bool()>& condition)
+{
+    QElapsedTimer time;
+    time.start();
+    while (!condition() && time.elapsed() < patience) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return condition();
+}
+
+/// A user with a home of their own, in front of the window.
+class WindowJourneyTest : public testing::Test
+{
+protected:
+    WindowJourneyTest()
+    {
+        setenv("HOME", folder.path().c_str(), 1);
+        setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+        setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
+        setenv("LC_ALL", "en_US.UTF-8", 1);
+        environment = std::make_unique<AppEnvironment>();
+        host = std::make_unique<PrintingHost>(*environment);
+        host->startApplication(PrintingHost::Windows::shown);
+        desktop = std::make_unique<Desktop>(*environment, *host);
+        service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
+                                                                               .socket = folder / "socket",
+                                                                               .settings = folder / "assistants.json",
+                                                                               .log = folder / "log",
+                                                                               .asker = &desktop->asker(),
+                                                                               .windows = desktop.get()},
+                                                     *environment,
+                                                     *host,
+                                                     [](int) {});
+        service->claim();
+        service->start();
+        desktop->show("invoices");
+    }
+
+    ~WindowJourneyTest() override
+    {
+        service->stop();
+        service.reset();
+        desktop.reset();
+        host.reset();
+    }
+
+    template <class Widget>
+    Widget& find(const char* name, QWidget* within = nullptr)
+    {
+        QWidget* root = within != nullptr ? within : &desktop->window();
+        Widget* found = nullptr;
+        for (Widget* widget : root->findChildren<Widget*>(QString::fromLatin1(name))) {
+            if (found == nullptr || widget->isVisible()) {
+                found = widget;
+            }
+        }
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+
+    QWidget* invoices() { return desktop->window().section(QStringLiteral("invoices")); }
+    Context& context() { return desktop->library().context(); }
+
+    void typeCell(int row, int column, const QString& text)
+    {
+        auto& table = find<QTableView>("lines", invoices());
+        table.setCurrentIndex(table.model()->index(row, column));
+        table.edit(table.currentIndex());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the editor before it
+        const auto editors = table.findChildren<QLineEdit*>();
+        ASSERT_FALSE(editors.empty());
+        QLineEdit* editor = editors.back();
+        editor->selectAll();
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+    }
+
+    TempFolder folder;
+    std::unique_ptr<AppEnvironment> environment;
+    std::unique_ptr<PrintingHost> host;
+    std::unique_ptr<Desktop> desktop;
+    std::unique_ptr<AssistantService> service;
+};
+
+TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
+{
+    const QAbstractItemModelTester listTester(invoices()->findChild<DocumentListModel*>());
+    const QAbstractItemModelTester linesTester(invoices()->findChild<LinesModel*>());
+    QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
+    ASSERT_EQ(context().count<Document>(""), 1);
+
+    // A client that isn't there yet, made on the way.
+    auto& client = find<QLineEdit>("client", invoices());
+    QTest::keyClicks(&client, QStringLiteral("Nordwind AG"));
+    QTest::keyClick(QApplication::activePopupWidget() != nullptr ? QApplication::activePopupWidget() : &client,
+                    Qt::Key_Return);
+    ASSERT_TRUE(
+        comesTrue([&] { return !invoices()->findChildren<QLineEdit*>(QStringLiteral("client_city")).empty(); }));
+    QTest::keyClicks(&find<QLineEdit>("client_city"), QStringLiteral("Hamburg"));
+    QTest::keyClick(&find<QLineEdit>("client_city"), Qt::Key_Return);
+    ASSERT_TRUE(comesTrue([&] { return context().count<Client>("name = 'Nordwind AG' AND city = 'Hamburg'") == 1; }));
+
+    typeCell(0, LinesModel::title, QStringLiteral("Website design"));
+    typeCell(0, LinesModel::quantity, QStringLiteral("3*4"));
+    typeCell(0, LinesModel::price, QStringLiteral("nothing")); // kept out, and told
+    EXPECT_TRUE(find<QLabel>("linesError", invoices()).text().contains(QStringLiteral("nothing")));
+    typeCell(0, LinesModel::price, QStringLiteral("95.50"));
+    typeCell(0, LinesModel::tax, QStringLiteral("19"));
+    const Document* invoice = context().first<Document>("");
+    EXPECT_EQ(invoice->cachedTotalMinorUnits, 136'374);
+    EXPECT_TRUE(find<QLabel>("totals", invoices()).text().contains(QStringLiteral("1,363.74")));
+
+    // What is typed into a text is saved by itself.
+    QTest::keyClicks(&find<QLineEdit>("title", invoices()), QStringLiteral("Relaunch"));
+    EXPECT_TRUE(comesTrue([&] { return context().first<Document>("")->title == "Relaunch"; }));
+    EXPECT_TRUE(comesTrue([&] { return !find<PaperView>("paper", invoices()).pdf().empty(); }));
+
+    QTest::mouseClick(&find<QPushButton>("nextStep", invoices()), Qt::LeftButton);
+    EXPECT_EQ(status(*context().first<Document>("")), DocumentStatus::sent);
+    EXPECT_TRUE(comesTrue([&] { return !find<DraftEditor>("draftEditor", invoices()).isVisible(); }));
+
+    QTest::mouseClick(&find<QPushButton>("nextStep", invoices()), Qt::LeftButton);
+    auto& amount = find<QLineEdit>("paymentAmount");
+    EXPECT_EQ(amount.text(), QStringLiteral("1,363.74"));
+    QTest::keyClick(&amount, Qt::Key_Return);
+    EXPECT_EQ(status(*context().first<Document>("")), DocumentStatus::paid);
+    EXPECT_EQ(context().count<Payment>("amountMinorUnits = 136374"), 1);
+}
+
+TEST_F(WindowJourneyTest, undoesAndShowsWhatOthersChange)
+{
+    QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
+    auto& list = find<QTableView>("documentList", invoices());
+    EXPECT_TRUE(comesTrue([&] { return list.model()->rowCount() == 1; }));
+    QTest::keyClicks(&find<QLineEdit>("title", invoices()), QStringLiteral("A"));
+    EXPECT_TRUE(comesTrue([&] { return context().first<Document>("")->title == "A"; }));
+    context().undo();
+    EXPECT_EQ(context().first<Document>("")->title, "");
+
+    // An assistant, or a command, changes the library beside the window.
+    {
+        auto scope = context().beginScope("elsewhere");
+        context().edit(*context().first<Document>("")).number = "FROM-OUTSIDE";
+        scope.commit();
+    }
+    EXPECT_TRUE(
+        comesTrue([&] { return list.model()->index(0, 0).data().toString() == QStringLiteral("FROM-OUTSIDE"); }));
+}
+
+TEST_F(WindowJourneyTest, asksAboutANewAssistantAndTakesTheQuestionBack)
+{
+    ApprovalAnswer answered = ApprovalAnswer::undecided;
+    auto question = desktop->asker().ask("Helper <b>", [&](ApprovalAnswer answer) { answered = answer; });
+    const auto dialog = [] {
+        QMessageBox* open = nullptr;
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (auto* box = qobject_cast<QMessageBox*>(widget); box != nullptr && box->isVisible()) {
+                open = box;
+            }
+        }
+        return open;
+    };
+    ASSERT_NE(dialog(), nullptr);
+    EXPECT_TRUE(dialog()->text().contains(QStringLiteral("Helper <b>")));
+    EXPECT_EQ(dialog()->textFormat(), Qt::PlainText);
+    QTest::mouseClick(dialog()->buttons().front(), Qt::LeftButton);
+    EXPECT_EQ(answered, ApprovalAnswer::allow);
+
+    answered = ApprovalAnswer::undecided;
+    question = desktop->asker().ask("Second", [&](ApprovalAnswer answer) { answered = answer; });
+    question.reset();
+    EXPECT_EQ(dialog(), nullptr);
+    EXPECT_EQ(answered, ApprovalAnswer::undecided);
+}
+
+} // namespace
+} // namespace Quillary
