@@ -7,6 +7,7 @@
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 
 #include <QAction>
@@ -43,6 +44,7 @@ const QString geometryKey = QStringLiteral("window/geometry");
 MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
     : QMainWindow(parent)
     , m_library(library)
+    , m_whole(new QStackedWidget(this))
     , m_sidebar(new QListWidget(this))
     , m_pages(new QStackedWidget(this))
     , m_warning(new QFrame(this))
@@ -80,7 +82,8 @@ MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
     columns->setSpacing(0);
     columns->addWidget(m_sidebar);
     columns->addLayout(right, 1);
-    setCentralWidget(middle);
+    m_whole->addWidget(middle);
+    setCentralWidget(m_whole);
 
     addSections();
     connect(m_sidebar, &QListWidget::currentRowChanged, this, [this](int place) {
@@ -92,6 +95,9 @@ MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
     buildMenus();
     restoreLayout();
     m_sidebar->setCurrentRow(0);
+    if (FirstStart::isNeeded(library)) {
+        showFirstStart();
+    }
 }
 
 MainWindow::~MainWindow() = default;
@@ -169,6 +175,20 @@ void MainWindow::buildDocumentMenu(QMenu& menu)
         if (menu.isEmpty()) {
             menu.addAction(tr("No document is chosen"))->setEnabled(false);
         }
+    });
+}
+
+void MainWindow::showFirstStart()
+{
+    auto* first = new FirstStart(m_library, this);
+    m_whole->addWidget(first);
+    m_whole->setCurrentWidget(first);
+    menuBar()->setEnabled(false);
+    connect(first, &FirstStart::finished, this, [this, first] {
+        menuBar()->setEnabled(true);
+        m_whole->setCurrentIndex(0);
+        first->deleteLater();
+        showSection(QStringLiteral("invoices"));
     });
 }
 

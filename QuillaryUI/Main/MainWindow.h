@@ -64,10 +64,12 @@ private:
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);
     void undo(bool isRedo);
+    void showFirstStart();
     void restoreLayout();
     [[nodiscard]] Section* current() const;
 
     LibraryAccess& m_library;
+    QStackedWidget* m_whole; ///< the sections, or the first start before them
     QListWidget* m_sidebar;
     QStackedWidget* m_pages;
     QFrame* m_warning;

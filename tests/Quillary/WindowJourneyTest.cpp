@@ -99,6 +99,9 @@ protected:
         return *found;
     }
 
+    /// Past what a new user is asked first.
+    void putOffFirstStart() { QTest::mouseClick(&find<QPushButton>("firstStartLater"), Qt::LeftButton); }
+
     QWidget* invoices() { return desktop->window().section(QStringLiteral("invoices")); }
     Context& context() { return desktop->library().context(); }
 
@@ -126,8 +129,10 @@ protected:
 
 TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
 {
+    putOffFirstStart();
     const QAbstractItemModelTester listTester(invoices()->findChild<DocumentListModel*>());
     const QAbstractItemModelTester linesTester(invoices()->findChild<LinesModel*>());
+    ASSERT_EQ(context().count<Document>(""), 0);
     QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
     ASSERT_EQ(context().count<Document>(""), 1);
 
@@ -169,8 +174,24 @@ TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
     EXPECT_EQ(context().count<Payment>("amountMinorUnits = 136374"), 1);
 }
 
+TEST_F(WindowJourneyTest, asksANewUserForTheFewFactsOfAnInvoice)
+{
+    auto& first = find<QWidget>("firstStart");
+    EXPECT_TRUE(comesTrue([&] { return !find<PaperView>("paper", &first).pdf().empty(); })); // their own first invoice
+    QTest::keyClicks(&find<QLineEdit>("first_name"), QStringLiteral("Atelier Hain"));
+    QTest::keyClicks(&find<QLineEdit>("first_iban"), QStringLiteral("DE00 1234"));
+    QTest::mouseClick(&find<QPushButton>("firstStartDone"), Qt::LeftButton);
+    EXPECT_TRUE(find<QLabel>("firstStartError").text().contains(QStringLiteral("IBAN"), Qt::CaseInsensitive));
+    EXPECT_EQ(desktop->library().business().name, ""); // all or nothing
+    find<QLineEdit>("first_iban").clear();
+    QTest::mouseClick(&find<QPushButton>("firstStartDone"), Qt::LeftButton);
+    EXPECT_EQ(desktop->library().business().name, "Atelier Hain");
+    EXPECT_TRUE(comesTrue([&] { return find<QPushButton>("newDocument", invoices()).isVisible(); }));
+}
+
 TEST_F(WindowJourneyTest, undoesAndShowsWhatOthersChange)
 {
+    putOffFirstStart();
     QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
     auto& list = find<QTableView>("documentList", invoices());
     EXPECT_TRUE(comesTrue([&] { return list.model()->rowCount() == 1; }));

@@ -1,0 +1,237 @@
+#include "QuillaryUI/Main/FirstStart.h"
+
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Countries.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentLanguage.h"
+#include "QuillaryCore/Output/TemplateSettings.h"
+#include "QuillaryCore/Samples/SampleLibrary.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Paper/LivePage.h"
+#include "QuillaryUI/Paper/PaperView.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int border = 32;
+constexpr int formWidth = 460;
+constexpr int pause = 300; ///< milliseconds
+constexpr double headingSize = 1.6;
+
+/// The text fields of the page, and where the invoice shows them.
+constexpr std::pair<std::string_view, std::string Business::*> shownFields[] = {
+    {"name", &Business::name},
+    {"address_line", &Business::addressLine},
+    {"postal_code", &Business::postalCode},
+    {"city", &Business::city},
+    {"email", &Business::email},
+    {"vat_id", &Business::vatID},
+    {"iban", &Business::iban},
+};
+
+QLabel* heading(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * headingSize);
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+} // namespace
+
+FirstStart::FirstStart(LibraryAccess& library, QWidget* parent)
+    : QWidget(parent)
+    , m_library(library)
+    , m_samples(std::make_unique<SampleLibrary>(documentLanguage(library.formats().locale().languageCode())))
+    , m_country(new QComboBox(this))
+    , m_design(new QComboBox(this))
+    , m_error(new QLabel(this))
+    , m_paper(new PaperView(library.press(), this))
+    , m_page(new LivePage(library.press(), this))
+{
+    setObjectName(QStringLiteral("firstStart"));
+    build();
+    connect(m_page, &LivePage::ready, this, [this](const Bytes& pdf, int pageCount, bool isSame) {
+        m_paper->setPDF(pdf, pageCount, isSame ? PaperView::Place::kept : PaperView::Place::top);
+    });
+    connect(m_page, &LivePage::failed, m_paper, &PaperView::setNotice);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pause);
+    connect(&m_pause, &QTimer::timeout, m_page, &LivePage::refresh);
+    m_page->show([this] { return page(); });
+}
+
+FirstStart::~FirstStart() = default;
+
+bool FirstStart::isNeeded(const LibraryAccess& library)
+{
+    return library.isOpen() && library.business().name.empty() && library.context().count<Document>("") == 0;
+}
+
+void FirstStart::build()
+{
+    auto* left = new QWidget(this);
+    left->setFixedWidth(formWidth);
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(border, border, border, border);
+    column->setSpacing(16);
+    column->addWidget(heading(tr("Your first invoice"), left));
+    auto* sentence = new QLabel(
+        tr("This is how it will look. Tell it who you are; anything can be left for later, and changed at any time."),
+        left);
+    sentence->setWordWrap(true);
+    column->addWidget(sentence);
+
+    auto* form = new QFormLayout;
+    addField(*form, tr("Name"), "name");
+    addField(*form, tr("Street"), "address_line");
+    addField(*form, tr("Postal code"), "postal_code");
+    addField(*form, tr("City"), "city");
+    fillCountries();
+    form->addRow(tr("Country"), m_country);
+    addField(*form, tr("Email"), "email");
+    addField(*form, tr("VAT ID"), "vat_id");
+    addField(*form, tr("IBAN"), "iban");
+    for (const auto& [design, name] : {std::pair(TemplateDesign::classic, tr("Classic")),
+                                       std::pair(TemplateDesign::modern, tr("Modern")),
+                                       std::pair(TemplateDesign::minimal, tr("Minimal")),
+                                       std::pair(TemplateDesign::bold, tr("Bold")),
+                                       std::pair(TemplateDesign::compact, tr("Compact"))}) {
+        m_design->addItem(name, int(design));
+    }
+    m_design->setAccessibleName(tr("Look"));
+    connect(m_design, &QComboBox::activated, this, [this] { m_page->refresh(); });
+    form->addRow(tr("Look"), m_design);
+    column->addLayout(form);
+
+    m_error->setObjectName(QStringLiteral("firstStartError"));
+    m_error->setWordWrap(true);
+    m_error->hide();
+    Theme::tint(*m_error, Theme::errorColor());
+    column->addWidget(m_error);
+    auto* start = new QPushButton(tr("Start"), left);
+    start->setObjectName(QStringLiteral("firstStartDone"));
+    start->setDefault(true);
+    auto* later = new QPushButton(tr("Later"), left);
+    later->setObjectName(QStringLiteral("firstStartLater"));
+    connect(start, &QPushButton::clicked, this, &FirstStart::save);
+    connect(later, &QPushButton::clicked, this, &FirstStart::finished);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(later);
+    buttons->addWidget(start);
+    column->addLayout(buttons);
+    column->addStretch();
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(left);
+    row->addWidget(m_paper, 1);
+}
+
+void FirstStart::addField(QFormLayout& form, const QString& label, const std::string& argument)
+{
+    auto* field = new QLineEdit(this);
+    field->setObjectName(text("first_" + argument));
+    field->setAccessibleName(label);
+    connect(field, &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
+    connect(field, &QLineEdit::returnPressed, this, &FirstStart::save);
+    m_fields[argument] = field;
+    form.addRow(label, field);
+}
+
+/// All that have a code, by their names.
+void FirstStart::fillCountries()
+{
+    m_country->setAccessibleName(tr("Country"));
+    const Locale& locale = m_library.formats().locale();
+    std::map<QString, QString> byName;
+    for (char first = 'A'; first <= 'Z'; ++first) {
+        for (char second = 'A'; second <= 'Z'; ++second) {
+            const std::string countryCode{first, second};
+            if (Countries::isKnown(countryCode)) {
+                byName.emplace(text(locale.countryName(countryCode)), text(countryCode));
+            }
+        }
+    }
+    for (const auto& [name, countryCode] : byName) {
+        m_country->addItem(name, countryCode);
+    }
+    m_country->setCurrentIndex(m_country->findData(text(m_library.business().countryCode)));
+    connect(m_country, &QComboBox::activated, this, [this] { m_page->refresh(); });
+}
+
+/// The sample invoice as the user's own.
+std::optional<PageJob> FirstStart::page()
+{
+    Business business = m_samples->business();
+    for (const auto& [argument, member] : shownFields) {
+        const std::string typed = utf8(m_fields.at(std::string(argument))->text().trimmed());
+        if (!typed.empty()) {
+            business.*member = typed;
+        }
+    }
+    if (!m_fields.at("name")->text().trimmed().isEmpty()) {
+        business.logoData.clear();
+    }
+    business.countryCode = utf8(m_country->currentData().toString());
+    business.templateID = storedText(TemplateDesign(m_design->currentData().toInt()));
+    return pageJob(m_samples->context(), *m_samples->samples().front().document, business, m_samples->calendar());
+}
+
+void FirstStart::save()
+{
+    const std::optional<QString> no = refusal();
+    m_error->setText(no.value_or(QString()));
+    m_error->setVisible(no.has_value());
+    if (!no) {
+        Q_EMIT finished();
+    }
+}
+
+std::optional<QString> FirstStart::refusal()
+{
+    if (!m_library.isOpen()) {
+        return tr("Another Quillary is using the library at this moment. Try again in a second.");
+    }
+    JSON arguments = JSON::object({});
+    for (const auto& [argument, field] : m_fields) {
+        if (const std::string typed = utf8(field->text().trimmed()); !typed.empty()) {
+            arguments.set(argument, typed);
+        }
+    }
+    if (const std::string countryCode = utf8(m_country->currentData().toString()); !countryCode.empty()) {
+        arguments.set("country", countryCode);
+    }
+    ToolResult result;
+    AssistantActions(m_library.environment()).call("update_business_profile", arguments, [&](ToolResult answer) {
+        result = std::move(answer);
+    });
+    if (result.isError) {
+        return text(result.text);
+    }
+    return m_library.perform(tr("Choose Look"), [this] {
+        BusinessSettings::set(
+            m_library.environment(), "template", storedText(TemplateDesign(m_design->currentData().toInt())));
+    });
+}
+
+} // namespace Quillary

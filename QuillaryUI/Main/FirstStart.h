@@ -1,0 +1,59 @@
+#pragma once
+
+#include "QuillaryUI/Library/LibraryAccess.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <string>
+
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+
+namespace Quillary {
+
+class LivePage;
+class PaperView;
+class SampleLibrary;
+
+/// What a new user sees first: the few facts that an invoice can't be without, beside an invoice of their own that shows
+/// them as they are typed. Everything can be left for later.
+class FirstStart : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FirstStart(LibraryAccess& library, QWidget* parent = nullptr);
+    ~FirstStart() override;
+
+    /// Whether there is anything to ask: a library without documents whose business has no name.
+    [[nodiscard]] static bool isNeeded(const LibraryAccess& library);
+
+Q_SIGNALS:
+    /// It was answered, or put off.
+    void finished();
+
+private:
+    void build();
+    void addField(QFormLayout& form, const QString& label, const std::string& argument);
+    void fillCountries();
+    void save();
+    [[nodiscard]] std::optional<QString> refusal();
+    [[nodiscard]] std::optional<PageJob> page();
+
+    LibraryAccess& m_library;
+    std::unique_ptr<SampleLibrary> m_samples; ///< whose invoice is shown
+    std::map<std::string, QLineEdit*> m_fields;
+    QComboBox* m_country;
+    QComboBox* m_design;
+    QLabel* m_error;
+    PaperView* m_paper;
+    LivePage* m_page;
+    QTimer m_pause; ///< after the last key
+};
+
+} // namespace Quillary
