@@ -59,6 +59,7 @@ protected:
         setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
         setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
         setenv("LC_ALL", "en_US.UTF-8", 1);
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
         environment = std::make_unique<AppEnvironment>();
         host = std::make_unique<PrintingHost>(*environment);
         host->startApplication(PrintingHost::Windows::shown);
