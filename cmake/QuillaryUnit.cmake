@@ -38,8 +38,8 @@ endfunction()
 
 # quillary_add_tests(Name SOURCES ... USES ...)
 #
-# One test program `<Name>Tests` a folder; each of its cases is a test of its own for ctest. The time zone and the
-# locale of the process are fixed to something unusual on purpose: no test may depend on them.
+# One test program `<Name>Tests` a folder; each of its cases is a test of its own for ctest. The test presets fix the time
+# zone and the locale of the process to something unusual on purpose: no test may depend on them.
 function(quillary_add_tests name)
     cmake_parse_arguments(PARSE_ARGV 1 unit "" "" "SOURCES;USES;LIBRARIES")
     quillary_refuse_unknown("quillary_add_tests(${name})" "${unit_UNPARSED_ARGUMENTS}")
@@ -52,7 +52,7 @@ function(quillary_add_tests name)
     gtest_discover_tests(
         ${target}
         DISCOVERY_TIMEOUT 60
-        PROPERTIES ENVIRONMENT "TZ=Asia/Kolkata;LC_ALL=C.UTF-8;QT_QPA_PLATFORM=offscreen" TIMEOUT 300
+        PROPERTIES TIMEOUT 300
     )
 endfunction()
 
