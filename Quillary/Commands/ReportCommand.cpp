@@ -20,13 +20,14 @@ namespace Quillary {
 namespace {
 
 namespace fs = std::filesystem;
-using Kind = ReportRequest::Kind;
+using Kind = ReportOrder::Kind;
 
 void print(const FinishedReport& report, const Locale& locale)
 {
-    fmt::print("{}\n\n{}", report.title, ReportText::table(report.table, report.lastRow, report.currencyCode, locale));
-    if (!report.bars.empty()) {
-        fmt::print("\n{}", report.bars);
+    const auto lastRow = report.hasTotal ? ReportText::LastRow::isTotal : ReportText::LastRow::isOneOfMany;
+    fmt::print("{}\n\n{}", report.title, ReportText::table(report.table, lastRow, report.currencyCode, locale));
+    if (const std::string bars = report.aging ? ReportText::agingBars(*report.aging, locale) : ""; !bars.empty()) {
+        fmt::print("\n{}", bars);
     }
 }
 
@@ -128,7 +129,7 @@ int ReportCommand::run(const CommandSetting& setting) const
 {
     const Locale& locale = setting.environment.locale();
     const ReportRequest request = this->request();
-    const FinishedReport report = FinishedReport::make(setting.library, request, setting.environment);
+    const FinishedReport report = request.report(setting.library, setting.environment);
     if (m_output.empty()) {
         print(report, locale);
         tellOtherCurrencies(report, stdout);

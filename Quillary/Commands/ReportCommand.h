@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Quillary/Commands/Command.h"
-#include "Quillary/Commands/FinishedReport.h"
+#include "Quillary/Commands/ReportRequest.h"
 
 #include <array>
 #include <cstddef>
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] int run(const CommandSetting& setting) const override;
 
 private:
-    void addReport(ReportRequest::Kind kind, const std::string& name, const std::string& description);
+    void addReport(ReportOrder::Kind kind, const std::string& name, const std::string& description);
     [[nodiscard]] ReportRequest request() const;
 
     static constexpr std::size_t kindCount = 5;

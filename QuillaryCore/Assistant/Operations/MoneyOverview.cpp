@@ -101,6 +101,10 @@ private:
         if (displayStatus(figures, m_today, m_environment.calendar) == DisplayStatus::overdue) {
             overview.overdueTotal = checkedAdd(overview.overdueTotal, due);
             overview.overdueCount += 1;
+        } else if (figures.dueDate &&
+                   m_environment.calendar.daysBetween(m_today, *figures.dueDate) <= MoneyOverview::soonDays) {
+            overview.dueSoonTotal = checkedAdd(overview.dueSoonTotal, due);
+            overview.dueSoonCount += 1;
         }
     }
 

@@ -21,6 +21,8 @@ struct MoneyOverview
         std::optional<Instant> date; ///< when it is or was due; of a draft its own date
     };
 
+    static constexpr int soonDays = 7;
+
     std::string currencyCode;
     std::vector<Item> open;        ///< invoices sent and not settled, the overdue ones included, the oldest due first
     std::vector<Item> drafts;      ///< invoices and credit notes, the oldest first
@@ -29,7 +31,9 @@ struct MoneyOverview
     std::int64_t overdueTotal = 0;
     std::int64_t draftTotal = 0;
     std::int64_t creditTotal = 0;
+    std::int64_t dueSoonTotal = 0;
     std::size_t overdueCount = 0;         ///< the first so many of `open`
+    std::size_t dueSoonCount = 0;         ///< so many behind them: due today or within `soonDays`
     std::int64_t unbilledThousandths = 0; ///< hours
     std::int64_t unbilledValue = 0;
 
