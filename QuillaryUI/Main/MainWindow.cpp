@@ -9,6 +9,7 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/QuickOpen.h"
+#include "QuillaryUI/Overview/OverviewSection.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -102,8 +103,42 @@ MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::addOverview()
+{
+    auto* overview = new OverviewSection(m_library, this);
+    addSection(QStringLiteral("overview"), tr("Overview"), QStringLiteral("overview"), overview);
+    connect(overview, &OverviewSection::wantedSection, this, &MainWindow::showSection);
+    connect(overview, &OverviewSection::wantedDocuments, this, &MainWindow::showDocuments);
+    connect(overview, &OverviewSection::wantedNew, this, [this](DocumentKind kind) {
+        if (DocumentsSection* documents = documentsSection(kind)) {
+            m_sidebar->setCurrentRow(m_pages->indexOf(documents));
+            documents->makeNew();
+        }
+    });
+}
+
+DocumentsSection* MainWindow::documentsSection(DocumentKind kind) const
+{
+    for (const Entry& entry : m_sections) {
+        auto* documents = qobject_cast<DocumentsSection*>(entry.section);
+        if (documents != nullptr && documents->kind() == kind) {
+            return documents;
+        }
+    }
+    return nullptr;
+}
+
+void MainWindow::showDocuments(DocumentKind kind, DisplayStatus status)
+{
+    if (DocumentsSection* documents = documentsSection(kind)) {
+        m_sidebar->setCurrentRow(m_pages->indexOf(documents));
+        documents->setStatus(status);
+    }
+}
+
 void MainWindow::addSections()
 {
+    addOverview();
     for (const auto& [kind, name, icon] : {std::tuple(DocumentKind::invoice, "invoices", "invoice"),
                                            std::tuple(DocumentKind::quote, "quotes", "quote"),
                                            std::tuple(DocumentKind::creditNote, "credit-notes", "credit-note")}) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 
@@ -61,6 +62,9 @@ private:
 
     void addSection(const QString& name, const QString& title, const QString& icon, Section* section);
     void addSections();
+    void addOverview();
+    void showDocuments(DocumentKind kind, DisplayStatus status);
+    [[nodiscard]] DocumentsSection* documentsSection(DocumentKind kind) const;
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);
     void undo(bool isRedo);

@@ -1,0 +1,163 @@
+#include "QuillaryUI/Charts/BarChart.h"
+
+#include "QuillaryCore/Money/Money.h"
+
+#include <QBarCategoryAxis>
+#include <QBarSeries>
+#include <QBarSet>
+#include <QChart>
+#include <QChartView>
+#include <QCursor>
+#include <QGraphicsLayout>
+#include <QLegend>
+#include <QLegendMarker>
+#include <QLocale>
+#include <QPen>
+#include <QStackedBarSeries>
+#include <QToolTip>
+#include <QVBoxLayout>
+#include <QValueAxis>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int leastHeight = 240;
+constexpr int mostHeight = 520;
+constexpr int ticks = 5;
+
+/// How long a bar is drawn; what it says is written from the exact amount.
+double length(std::int64_t minorUnits, const std::string& currencyCode)
+{
+    return double(minorUnits) / std::pow(10.0, Money::fractionDigits(currencyCode));
+}
+
+void color(QAbstractAxis& axis, const QPalette& palette)
+{
+    axis.setLabelsColor(palette.color(QPalette::PlaceholderText));
+    axis.setLinePen(QPen(palette.color(QPalette::Midlight)));
+    axis.setGridLinePen(QPen(palette.color(QPalette::Midlight)));
+}
+
+} // namespace
+
+BarChart::BarChart(Formats formats, QWidget* parent)
+    : QWidget(parent)
+    , m_formats(std::move(formats))
+    , m_chart(new QChart)
+    , m_view(new QChartView(m_chart, this)) // which owns the chart
+{
+    m_chart->setBackgroundVisible(false);
+    m_chart->setMargins({0, 0, 0, 0});
+    m_chart->layout()->setContentsMargins(0, 0, 0, 0);
+    m_chart->setLocalizeNumbers(true);
+    m_chart->setLocale(QLocale(text(m_formats.locale().identifier())));
+    m_chart->legend()->setAlignment(Qt::AlignTop);
+    m_chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
+    m_view->setRenderHint(QPainter::Antialiasing);
+    m_view->setFrameShape(QFrame::NoFrame);
+    m_view->setBackgroundBrush(Qt::NoBrush);
+    m_view->setStyleSheet(QStringLiteral("background: transparent"));
+    m_view->setFocusPolicy(Qt::NoFocus);
+    m_view->setMinimumHeight(leastHeight);
+    m_view->setMaximumHeight(mostHeight);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_view);
+}
+
+void BarChart::show(const QStringList& names,
+                    const std::vector<Series>& series,
+                    const std::string& currencyCode,
+                    Arrangement arrangement)
+{
+    m_chart->removeAllSeries();
+    QAbstractBarSeries* bars = arrangement == Arrangement::onOneAnother
+                                   ? static_cast<QAbstractBarSeries*>(new QStackedBarSeries)
+                                   : new QBarSeries;
+    bars->setBarWidth(0.66);
+    for (const Series& one : series) {
+        auto* set = new QBarSet(one.name);
+        set->setColor(one.color);
+        set->setPen(Qt::NoPen);
+        for (const std::int64_t amount : one.amounts) {
+            set->append(length(amount, currencyCode));
+        }
+        const auto amounts = one.amounts;
+        connect(set,
+                &QBarSet::hovered,
+                this,
+                [this, names, amounts, currencyCode, name = one.name](bool isOver, int place) {
+                    const QString sentence =
+                        tr("%1, %2: %3")
+                            .arg(names.value(place), name, m_formats.money(amounts[std::size_t(place)], currencyCode));
+                    QToolTip::showText(QCursor::pos(), isOver ? sentence : QString(), this);
+                });
+        connect(set, &QBarSet::clicked, this, &BarChart::chosen);
+        bars->append(set);
+    }
+    m_chart->addSeries(bars);
+    addAxes(names, series, currencyCode);
+    for (QLegendMarker* marker : m_chart->legend()->markers()) {
+        marker->setPen(Qt::NoPen);
+    }
+    m_chart->legend()->setVisible(series.size() > 1);
+    m_chart->legend()->setLabelColor(palette().color(QPalette::Text));
+    describe(names, series, currencyCode);
+}
+
+void BarChart::addAxes(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode)
+{
+    for (QAbstractAxis* axis : m_chart->axes()) {
+        m_chart->removeAxis(axis);
+        axis->deleteLater();
+    }
+    auto* across = new QBarCategoryAxis;
+    across->append(names);
+    across->setGridLineVisible(false);
+    auto* up = new QValueAxis;
+    std::int64_t most = 0;
+    std::int64_t least = 0;
+    for (const Series& one : series) {
+        for (const std::int64_t amount : one.amounts) {
+            most = std::max(most, amount);
+            least = std::min(least, amount);
+        }
+    }
+    up->setRange(length(least, currencyCode), most == 0 && least == 0 ? 1.0 : length(most, currencyCode));
+    up->setTickCount(ticks);
+    up->applyNiceNumbers();
+    up->setLabelFormat(QStringLiteral("%.0f"));
+    up->setLabelsVisible(most != 0 || least != 0);
+    up->setLineVisible(false);
+    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(across), static_cast<QAbstractAxis*>(up)}) {
+        color(*axis, palette());
+    }
+    m_chart->addAxis(across, Qt::AlignBottom);
+    m_chart->addAxis(up, Qt::AlignLeft);
+    for (QAbstractSeries* bars : m_chart->series()) {
+        bars->attachAxis(across);
+        bars->attachAxis(up);
+    }
+}
+
+void BarChart::describe(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode)
+{
+    QStringList figures;
+    for (const Series& one : series) {
+        for (std::size_t place = 0; place < one.amounts.size(); ++place) {
+            if (one.amounts[place] != 0) {
+                figures.push_back(
+                    tr("%1, %2: %3")
+                        .arg(names.value(int(place)), one.name, m_formats.money(one.amounts[place], currencyCode)));
+            }
+        }
+    }
+    setAccessibleDescription(figures.join(QStringLiteral("; ")));
+}
+
+} // namespace Quillary

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "QuillaryUI/Look/Formats.h"
+
+#include <QColor>
+#include <QStringList>
+#include <QWidget>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class QBarSet;
+class QChart;
+class QChartView;
+
+namespace Quillary {
+
+/// Amounts of one currency as bars over a few names. The amount of a bar is told when the pointer rests on it, and all of
+/// them to those who listen to the screen.
+class BarChart : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The bars of one meaning.
+    struct Series
+    {
+        QString name;
+        QColor color;
+        std::vector<std::int64_t> amounts; ///< one for each name; minor units
+    };
+
+    enum class Arrangement {
+        besideOneAnother,
+        onOneAnother, ///< where each name has an amount in only one of the series
+    };
+
+    explicit BarChart(Formats formats, QWidget* parent = nullptr);
+
+    void show(const QStringList& names,
+              const std::vector<Series>& series,
+              const std::string& currencyCode,
+              Arrangement arrangement);
+
+Q_SIGNALS:
+    /// A bar was clicked.
+    void chosen(int name);
+
+private:
+    void addAxes(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode);
+    void describe(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode);
+
+    Formats m_formats;
+    QChart* m_chart;
+    QChartView* m_view;
+};
+
+} // namespace Quillary

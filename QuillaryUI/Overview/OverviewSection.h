@@ -1,0 +1,73 @@
+#pragma once
+
+#include "QuillaryCore/Assistant/Operations/MoneyOverview.h"
+#include "QuillaryCore/Billing/DisplayStatus.h"
+#include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Library/Section.h"
+
+#include <QTimer>
+
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QVBoxLayout;
+
+namespace Quillary {
+
+class BarChart;
+struct OverviewFigures;
+
+/// What needs doing, with sums; income by month; receivables by age. Every figure leads to its list.
+///
+/// Reads only while somebody looks: what changes meanwhile is read when it is shown again.
+class OverviewSection : public Section
+{
+    Q_OBJECT
+
+public:
+    explicit OverviewSection(LibraryAccess& library, QWidget* parent = nullptr);
+
+    void makeNew() override;
+    void refreshDay() override;
+
+Q_SIGNALS:
+    /// The documents behind a figure are to be shown.
+    void wantedDocuments(DocumentKind kind, DisplayStatus status);
+    /// Another section is to be shown, such as "time".
+    void wantedSection(const QString& name);
+    void wantedNew(DocumentKind kind);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void build();
+    QWidget* buildCharts();
+    void setStale();
+    void refresh();
+    void showMoney(const std::vector<MoneyOverview>& money);
+    QWidget* figures(const MoneyOverview& money);
+    void
+    addFigure(QWidget& row, const QString& name, const QString& figure, const QString& detail, DisplayStatus status);
+    void fillCurrencies(const OverviewFigures& figures);
+    void showYear();
+    void showFailure(const QString& sentence);
+
+    LibraryAccess& m_library;
+    QTimer m_soon; ///< many changes at once are read once
+    bool m_isStale = true;
+    QLabel* m_day;
+    QLabel* m_owed;
+    QLabel* m_failure;
+    QWidget* m_whole;
+    QVBoxLayout* m_money;
+    QComboBox* m_currency;
+    QLabel* m_incomeSum;
+    QLabel* m_agingSum;
+    BarChart* m_income;
+    BarChart* m_aging;
+};
+
+} // namespace Quillary

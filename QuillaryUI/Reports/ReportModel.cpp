@@ -1,0 +1,121 @@
+#include "QuillaryUI/Reports/ReportModel.h"
+
+#include "QuillaryCore/Money/Money.h"
+
+#include <QCoreApplication>
+#include <QFont>
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int basisPointDigits = 2;
+
+/// One cell as the locale writes it.
+struct CellText
+{
+    const Locale& locale;
+
+    QString operator()(const std::string& words) const { return text(words); }
+    QString operator()(const Money& amount) const { return text(amount.formatted(locale)); }
+    QString operator()(const CSVValue::Number& number) const { return text(locale.formatDecimal(number.value, 0, 0)); }
+    QString operator()(const CSVValue::Date& date) const { return date ? text(locale.formatDate(*date)) : QString(); }
+    QString operator()(const CSVValue::Rate& rate) const
+    {
+        return text(locale.formatDecimal(rate.basisPoints, basisPointDigits, 0)) + QStringLiteral(" %");
+    }
+};
+
+struct CellValue
+{
+    QVariant operator()(const std::string& words) const { return text(words); }
+    QVariant operator()(const Money& amount) const { return qlonglong(amount.minorUnits()); }
+    QVariant operator()(const CSVValue::Number& number) const { return qlonglong(number.value); }
+    QVariant operator()(const CSVValue::Date& date) const { return date ? text(isoText(*date)) : QVariant(); }
+    QVariant operator()(const CSVValue::Rate& rate) const { return rate.basisPoints; }
+};
+
+bool isNumber(const CSVValue& value)
+{
+    return !std::holds_alternative<std::string>(value.content()) &&
+           !std::holds_alternative<CSVValue::Date>(value.content());
+}
+
+} // namespace
+
+ReportModel::ReportModel(Formats formats, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_formats(std::move(formats))
+{
+}
+
+void ReportModel::show(ReportTable table, bool hasTotal)
+{
+    beginResetModel();
+    m_table = std::move(table);
+    m_hasTotal = hasTotal;
+    endResetModel();
+}
+
+bool ReportModel::isNumeric(int column) const
+{
+    return std::ranges::any_of(m_table.rows, [&](const std::vector<CSVValue>& row) {
+        return isNumber(row[static_cast<std::size_t>(column)]);
+    });
+}
+
+int ReportModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_table.rows.size());
+}
+
+int ReportModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_table.header.size());
+}
+
+QVariant ReportModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount()) {
+        return {};
+    }
+    const CSVValue& value =
+        m_table.rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+    switch (role) {
+    case Qt::DisplayRole:
+        return std::visit(CellText{m_formats.locale()}, value.content());
+    case sortRole:
+        return std::visit(CellValue{}, value.content());
+    case Qt::TextAlignmentRole:
+        return QVariant(Qt::AlignVCenter | (isNumber(value) ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::FontRole:
+        if (m_hasTotal && index.row() == rowCount() - 1) {
+            QFont bold;
+            bold.setWeight(QFont::DemiBold);
+            return bold;
+        }
+        return {};
+    default:
+        return {};
+    }
+}
+
+QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) {
+        return {};
+    }
+    if (role == Qt::DisplayRole) {
+        return QCoreApplication::translate("ReportTable", m_table.header[static_cast<std::size_t>(section)].c_str());
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return QVariant(Qt::AlignVCenter | (isNumeric(section) ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    return {};
+}
+
+} // namespace Quillary

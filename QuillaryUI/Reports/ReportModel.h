@@ -1,0 +1,36 @@
+#pragma once
+
+#include "QuillaryCore/Reports/ReportCSV.h"
+#include "QuillaryUI/Look/Formats.h"
+
+#include <QAbstractTableModel>
+
+namespace Quillary {
+
+/// A report as a table of the screen: amounts, rates and dates as the desktop writes them, the total in bold.
+class ReportModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// The value that sorts: numbers in their smallest unit, days as text that sorts like them.
+    static constexpr int sortRole = Qt::UserRole;
+
+    explicit ReportModel(Formats formats, QObject* parent = nullptr);
+
+    void show(ReportTable table, bool hasTotal);
+
+    [[nodiscard]] bool isNumeric(int column) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    Formats m_formats;
+    ReportTable m_table;
+    bool m_hasTotal = false;
+};
+
+} // namespace Quillary
