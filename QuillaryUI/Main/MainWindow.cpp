@@ -10,6 +10,7 @@
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
+#include "QuillaryUI/Reports/ReportsSection.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -147,6 +148,8 @@ void MainWindow::addSections()
                    QString::fromLatin1(icon),
                    new DocumentsSection(m_library, kind, this));
     }
+    addSection(
+        QStringLiteral("reports"), tr("Reports"), QStringLiteral("reports"), new ReportsSection(m_library, this));
 }
 
 void MainWindow::addSection(const QString& name, const QString& title, const QString& icon, Section* section)

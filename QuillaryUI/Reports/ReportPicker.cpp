@@ -2,10 +2,10 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QDate>
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <utility>
@@ -79,11 +79,9 @@ void ReportPicker::build()
     }
     m_period->addItem(tr("From – to"), ownDays);
     m_period->setCurrentIndex(m_period->findData(QStringLiteral("this-year")));
-    const QDate today = QDate::currentDate();
     for (QDateEdit* day : {m_first, m_last}) {
         day->setCalendarPopup(true);
         day->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
-        day->setDate(today);
     }
     m_first->setObjectName(QStringLiteral("reportFirst"));
     m_first->setAccessibleName(tr("First day"));
@@ -104,6 +102,16 @@ void ReportPicker::choose(ReportOrder::Kind kind)
     m_report->setCurrentIndex(m_report->findData(int(kind)));
     showFitting();
     Q_EMIT changed();
+}
+
+void ReportPicker::setToday(QDate today)
+{
+    if (m_period->currentData().toString() != ownDays) {
+        const QSignalBlocker first(m_first);
+        const QSignalBlocker last(m_last);
+        m_first->setDate({today.year(), 1, 1});
+        m_last->setDate(today);
+    }
 }
 
 void ReportPicker::setCurrencies(const std::vector<std::string>& codes)

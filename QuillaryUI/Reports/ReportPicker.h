@@ -3,6 +3,7 @@
 #include "QuillaryCore/Reports/FinishedReport.h"
 #include "QuillaryUI/Look/Formats.h"
 
+#include <QDate>
 #include <QWidget>
 
 #include <optional>
@@ -24,6 +25,9 @@ public:
 
     /// The currencies that can be chosen; the first is the one that most want.
     void setCurrencies(const std::vector<std::string>& codes);
+
+    /// What the days are while nobody typed any.
+    void setToday(QDate today);
 
     /// No value: the last day is before the first.
     [[nodiscard]] std::optional<ReportOrder> order(CalendarDate today) const;

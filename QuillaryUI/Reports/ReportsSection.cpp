@@ -162,6 +162,7 @@ bool ReportsSection::fillCurrencies()
         return false;
     }
     m_picker->setCurrencies(codes);
+    m_picker->setToday(m_library.formats().qDate(m_library.now()));
     return true;
 }
 
