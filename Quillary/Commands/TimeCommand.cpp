@@ -212,7 +212,7 @@ TimeCommand::Answer TimeCommand::status(TimeDesk& desk) const
 TimeCommand::Answer TimeCommand::record(TimeDesk& desk) const
 {
     const TimeTracking::Work work = this->work(desk);
-    const TimeDesk::Times times = desk.times(m_time.value_or(std::string()), m_date ? desk.day(*m_date) : desk.today());
+    const WorkTimes times = desk.times(m_time.value_or(std::string()), m_date ? desk.day(*m_date) : desk.today());
     auto scope = desk.context().beginScope("Add time");
     const TimeEntry& entry = TimeTracking::add(desk.context(), work, times.start, times.end);
     scope.commit();
@@ -263,7 +263,7 @@ TimeTracking::Change TimeCommand::change(TimeDesk& desk, const TimeEntry& entry)
     const auto span = m_time ? TimeInput::span(*m_time) : std::nullopt;
     const auto length = m_time && !span ? TimeInput::duration(*m_time, desk.environment().locale) : std::nullopt;
     if (m_time && !length) {
-        const TimeDesk::Times times = desk.times(*m_time, day);
+        const WorkTimes times = desk.times(*m_time, day);
         change.start = times.start;
         change.end = times.end;
         return change;

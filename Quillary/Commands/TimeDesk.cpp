@@ -24,24 +24,16 @@ namespace Quillary {
 
 namespace {
 
-using std::chrono::hours;
 using std::chrono::minutes;
-using std::chrono::seconds;
 
 constexpr std::size_t shownDigits = 8; ///< of an entry's id
 constexpr std::size_t fewestDigits = 4;
 constexpr std::size_t widestText = 40;
 constexpr std::size_t longestSentence = 300; ///< Unit: characters
-constexpr hours usualStart{9};
 
 std::string shortID(const TimeEntry& entry)
 {
     return entry.uuid ? entry.uuid->text().substr(0, shownDigits) : "";
-}
-
-CalendarDate dayAfter(CalendarDate day)
-{
-    return std::chrono::sys_days(day) + std::chrono::days(1);
 }
 
 } // namespace
@@ -74,36 +66,10 @@ Instant TimeDesk::momentOfToday(std::string_view text) const
     return m_environment.calendar.instant(today(), *time);
 }
 
-TimeDesk::Times TimeDesk::times(std::string_view text, CalendarDate day) const
+WorkTimes TimeDesk::times(std::string_view text, CalendarDate day) const
 {
-    const Calendar& calendar = m_environment.calendar;
-    if (const std::optional<TimeInput::Span> span = TimeInput::span(text)) {
-        const bool isOverMidnight = span->end >= hours(24);
-        return {.start = calendar.instant(day, span->start),
-                .end = isOverMidnight ? calendar.instant(dayAfter(day), span->end - hours(24))
-                                      : calendar.instant(day, span->end)};
-    }
-    const std::optional<std::int64_t> length = TimeInput::duration(text, m_environment.locale);
-    if (!length) {
-        throw UserError(fmt::format(
-            "“{}” is no time. Write from when to when, like 9:00-10:30, or how long, like 1:30 or 90m.", text));
-    }
-    return lengthOn(day, *length);
-}
-
-TimeDesk::Times TimeDesk::lengthOn(CalendarDate day, std::int64_t length) const
-{
-    if (day == today()) {
-        return {.start = now() - seconds(length), .end = now()};
-    }
-    const Calendar& calendar = m_environment.calendar;
-    Instant start = calendar.instant(day, usualStart);
-    const auto ofDay = context().fetch<TimeEntry>(
-        "start >= ? AND start < ?", calendar.startOfDay(day), calendar.startOfDay(dayAfter(day)));
-    for (const TimeEntry* entry : ofDay) {
-        start = std::max(start, entry->end.value_or(start));
-    }
-    return {.start = start, .end = start + seconds(length)};
+    return WorkTimes::read(
+        context(), text, day, {.now = now(), .calendar = m_environment.calendar, .locale = m_environment.locale});
 }
 
 const TimeEntry& TimeDesk::entry(std::string_view asked) const

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Assistant/Tools/AssistantEnvironment.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Schedules/TimeInput.h"
+#include "QuillaryCore/Schedules/WorkTimes.h"
 #include "QuillaryCore/Store/Ref.h"
 
 #include <cstdint>
@@ -40,15 +41,8 @@ public:
     /// A time of today.
     [[nodiscard]] Instant momentOfToday(std::string_view text) const;
 
-    struct Times
-    {
-        Instant start;
-        Instant end;
-    };
-
-    /// "9:00-10:30" on a day; of "1:30" only the length is known, so that it ends now if the day is today, and begins at
-    /// nine or after the day's last entry if it is another.
-    [[nodiscard]] Times times(std::string_view text, CalendarDate day) const;
+    /// What was typed about a day's work.
+    [[nodiscard]] WorkTimes times(std::string_view text, CalendarDate day) const;
 
     /// The entry of a list: the first digits of its id, or "last" for the one that began last.
     [[nodiscard]] const TimeEntry& entry(std::string_view asked) const;
@@ -63,7 +57,6 @@ public:
     [[nodiscard]] std::string overlapWarning(const TimeEntry& entry) const;
 
 private:
-    [[nodiscard]] Times lengthOn(CalendarDate day, std::int64_t seconds) const;
     [[nodiscard]] std::string timesText(const TimeEntry& entry) const;
     [[nodiscard]] std::string clockText(Instant instant) const;
     [[nodiscard]] std::string clientName(const TimeEntry& entry) const;

@@ -26,7 +26,7 @@ struct CellText
     QString operator()(const CSVValue::Date& date) const { return date ? text(locale.formatDate(*date)) : QString(); }
     QString operator()(const CSVValue::Rate& rate) const
     {
-        return text(locale.formatDecimal(rate.basisPoints, basisPointDigits, 0)) + QStringLiteral(" %");
+        return text(locale.formatDecimal(rate.basisPoints, basisPointDigits, 0));
     }
 };
 
