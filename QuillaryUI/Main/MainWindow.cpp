@@ -11,6 +11,7 @@
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
+#include "QuillaryUI/Schedules/RecurringSection.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -148,6 +149,10 @@ void MainWindow::addSections()
                    QString::fromLatin1(icon),
                    new DocumentsSection(m_library, kind, this));
     }
+    addSection(QStringLiteral("recurring"),
+               tr("Recurring"),
+               QStringLiteral("recurring"),
+               new RecurringSection(m_library, this));
     addSection(
         QStringLiteral("reports"), tr("Reports"), QStringLiteral("reports"), new ReportsSection(m_library, this));
 }
@@ -281,12 +286,13 @@ void MainWindow::showDocument(std::int64_t key)
     if (document == nullptr) {
         return;
     }
-    for (const Entry& entry : m_sections) {
-        auto* documents = qobject_cast<DocumentsSection*>(entry.section);
-        if (documents != nullptr && documents->kind() == kind(*document).value_or(DocumentKind::invoice)) {
-            showSection(entry.name);
-            documents->showDocument(key);
-        }
+    const DocumentKind kind = Quillary::kind(*document).value_or(DocumentKind::invoice);
+    if (kind == DocumentKind::recurring) {
+        showSection(QStringLiteral("recurring"));
+        qobject_cast<RecurringSection*>(section(QStringLiteral("recurring")))->showTemplate(key);
+    } else if (DocumentsSection* documents = documentsSection(kind)) {
+        m_sidebar->setCurrentRow(m_pages->indexOf(documents));
+        documents->showDocument(key);
     }
 }
 

@@ -1,0 +1,112 @@
+#include "QuillaryUI/Schedules/RecurringSection.h"
+
+#include "QuillaryUI/Schedules/RecurringModel.h"
+#include "QuillaryUI/Schedules/RecurringPane.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int rowHeight = 32;
+constexpr int listWidth = 640;
+
+} // namespace
+
+RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
+    : Section(parent)
+    , m_model(new RecurringModel(library, this))
+    , m_table(new QTableView(this))
+    , m_pane(new RecurringPane(library, this))
+    , m_pages(new QStackedWidget(this))
+{
+    setObjectName(QStringLiteral("recurring"));
+    build();
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &RecurringSection::choose);
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_isRestoring = true; });
+    connect(m_model, &QAbstractItemModel::modelReset, this, &RecurringSection::restore);
+    connect(m_pane, &RecurringPane::told, this, &RecurringSection::told);
+    connect(m_pane, &RecurringPane::failed, this, &RecurringSection::failed);
+    restore();
+}
+
+void RecurringSection::build()
+{
+    m_table->setObjectName(QStringLiteral("recurringList"));
+    m_table->setAccessibleName(tr("Recurring Invoices"));
+    m_table->setModel(m_model);
+    m_table->setSelectionBehavior(QTableView::SelectRows);
+    m_table->setSelectionMode(QTableView::SingleSelection);
+    m_table->setShowGrid(false);
+    m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    QHeaderView* header = m_table->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(RecurringModel::titleColumn, QHeaderView::Stretch);
+    header->setSectionResizeMode(RecurringModel::clientColumn, QHeaderView::Stretch);
+
+    auto* split = new QSplitter(Qt::Horizontal, this);
+    split->setObjectName(QStringLiteral("recurringAndPage"));
+    split->setChildrenCollapsible(false);
+    split->addWidget(m_table);
+    split->addWidget(m_pane);
+    split->setSizes({listWidth, listWidth});
+    split->setStretchFactor(1, 1);
+    auto* empty =
+        new QLabel(tr("No recurring invoices yet. What you bill again and again can be made by itself."), this);
+    empty->setObjectName(QStringLiteral("emptyRecurring"));
+    empty->setAlignment(Qt::AlignCenter);
+    empty->setWordWrap(true);
+    m_pages->addWidget(split);
+    m_pages->addWidget(empty);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_pages);
+}
+
+void RecurringSection::choose()
+{
+    const QModelIndex current = m_table->currentIndex();
+    if (!m_isRestoring && current.isValid()) {
+        m_chosen = m_model->key(current.row());
+        m_pane->setTemplate(m_chosen);
+    }
+}
+
+/// After the rows were told anew: the same stays chosen; if it is gone, the first takes its place.
+void RecurringSection::restore()
+{
+    m_isRestoring = true;
+    const int count = m_model->rowCount();
+    m_pages->setCurrentIndex(count == 0 ? 1 : 0);
+    const std::optional<int> row = m_model->rowOf(m_chosen);
+    m_chosen = count == 0 ? 0 : m_model->key(row.value_or(0));
+    m_table->setCurrentIndex(m_model->index(row.value_or(0), 0));
+    m_isRestoring = false;
+    m_pane->setTemplate(m_chosen);
+}
+
+void RecurringSection::showTemplate(std::int64_t key)
+{
+    if (const std::optional<int> row = m_model->rowOf(key)) {
+        m_table->setCurrentIndex(m_model->index(*row, 0));
+        m_table->scrollTo(m_model->index(*row, 0));
+    }
+}
+
+void RecurringSection::refreshDay()
+{
+    m_model->reload();
+}
+
+} // namespace Quillary

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Library/Section.h"
+
+#include <cstdint>
+
+class QStackedWidget;
+class QTableView;
+
+namespace Quillary {
+
+class RecurringModel;
+class RecurringPane;
+
+/// The recurring invoices: the list, and the chosen one beside it.
+class RecurringSection : public Section
+{
+    Q_OBJECT
+
+public:
+    explicit RecurringSection(LibraryAccess& library, QWidget* parent = nullptr);
+
+    void showTemplate(std::int64_t key);
+    void refreshDay() override;
+
+private:
+    void build();
+    void choose();
+    void restore();
+
+    RecurringModel* m_model;
+    QTableView* m_table;
+    RecurringPane* m_pane;
+    QStackedWidget* m_pages;
+    std::int64_t m_chosen = 0;
+    bool m_isRestoring = false;
+};
+
+} // namespace Quillary
