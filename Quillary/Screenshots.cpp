@@ -2,7 +2,9 @@
 
 #include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"
+#include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Look/Theme.h"
@@ -13,6 +15,8 @@
 #include <QElapsedTimer>
 
 #include <fmt/format.h>
+
+#include <chrono>
 
 namespace Quillary::Screenshots {
 
@@ -42,6 +46,28 @@ void wait(MainWindow& window)
     while (time.elapsed() < settling || (!isReady() && time.elapsed() < patience)) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
+}
+
+/// Two days of work, an hour still to bill on each, and a timer that runs: the samples are of documents alone.
+void addTime(SampleLibrary& samples)
+{
+    Context& context = samples.context();
+    const Instant now = context.clock().now();
+    const Ref<Client> client = samples.samples().front().document->client;
+    auto scope = context.beginScope("Add time");
+    TimeTracking::Work work{.client = client, .note = "Layout of the spring issue"};
+    const Instant morning = samples.calendar().startOfDay(now) + std::chrono::hours(8);
+    TimeTracking::add(context, work, morning, morning + std::chrono::minutes(90));
+    work.note = "Telephone consultation";
+    TimeTracking::add(context, work, morning + std::chrono::hours(2), morning + std::chrono::minutes(135));
+    const Instant before = morning - std::chrono::days(1);
+    work.note = "Proofs, first round";
+    TimeTracking::add(context, work, before, before + std::chrono::minutes(200));
+    work.isBillable = false;
+    work.note = "Office";
+    TimeTracking::add(context, work, before + std::chrono::hours(4), before + std::chrono::hours(5));
+    TimeTracking::start(context, {.client = client, .note = "Proofs, second round"}, now - std::chrono::minutes(47));
+    scope.commit();
 }
 
 int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library)
@@ -74,6 +100,7 @@ int draw(const fs::path& folder, PrintingHost& host)
         throw UserError(fmt::format("{} couldn't be made: {}", folder.string(), failure.message()));
     }
     SampleLibrary samples(DocumentLanguage::english);
+    addTime(samples);
     LibrarySearch search(samples.context());
     LibraryAccess library(host, Formats(Locale("en_GB"), samples.calendar()));
     library.open({.context = samples.context(),

@@ -27,7 +27,6 @@ namespace Quillary {
 namespace {
 
 constexpr int leastHeight = 240;
-constexpr int mostHeight = 520;
 constexpr int ticks = 5;
 
 /// How long a bar is drawn; what it says is written from the exact amount.
@@ -64,7 +63,6 @@ BarChart::BarChart(Formats formats, QWidget* parent)
     m_view->setStyleSheet(QStringLiteral("background: transparent"));
     m_view->setFocusPolicy(Qt::NoFocus);
     m_view->setMinimumHeight(leastHeight);
-    m_view->setMaximumHeight(mostHeight);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(m_view);

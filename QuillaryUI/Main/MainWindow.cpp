@@ -12,6 +12,7 @@
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
 #include "QuillaryUI/Schedules/RecurringSection.h"
+#include "QuillaryUI/Schedules/TimeSection.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -153,6 +154,7 @@ void MainWindow::addSections()
                tr("Recurring"),
                QStringLiteral("recurring"),
                new RecurringSection(m_library, this));
+    addSection(QStringLiteral("time"), tr("Time"), QStringLiteral("time"), new TimeSection(m_library, this));
     addSection(
         QStringLiteral("reports"), tr("Reports"), QStringLiteral("reports"), new ReportsSection(m_library, this));
 }

@@ -25,6 +25,7 @@ namespace {
 constexpr int border = 24;
 constexpr int gap = 16;
 constexpr int widest = 1240; ///< beyond it the eye has to travel
+constexpr int highest = 640; ///< of the charts
 constexpr int settling = 60; ///< milliseconds
 constexpr double quietBar = 0.45;
 
@@ -138,6 +139,7 @@ void OverviewSection::build()
 QWidget* OverviewSection::buildCharts()
 {
     auto* charts = new QWidget(this);
+    charts->setMaximumHeight(highest);
     m_currency->setObjectName(QStringLiteral("overviewCurrency"));
     m_currency->setAccessibleName(tr("Currency of the charts"));
     auto* column = new QVBoxLayout(charts);

@@ -77,7 +77,6 @@ void ReportsSection::build()
     m_table->setModel(m_model);
     m_table->setSelectionBehavior(QTableView::SelectRows);
     m_table->setShowGrid(false);
-    m_table->setStyleSheet(QStringLiteral("QTableView::item { padding: 0 8px; }")); // as far in as the headings
     m_table->setWordWrap(false);
     m_table->setTabKeyNavigation(false);
     m_table->setAlternatingRowColors(true);
