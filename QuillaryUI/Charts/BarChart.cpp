@@ -68,10 +68,10 @@ BarChart::BarChart(Formats formats, QWidget* parent)
     column->addWidget(m_view);
 }
 
-void BarChart::show(const QStringList& names,
-                    const std::vector<Series>& series,
-                    const std::string& currencyCode,
-                    Arrangement arrangement)
+void BarChart::setBars(const QStringList& names,
+                       const std::vector<Series>& series,
+                       const std::string& currencyCode,
+                       Arrangement arrangement)
 {
     m_chart->removeAllSeries();
     QAbstractBarSeries* bars = arrangement == Arrangement::onOneAnother

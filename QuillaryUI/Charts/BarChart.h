@@ -38,10 +38,10 @@ public:
 
     explicit BarChart(Formats formats, QWidget* parent = nullptr);
 
-    void show(const QStringList& names,
-              const std::vector<Series>& series,
-              const std::string& currencyCode,
-              Arrangement arrangement);
+    void setBars(const QStringList& names,
+                 const std::vector<Series>& series,
+                 const std::string& currencyCode,
+                 Arrangement arrangement);
 
 Q_SIGNALS:
     /// A bar was clicked.

@@ -320,11 +320,11 @@ void OverviewSection::showYear()
     const auto amounts = [](const auto& figures) {
         return std::vector<std::int64_t>(std::begin(figures), std::end(figures));
     };
-    m_income->show(months,
-                   {{QString::number(now - 1), quiet, amounts(year.lastYear.months)},
-                    {QString::number(now), palette().color(QPalette::Link), amounts(year.thisYear.months)}},
-                   currency,
-                   BarChart::Arrangement::besideOneAnother);
+    m_income->setBars(months,
+                      {{QString::number(now - 1), quiet, amounts(year.lastYear.months)},
+                       {QString::number(now), palette().color(QPalette::Link), amounts(year.thisYear.months)}},
+                      currency,
+                      BarChart::Arrangement::besideOneAnother);
     m_incomeSum->setText(tr("%1 so far in %2, %3 in %4")
                              .arg(formats.money(year.thisYear.total(), currency), QString::number(now))
                              .arg(formats.money(year.lastYear.total(), currency), QString::number(now - 1)));
@@ -335,11 +335,11 @@ void OverviewSection::showYear()
     AgingReport::Amounts late = all;
     notDue.front() = all.front();
     late.front() = 0;
-    m_aging->show(ages,
-                  {{tr("Not due yet"), Theme::statusColor(DisplayStatus::sent), amounts(notDue)},
-                   {tr("Overdue"), Theme::statusColor(DisplayStatus::overdue), amounts(late)}},
-                  currency,
-                  BarChart::Arrangement::onOneAnother);
+    m_aging->setBars(ages,
+                     {{tr("Not due yet"), Theme::statusColor(DisplayStatus::sent), amounts(notDue)},
+                      {tr("Overdue"), Theme::statusColor(DisplayStatus::overdue), amounts(late)}},
+                     currency,
+                     BarChart::Arrangement::onOneAnother);
     m_agingSum->setText(
         year.aging.rows.empty()
             ? tr("Nothing is owed to you.")

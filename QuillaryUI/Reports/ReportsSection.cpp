@@ -192,10 +192,10 @@ void ReportsSection::refresh()
         showMessage(tr("The report could not be read. %1").arg(*failure));
         return;
     }
-    show(std::move(report));
+    display(std::move(report));
 }
 
-void ReportsSection::show(FinishedReport report)
+void ReportsSection::display(FinishedReport report)
 {
     m_heading->setText(text(report.title));
     m_heading->show();

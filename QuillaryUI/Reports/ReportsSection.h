@@ -41,7 +41,7 @@ private:
     QWidget* buildBar();
     void setStale();
     void refresh();
-    void show(FinishedReport report);
+    void display(FinishedReport report);
     void fitColumns();
     void showMessage(const QString& sentence);
     void save(const CSVFormat& format);

@@ -1,0 +1,209 @@
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryCore/Store/Store.h"
+#include "QuillaryUI/Documents/ClientPicker.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Overview/FigureButton.h"
+#include "QuillaryUI/Overview/OverviewSection.h"
+#include "QuillaryUI/Reports/ReportsSection.h"
+#include "QuillaryUI/Schedules/RecurringModel.h"
+#include "QuillaryUI/Schedules/RecurringSection.h"
+#include "QuillaryUI/Schedules/TimeModel.h"
+#include "QuillaryUI/Schedules/TimeSection.h"
+#include "tests/Assistant/AssistantLibrary.h"
+#include "tests/Support/TempFolder.h"
+
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace Quillary {
+namespace {
+
+/// Prints nothing: what these windows show beside a page is looked at.
+class NoPress final : public PagePress
+{
+public:
+    void press(PageJob /*job*/, PrintReply /*reply*/) override {}
+    PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
+    void warmUp() override {}
+};
+
+/// An open library with an overdue invoice, a draft, a template and a client with an hourly rate.
+class FiguresAndTimeTest : public testing::Test
+{
+protected:
+    FiguresAndTimeTest()
+    {
+        client = &samples.context.insert<Client>();
+        client->name = "Aurora";
+        client->hourlyRateMinorUnits = 9'000;
+        add(DocumentKind::invoice, 1, 119'00, -12);
+        add(DocumentKind::invoice, 0, 42'00, 3);
+        Document& monthly = add(DocumentKind::recurring, 0, 10'00, 0);
+        monthly.title = "Hosting";
+        monthly.recurrenceUnitRaw = 1;
+        monthly.nextIssueDate = samples.clock.now() + std::chrono::days(14);
+        samples.context.save();
+        samples.host.downloads = folder.path();
+        search = std::make_unique<LibrarySearch>(samples.context);
+        AssistantEnvironment environment = samples.environment(&samples.host);
+        environment.search = search.get();
+        library.open(environment);
+    }
+
+    ~FiguresAndTimeTest() override { library.close(); }
+
+    Document& add(DocumentKind kind, std::int16_t status, std::int64_t total, int dueInDays)
+    {
+        Document& document = samples.context.insert<Document>();
+        document.kindRaw = static_cast<std::int16_t>(kind);
+        document.statusRaw = status;
+        document.currencyCode = "EUR";
+        document.client = client->ref;
+        document.cachedNetMinorUnits = total;
+        document.cachedTotalMinorUnits = total;
+        document.issueDate = samples.clock.now() + std::chrono::days(dueInDays - 14);
+        document.dueDate = samples.clock.now() + std::chrono::days(dueInDays);
+        return document;
+    }
+
+    static bool comesTrue(const std::function<bool()>& condition)
+    {
+        QElapsedTimer time;
+        time.start();
+        constexpr int patience = 5'000;
+        while (!condition() && time.elapsed() < patience) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        return condition();
+    }
+
+    template <class T>
+    static T& child(QWidget& parent, const char* name)
+    {
+        T* found = parent.findChild<T*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+
+    TempFolder folder;
+    AssistantLibrary samples;
+    Client* client = nullptr;
+    std::unique_ptr<LibrarySearch> search;
+    NoPress press;
+    LibraryAccess library{press, Formats(Locale("en_GB"), Calendar("Europe/Berlin"))};
+};
+
+TEST_F(FiguresAndTimeTest, figuresLeadToTheirListsAndFollowTheLibrary)
+{
+    OverviewSection overview(library);
+    std::optional<DisplayStatus> wanted;
+    QObject::connect(&overview, &OverviewSection::wantedDocuments, [&](DocumentKind kind, DisplayStatus status) {
+        wanted = kind == DocumentKind::invoice ? std::optional(status) : std::nullopt;
+    });
+    overview.show();
+    const auto overdue = [&]() -> FigureButton& {
+        return child<FigureButton>(overview, "figure3");
+    };
+    EXPECT_EQ(overdue().accessibleName(), "Overdue: €119.00, 1 invoice");
+    overdue().click();
+    EXPECT_EQ(wanted, DisplayStatus::overdue);
+
+    EXPECT_FALSE(library.perform("Delete", [&] {
+        for (const Document* open : samples.context.fetch<Document>("kindRaw = 0 AND statusRaw = 1")) {
+            samples.context.erase(*open);
+        }
+    }));
+    EXPECT_TRUE(comesTrue([&] { return overdue().accessibleName() == "Overdue: €0.00, Nothing is overdue"; }));
+    EXPECT_EQ(child<QLabel>(overview, "overviewOwed").text(), "Nothing is owed to you.");
+}
+
+TEST_F(FiguresAndTimeTest, reportsAreSavedAndAFailureIsNoReport)
+{
+    ReportsSection reports(library);
+    reports.show();
+    QTableView& table = child<QTableView>(reports, "reportTable");
+    const QAbstractItemModelTester tester(table.model());
+    reports.showReport(ReportOrder::Kind::aging);
+    ASSERT_EQ(table.model()->rowCount(), 2);
+    EXPECT_EQ(table.model()->index(1, table.model()->columnCount() - 1).data().toString(), "€119.00");
+
+    QString told;
+    QObject::connect(&reports, &Section::told, [&](const QString& sentence) { told = sentence; });
+    QPushButton& save = child<QPushButton>(reports, "saveReport");
+    save.menu()->actions().front()->trigger();
+    const auto file = folder.path() / "Aging Report.csv";
+    EXPECT_EQ(told, "Saved as " + text(file.string()));
+    EXPECT_TRUE(std::filesystem::exists(file));
+
+    samples.store.connection().execute("ALTER TABLE Document RENAME TO Lost");
+    reports.showReport(ReportOrder::Kind::invoices);
+    EXPECT_EQ(table.model()->rowCount(), 0);
+    EXPECT_FALSE(save.isEnabled());
+    EXPECT_TRUE(child<QLabel>(reports, "reportMessage").text().startsWith("The report could not be read."));
+    samples.store.connection().execute("ALTER TABLE Lost RENAME TO Document");
+}
+
+TEST_F(FiguresAndTimeTest, pausesATemplate)
+{
+    RecurringSection recurring(library);
+    RecurringModel model(library);
+    const QAbstractItemModelTester tester(&model);
+    EXPECT_TRUE(child<QLabel>(recurring, "recurringDates").text().startsWith("Next: 31 Mar 2026"));
+    child<QPushButton>(recurring, "pauseRecurring").click();
+    EXPECT_TRUE(comesTrue([&] { return child<QPushButton>(recurring, "pauseRecurring").text() == "Resume"; }));
+    EXPECT_EQ(model.index(0, RecurringModel::stateColumn).data().toString(), "Paused");
+}
+
+TEST_F(FiguresAndTimeTest, timeIsRecordedAndBilled)
+{
+    TimeSection time(library);
+    QTableView& table = child<QTableView>(time, "timeList");
+    const QAbstractItemModelTester tester(table.model());
+    QPushButton& timer = child<QPushButton>(time, "timerButton");
+    child<ClientPicker>(time, "timerClient").setClient(client->ref.key());
+    timer.click();
+    ASSERT_TRUE(comesTrue([&] { return timer.text() == "Stop"; }));
+    samples.clock.set(samples.clock.now() + std::chrono::minutes(90));
+    timer.click();
+    ASSERT_TRUE(comesTrue([&] { return table.model()->rowCount() == 2; })); // the day and the entry
+    EXPECT_EQ(table.model()->index(0, TimeModel::hoursColumn).data().toString(), "1:30");
+
+    time.makeNew();
+    QLineEdit& span = child<QLineEdit>(time, "timeSpan");
+    QPushButton& add = child<QPushButton>(time, "sheetAnswer");
+    span.setText("nine");
+    add.click();
+    EXPECT_EQ(table.model()->rowCount(), 2) << "what can't be read was recorded";
+    span.setText("8:00-8:45");
+    child<ClientPicker>(time, "timeClient").setClient(client->ref.key());
+    add.click();
+    ASSERT_TRUE(comesTrue([&] { return table.model()->rowCount() == 3; }));
+    ASSERT_TRUE(comesTrue([&] { return time.findChild<QLineEdit*>("timeSpan") == nullptr; })); // the sheet is gone
+
+    std::int64_t made = 0;
+    QObject::connect(&time, &Section::wantedDocument, [&](std::int64_t key) { made = key; });
+    child<QPushButton>(time, "invoiceTime").click();
+    child<QPushButton>(time, "sheetAnswer").click();
+    const Document* draft = samples.context.find(Ref<Document>(made));
+    ASSERT_NE(draft, nullptr);
+    EXPECT_EQ(draft->cachedNetMinorUnits, 202'50) << "2:15 hours at €90.00";
+}
+
+} // namespace
+} // namespace Quillary

@@ -1,0 +1,11 @@
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argumentCount, char** arguments)
+{
+    testing::InitGoogleTest(&argumentCount, arguments);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argumentCount, arguments);
+    return RUN_ALL_TESTS();
+}
