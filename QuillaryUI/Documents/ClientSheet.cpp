@@ -55,6 +55,11 @@ std::optional<QString> ClientSheet::make()
     if (result.isError) {
         return text(result.text);
     }
+    if (const JSON* existing = result.data ? result.data->find("existing") : nullptr) {
+        const JSON* name = existing->find("name");
+        return tr("%1 is there already. A name, an email address or a VAT ID of its own tells another client from them.")
+            .arg(text(name != nullptr ? name->text().value_or("") : ""));
+    }
     const JSON* client = result.data ? result.data->find("id") : nullptr;
     if (client != nullptr && client->string() != nullptr) {
         Q_EMIT made(text(*client->string()));

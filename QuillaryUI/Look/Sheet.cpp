@@ -15,7 +15,7 @@ namespace Quillary {
 
 namespace {
 
-constexpr int widest = 520;
+constexpr int usualWidth = 520;
 constexpr int border = 24;
 
 QLabel* heading(const QString& title, QWidget* parent)
@@ -32,6 +32,7 @@ QLabel* heading(const QString& title, QWidget* parent)
 
 Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
     : QFrame(host)
+    , m_widest(usualWidth)
     , m_body(new QVBoxLayout(this))
     , m_form(new QFormLayout)
     , m_explanation(new QLabel(this))
@@ -87,7 +88,7 @@ void Sheet::open(QWidget* firstField)
 void Sheet::place()
 {
     const QWidget* host = parentWidget();
-    const int width = std::min(widest, host->width() - 2 * border);
+    const int width = std::min(m_widest, host->width() - 2 * border);
     const int height =
         std::min(heightForWidth(width) > 0 ? heightForWidth(width) : sizeHint().height(), host->height() - border);
     setGeometry((host->width() - width) / 2, border / 2, width, std::max(height, minimumSizeHint().height()));

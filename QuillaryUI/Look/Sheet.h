@@ -30,6 +30,9 @@ public:
     /// A line above the questions.
     void setExplanation(const QString& text);
 
+    /// Instead of the usual width, for more than a few answers. Unit: pixels.
+    void setWidest(int width) { m_widest = width; }
+
     [[nodiscard]] QFormLayout& form() { return *m_form; }
     [[nodiscard]] QVBoxLayout& body() { return *m_body; }
     [[nodiscard]] QPushButton& answerButton() { return *m_accept; }
@@ -49,6 +52,7 @@ private:
     void place();
 
     Answer m_answer;
+    int m_widest;
     QVBoxLayout* m_body;
     QFormLayout* m_form;
     QLabel* m_explanation;

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Clients/ClientsSection.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/StatusText.h"
@@ -157,6 +158,7 @@ void MainWindow::addSections()
     addSection(QStringLiteral("time"), tr("Time"), QStringLiteral("time"), new TimeSection(m_library, this));
     addSection(
         QStringLiteral("reports"), tr("Reports"), QStringLiteral("reports"), new ReportsSection(m_library, this));
+    addSection(QStringLiteral("clients"), tr("Clients"), QStringLiteral("clients"), new ClientsSection(m_library, this));
 }
 
 void MainWindow::addSection(const QString& name, const QString& title, const QString& icon, Section* section)
@@ -298,7 +300,13 @@ void MainWindow::showDocument(std::int64_t key)
     }
 }
 
-void MainWindow::showClient(std::int64_t /*key*/) {}
+void MainWindow::showClient(std::int64_t key)
+{
+    if (auto* clients = qobject_cast<ClientsSection*>(section(QStringLiteral("clients")))) {
+        showSection(QStringLiteral("clients"));
+        clients->showClient(key);
+    }
+}
 
 void MainWindow::flush()
 {

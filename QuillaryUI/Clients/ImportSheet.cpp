@@ -1,0 +1,175 @@
+#include "QuillaryUI/Clients/ImportSheet.h"
+
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Tabular/ClientImport.h"
+#include "QuillaryUI/Clients/ImportRowsModel.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTableView>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int widest = 1040;
+constexpr int columnsWidth = 336;
+constexpr int tableHeight = 420;
+constexpr int rowHeight = 28;
+constexpr std::size_t mostColumns = 100; ///< a list with more is no list of clients
+
+QString fieldTitle(ClientField field)
+{
+    const std::array<QString, clientFieldCount> titles = {
+        ImportSheet::tr("–"),           ImportSheet::tr("Client number"), ImportSheet::tr("Company"),
+        ImportSheet::tr("Name"),        ImportSheet::tr("First name"),    ImportSheet::tr("Last name"),
+        ImportSheet::tr("Kind"),        ImportSheet::tr("Email"),         ImportSheet::tr("Phone"),
+        ImportSheet::tr("Website"),     ImportSheet::tr("Street"),        ImportSheet::tr("Below the street"),
+        ImportSheet::tr("Postal code"), ImportSheet::tr("City"),          ImportSheet::tr("State"),
+        ImportSheet::tr("Country"),     ImportSheet::tr("VAT ID"),        ImportSheet::tr("Tax number"),
+        ImportSheet::tr("Currency"),    ImportSheet::tr("Language"),      ImportSheet::tr("Notes")};
+    return titles.at(static_cast<std::size_t>(field));
+}
+
+/// Whether some column says who the clients are.
+bool namesClients(const ImportColumns& columns)
+{
+    constexpr std::array naming = {
+        ClientField::company, ClientField::name, ClientField::firstName, ClientField::lastName, ClientField::email};
+    return std::ranges::any_of(naming, [&](ClientField field) { return !columns.columns(field).empty(); });
+}
+
+} // namespace
+
+ImportSheet::ImportSheet(LibraryAccess& library, CSV csv, const QString& fileName, QWidget* host)
+    : Sheet(tr("Import Clients from %1").arg(fileName), tr("Import"), host)
+    , m_library(library)
+    , m_csv(std::move(csv))
+    , m_columns(ImportColumns::recognised(m_csv.rows()))
+    , m_rows(new ImportRowsModel(this))
+    , m_summary(new QLabel(this))
+{
+    setWidest(widest);
+    setExplanation(tr("What each column holds was told by its heading or its contents. Clients that are there already "
+                      "are left out."));
+    auto* table = new QTableView(this);
+    table->setObjectName(QStringLiteral("importRows"));
+    table->setAccessibleName(tr("Rows of the file"));
+    table->setModel(m_rows);
+    table->setSelectionBehavior(QTableView::SelectRows);
+    table->setShowGrid(false);
+    table->setTabKeyNavigation(false);
+    table->setMinimumHeight(tableHeight);
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table->horizontalHeader()->setSectionResizeMode(ImportRowsModel::remarks, QHeaderView::Stretch);
+    table->horizontalHeader()->setResizeContentsPrecision(rowHeight); // not over thousands of rows
+
+    auto* middle = new QHBoxLayout;
+    middle->setSpacing(16);
+    middle->addWidget(buildColumns());
+    middle->addWidget(table, 1);
+    m_summary->setObjectName(QStringLiteral("importSummary"));
+    body().insertLayout(3, middle, 1);
+    body().insertWidget(4, m_summary);
+    onAnswer([this] { return import(); });
+    showColumns();
+    preview();
+}
+
+void ImportSheet::begin()
+{
+    open(&answerButton());
+}
+
+QScrollArea* ImportSheet::buildColumns()
+{
+    auto* page = new QWidget(this);
+    auto* rows = new QFormLayout(page);
+    rows->setContentsMargins(0, 0, 8, 0);
+    for (std::size_t column = 0; column < m_columns.size() && column < mostColumns; ++column) {
+        auto* field = new QComboBox(page);
+        field->setObjectName(QStringLiteral("importColumn%1").arg(column));
+        field->setAccessibleName(text(m_columns.title(column)));
+        for (std::size_t place = 0; place < clientFieldCount; ++place) {
+            field->addItem(fieldTitle(ClientField(place)), text(rawValue(ClientField(place))));
+        }
+        connect(field, &QComboBox::activated, this, [this, column, field] {
+            assign(column, field->currentData().toString());
+        });
+        m_fields.push_back(field);
+        rows->addRow(text(m_columns.title(column)), field);
+    }
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setFixedWidth(columnsWidth);
+    scroll->setWidget(page);
+    return scroll;
+}
+
+void ImportSheet::assign(std::size_t column, const QString& field)
+{
+    try {
+        m_columns.assign(std::to_string(column + 1), utf8(field));
+    } catch (const UserError& error) {
+        m_summary->setText(text(error.message()));
+        return;
+    }
+    showColumns();
+    preview();
+}
+
+/// Assigning one column may set free another that was only guessed.
+void ImportSheet::showColumns()
+{
+    for (std::size_t column = 0; column < m_fields.size(); ++column) {
+        m_fields[column]->setCurrentIndex(int(m_columns.field(column)));
+    }
+}
+
+void ImportSheet::preview()
+{
+    const auto refusal =
+        m_library.attempt([this] { m_rows->show(ClientImport(m_csv.rows(), m_columns, &m_library.context())); });
+    const int fresh = int(m_rows->count(ImportStatus::isNew));
+    QString summary = refusal.value_or(tr("%1 new, %2 already there, %3 empty")
+                                           .arg(fresh)
+                                           .arg(m_rows->count(ImportStatus::duplicate))
+                                           .arg(m_rows->count(ImportStatus::empty)));
+    if (!namesClients(m_columns)) {
+        summary = tr("Choose which column names the clients.");
+    }
+    m_summary->setText(summary);
+    answerButton().setText(fresh > 0 ? tr("Import %n Client(s)", nullptr, fresh) : tr("Import"));
+    answerButton().setEnabled(fresh > 0);
+}
+
+/// Compared anew: the library may have changed while the user looked at the rows.
+std::optional<QString> ImportSheet::import()
+{
+    std::size_t count = 0;
+    const auto refusal = m_library.attempt([&] {
+        ClientImport rows(m_csv.rows(), m_columns, &m_library.context());
+        count = rows.count(ImportStatus::isNew);
+        rows.run(m_library.context(), m_library.business(), m_library.formats().calendar());
+    });
+    if (!refusal) {
+        Q_EMIT imported(int(count));
+    }
+    return refusal;
+}
+
+} // namespace Quillary

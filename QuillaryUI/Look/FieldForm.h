@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <optional>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QTimer;
+
+namespace Quillary {
+
+/// A form whose fields are saved one by one, soon after the last key and when they are left. What can't be saved is told
+/// under its field, which keeps what was typed.
+///
+/// Values are texts; a flag is "yes" or empty.
+class FieldForm : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum class Kind { line, paragraphs, choice, flag };
+
+    struct Choice
+    {
+        QString value;
+        QString label;
+    };
+
+    struct Field
+    {
+        QString name; ///< as `Save` gets it, and as a refusal names it in “quotes”
+        QString label;
+        Kind kind = Kind::line;
+        QList<Choice> choices = {};
+        QString hint = {};
+    };
+
+    /// Saves one value. No value: done; else the sentence that says why not.
+    using Save = std::function<std::optional<QString>(const QString& name, const QString& value)>;
+
+    explicit FieldForm(Save save, QWidget* parent = nullptr);
+
+    void addHeading(const QString& title);
+    void addField(const Field& field);
+    /// What isn't saved by this form.
+    void addRow(const QString& label, QWidget* widget);
+
+    /// Something else is shown from now on: nothing typed and nothing refused before counts any more.
+    void begin();
+
+    /// What is stored. A field in which something else is being typed keeps that.
+    void setValue(const QString& name, const QString& value);
+    [[nodiscard]] QString value(const QString& name) const;
+
+    /// What follows from the value, below its field. Empty: nothing.
+    void setNote(const QString& name, const QString& note);
+    void setShown(const QString& name, bool isShown);
+
+    [[nodiscard]] bool has(const QString& name) const { return m_entries.contains(name); }
+    void focus(const QString& name);
+
+    /// Saves what was typed and not saved yet.
+    void flush();
+
+Q_SIGNALS:
+    /// A value was saved; what is stored is to be shown now.
+    void saved(const QString& name);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Entry
+    {
+        QString label;
+        QWidget* row = nullptr;
+        QLineEdit* line = nullptr;
+        QPlainTextEdit* paragraphs = nullptr;
+        QComboBox* choice = nullptr;
+        QCheckBox* flag = nullptr;
+        QLabel* note = nullptr;
+        QLabel* error = nullptr;
+        QString known; ///< what is stored
+        bool isTyped = false;
+        bool isRefused = false;
+        bool isBeingSaved = false;
+
+        [[nodiscard]] QWidget* widget() const;
+        [[nodiscard]] QString value() const;
+        void put(const QString& value) const;
+    };
+
+    void makeWidget(Entry& entry, const Field& field);
+    void typed(const QString& name);
+    void save(const QString& name, Entry& entry);
+    void tell(Entry& entry, const QString& sentence) const;
+    void leave(Entry& entry);
+
+    Save m_save;
+    QFormLayout* m_form;
+    QTimer* m_pause;
+    std::map<QString, Entry> m_entries;
+};
+
+} // namespace Quillary
