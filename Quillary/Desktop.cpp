@@ -9,6 +9,8 @@
 
 #include <QTimer>
 
+#include <utility>
+
 namespace Quillary {
 
 namespace {
@@ -18,9 +20,10 @@ constexpr int idleDelay = 300;
 
 } // namespace
 
-Desktop::Desktop(AppEnvironment& environment, PrintingHost& host)
+Desktop::Desktop(AppEnvironment& environment, PrintingHost& host, ProgramPlaces places)
     : m_environment(environment)
     , m_host(host)
+    , m_places(std::move(places))
     , m_library(host, Formats(environment.locale(), environment.calendar()))
 {
 }
@@ -41,7 +44,7 @@ void Desktop::willClose()
 MainWindow& Desktop::window()
 {
     if (m_window == nullptr) {
-        m_window = std::make_unique<MainWindow>(m_library);
+        m_window = std::make_unique<MainWindow>(m_library, m_places);
     }
     return *m_window;
 }

@@ -4,6 +4,7 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Main/ApprovalDialog.h"
 #include "QuillaryUI/Main/MainWindow.h"
+#include "QuillaryUI/Settings/ProgramPlaces.h"
 
 #include <memory>
 #include <string>
@@ -17,7 +18,7 @@ class PrintingHost;
 class Desktop final : public LibraryWindows
 {
 public:
-    Desktop(AppEnvironment& environment, PrintingHost& host);
+    Desktop(AppEnvironment& environment, PrintingHost& host, ProgramPlaces places);
 
     void didOpen(OpenLibrary& library) override;
     void willClose() override;
@@ -34,6 +35,7 @@ public:
 private:
     AppEnvironment& m_environment;
     PrintingHost& m_host;
+    ProgramPlaces m_places;
     LibraryAccess m_library;
     std::unique_ptr<MainWindow> m_window;
     ApprovalDialog m_asker;

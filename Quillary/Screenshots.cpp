@@ -1,12 +1,20 @@
 #include "Quillary/Screenshots.h"
 
 #include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Assistant/Operations/RecordFields.h"
+#include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/CatalogItem.h"
+#include "QuillaryCore/Model/CustomUnit.h"
+#include "QuillaryCore/Model/Project.h"
+#include "QuillaryCore/Model/TaxRate.h"
+#include "QuillaryCore/Model/TextPreset.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Paper/PaperView.h"
@@ -70,20 +78,57 @@ void addTime(SampleLibrary& samples)
     scope.commit();
 }
 
+template <class Record>
+void add(const AssistantEnvironment& environment, const JSON& details)
+{
+    auto scope = environment.context.beginScope("Samples");
+    static_cast<void>(addRecord<Record>(environment, Arguments(details)));
+    scope.commit();
+}
+
+/// What the documents of the samples might have been made of.
+void fillCatalog(const AssistantEnvironment& environment)
+{
+    add<TaxRate>(environment, JSON::object({{"name", "Standard"}, {"rate", "20"}, {"default", true}}));
+    add<TaxRate>(environment, JSON::object({{"name", "Reduced"}, {"rate", "5"}}));
+    add<CatalogItem>(environment,
+                     JSON::object({{"name", "Consulting"}, {"price", "95"}, {"unit", "hour"}, {"tax_rate", "20"}}));
+    add<CatalogItem>(environment,
+                     JSON::object({{"name", "Brand workshop"},
+                                   {"price", "1250"},
+                                   {"unit", "day"},
+                                   {"details", "A day with up to eight people, notes included."}}));
+    add<Project>(environment, JSON::object({{"name", "Website relaunch"}}));
+    add<CustomUnit>(environment, JSON::object({{"singular", "session"}, {"plural", "sessions"}}));
+    add<TextPreset>(environment,
+                    JSON::object({{"title", "Thanks"},
+                                  {"kind", "outro"},
+                                  {"text", "Thank you for your trust. We look forward to working with you again."}}));
+}
+
+void save(const fs::path& folder, const std::string& name, Theme::Scheme scheme, MainWindow& window)
+{
+    wait(window);
+    const fs::path file = folder / fmt::format("{}-{}.png", name, scheme == Theme::Scheme::dark ? "dark" : "light");
+    if (!window.grab().save(QString::fromStdString(file.string()))) {
+        throw UserError(fmt::format("{} couldn't be written.", file.string()));
+    }
+}
+
 int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library)
 {
     Theme::apply(*static_cast<QApplication*>(QCoreApplication::instance()), scheme, QColor(accent));
-    MainWindow window(library);
+    MainWindow window(library, {});
     window.resize(width, height);
     window.show();
     int count = 0;
     for (const QString& name : window.sectionNames()) {
         window.showSection(name);
-        wait(window);
-        const QString file = QString::fromStdString(
-            (folder / fmt::format("{}-{}.png", utf8(name), scheme == Theme::Scheme::dark ? "dark" : "light")).string());
-        if (!window.grab().save(file)) {
-            throw UserError(fmt::format("{} couldn't be written.", file.toStdString()));
+        save(folder, utf8(name), scheme, window);
+        for (const QString& page : window.section(name)->pageNames()) {
+            window.section(name)->showPage(page);
+            save(folder, fmt::format("{}-{}", utf8(name), utf8(page)), scheme, window);
+            count += 1;
         }
         count += 1;
     }
@@ -111,6 +156,7 @@ int draw(const fs::path& folder, PrintingHost& host)
                   .calendar = samples.calendar(),
                   .locale = Locale("en_GB"),
                   .search = &search});
+    fillCatalog(library.environment());
     int count = 0;
     for (const Theme::Scheme scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
         count += drawScheme(folder, scheme, library);

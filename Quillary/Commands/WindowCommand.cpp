@@ -2,6 +2,7 @@
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/AssistantService.h"
+#include "Quillary/Commands/AssistantSetup.h"
 #include "Quillary/Control/ControlSocket.h"
 #include "Quillary/Desktop.h"
 #include "Quillary/ErrorOutput.h"
@@ -54,6 +55,14 @@ void dress()
     Theme::apply(application, Theme::schemeOfDesktop(application), QColor(usualAccent));
 }
 
+ProgramPlaces places(const AppEnvironment& environment)
+{
+    return {.assistantSettings = environment.configurationFolder() / AssistantSettingsFile::fileName,
+            .activityLog = environment.stateFolder() / ActivityLog::fileName,
+            .assistantSetup =
+                AssistantSetup::configuration(AssistantSetup::helperBeside(environment.programFile())).pretty()};
+}
+
 /// What stands between the user and the library, in a window: nobody reads standard error.
 void showFailure(const UserError& error)
 {
@@ -92,7 +101,7 @@ int WindowCommand::open(const CommandSetting& setting) const
     host.startApplication(PrintingHost::Windows::shown);
     dress();
     int status = 0;
-    Desktop desktop(environment, host);
+    Desktop desktop(environment, host, places(environment));
     try {
         AssistantService service({.library = setting.library,
                                   .socket = AssistantChannel::socketPath(environ),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <cstdint>
@@ -26,6 +27,10 @@ public:
 
     /// Another day has begun.
     virtual void refreshDay() {}
+
+    /// What the section is divided into, such as the groups of the settings. Empty: it isn't.
+    [[nodiscard]] virtual QStringList pageNames() const { return {}; }
+    virtual void showPage(const QString& /*name*/) {}
 
 Q_SIGNALS:
     /// Something went well; something went wrong: a sentence each.

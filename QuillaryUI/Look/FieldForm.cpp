@@ -114,6 +114,7 @@ void FieldForm::addField(const Field& field)
     Entry& entry = m_entries[field.name];
     entry.label = field.label;
     entry.row = new QWidget(this);
+    entry.row->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     auto* column = new QVBoxLayout(entry.row);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
@@ -165,6 +166,7 @@ void FieldForm::makeWidget(Entry& entry, const Field& field)
         for (const Choice& choice : field.choices) {
             entry.choice->addItem(choice.label, choice.value);
         }
+        entry.put({});
         connect(entry.choice, &QComboBox::activated, this, chosen);
         break;
     case Kind::flag:

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Catalog/CatalogSection.h"
 #include "QuillaryUI/Clients/ClientsSection.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
@@ -14,6 +15,7 @@
 #include "QuillaryUI/Reports/ReportsSection.h"
 #include "QuillaryUI/Schedules/RecurringSection.h"
 #include "QuillaryUI/Schedules/TimeSection.h"
+#include "QuillaryUI/Settings/SettingsSection.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -46,7 +48,7 @@ const QString geometryKey = QStringLiteral("window/geometry");
 
 } // namespace
 
-MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
+MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWidget* parent)
     : QMainWindow(parent)
     , m_library(library)
     , m_whole(new QStackedWidget(this))
@@ -90,7 +92,7 @@ MainWindow::MainWindow(LibraryAccess& library, QWidget* parent)
     m_whole->addWidget(middle);
     setCentralWidget(m_whole);
 
-    addSections();
+    addSections(places);
     connect(m_sidebar, &QListWidget::currentRowChanged, this, [this](int place) {
         flush();
         m_pages->setCurrentIndex(place);
@@ -140,7 +142,7 @@ void MainWindow::showDocuments(DocumentKind kind, DisplayStatus status)
     }
 }
 
-void MainWindow::addSections()
+void MainWindow::addSections(const ProgramPlaces& places)
 {
     addOverview();
     for (const auto& [kind, name, icon] : {std::tuple(DocumentKind::invoice, "invoices", "invoice"),
@@ -155,10 +157,17 @@ void MainWindow::addSections()
                tr("Recurring"),
                QStringLiteral("recurring"),
                new RecurringSection(m_library, this));
+    addSection(
+        QStringLiteral("clients"), tr("Clients"), QStringLiteral("clients"), new ClientsSection(m_library, this));
+    addSection(
+        QStringLiteral("catalog"), tr("Catalog"), QStringLiteral("catalog"), new CatalogSection(m_library, this));
     addSection(QStringLiteral("time"), tr("Time"), QStringLiteral("time"), new TimeSection(m_library, this));
     addSection(
         QStringLiteral("reports"), tr("Reports"), QStringLiteral("reports"), new ReportsSection(m_library, this));
-    addSection(QStringLiteral("clients"), tr("Clients"), QStringLiteral("clients"), new ClientsSection(m_library, this));
+    addSection(QStringLiteral("settings"),
+               tr("Settings"),
+               QStringLiteral("settings"),
+               new SettingsSection(m_library, places, this));
 }
 
 void MainWindow::addSection(const QString& name, const QString& title, const QString& icon, Section* section)
@@ -198,6 +207,9 @@ void MainWindow::buildMenus()
         redoAction->setText(next ? tr("Redo %1").arg(text(*next)) : tr("Redo"));
     });
     edit->addSeparator();
+    edit->addAction(tr("Settings"), QKeySequence(QStringLiteral("Ctrl+,")), this, [this] {
+        showSection(QStringLiteral("settings"));
+    });
     edit->addAction(tr("Find in This List"), QKeySequence::Find, this, [this] { current()->find(); });
 
     QMenu* view = menuBar()->addMenu(tr("&View"));

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Settings/ProgramPlaces.h"
 
 #include <QMainWindow>
 
@@ -27,7 +28,7 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit MainWindow(LibraryAccess& library, QWidget* parent = nullptr);
+    MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWidget* parent = nullptr);
     ~MainWindow() override;
 
     /// By its name, such as "invoices".
@@ -61,7 +62,7 @@ private:
     };
 
     void addSection(const QString& name, const QString& title, const QString& icon, Section* section);
-    void addSections();
+    void addSections(const ProgramPlaces& places);
     void addOverview();
     void showDocuments(DocumentKind kind, DisplayStatus status);
     [[nodiscard]] DocumentsSection* documentsSection(DocumentKind kind) const;

@@ -185,6 +185,16 @@ BusinessSettings::Entry BusinessSettings::entry(const AssistantEnvironment& envi
     return *std::ranges::find(entries, meant, &Entry::name);
 }
 
+std::vector<std::string> BusinessSettings::choices(std::string_view name)
+{
+    return SettingWriter::choices(nameOf(name));
+}
+
+bool BusinessSettings::hasParagraphs(std::string_view name)
+{
+    return SettingWriter::hasParagraphs(nameOf(name));
+}
+
 void BusinessSettings::set(const AssistantEnvironment& environment, std::string_view name, std::string_view typed)
 {
     const std::string meant = nameOf(name);

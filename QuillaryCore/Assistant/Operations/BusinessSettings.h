@@ -30,6 +30,12 @@ struct Entry
 
 [[nodiscard]] Entry entry(const AssistantEnvironment& environment, std::string_view name);
 
+/// The words that a setting is chosen from, each taken by `set`; none: it is typed or a flag.
+[[nodiscard]] std::vector<std::string> choices(std::string_view name);
+
+/// Whether its text may run over several lines.
+[[nodiscard]] bool hasParagraphs(std::string_view name);
+
 /// Reads and stores what was typed; an empty text clears a text. Works in the caller's scope. Throws: `AssistantError`
 /// with the sentence for the screen, and nothing has changed.
 void set(const AssistantEnvironment& environment, std::string_view name, std::string_view typed);

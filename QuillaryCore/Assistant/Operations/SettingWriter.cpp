@@ -122,6 +122,28 @@ std::optional<std::string_view> SettingWriter::choiceWord(std::string_view name,
     return index < words.size() ? words[index] : words.front();
 }
 
+std::vector<std::string> SettingWriter::choices(std::string_view name)
+{
+    std::vector<std::string> words;
+    for (const std::string_view word : wordsOf(name)) {
+        words.emplace_back(word);
+    }
+    for (const std::string_view word : numberedWords(name)) {
+        words.emplace_back(word);
+    }
+    if (name == "time_rounding_minutes") {
+        for (const std::int64_t minutes : TimeMath::roundingChoices) {
+            words.push_back(std::to_string(minutes));
+        }
+    }
+    return name == "late_fee_from_level" ? std::vector<std::string>{"1", "2", "3"} : words;
+}
+
+bool SettingWriter::hasParagraphs(std::string_view name)
+{
+    return isLongText(name);
+}
+
 std::optional<NumberedKind> SettingWriter::numberedKind(std::string_view name)
 {
     constexpr std::array<std::pair<std::string_view, NumberedKind>, 4> patterns = {

@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Quillary {
 
@@ -39,6 +40,12 @@ public:
 
     /// The word of a stored choice ("sales_tax"). No value: the setting is a number.
     [[nodiscard]] static std::optional<std::string_view> choiceWord(std::string_view name, std::int16_t raw);
+
+    /// All words that a setting is chosen from; none: it is typed.
+    [[nodiscard]] static std::vector<std::string> choices(std::string_view name);
+
+    /// Whether its text may run over several lines.
+    [[nodiscard]] static bool hasParagraphs(std::string_view name);
 
     /// Whose numbers a pattern makes. No value: the setting is no pattern of numbers.
     [[nodiscard]] static std::optional<NumberedKind> numberedKind(std::string_view name);

@@ -1,0 +1,193 @@
+#include "QuillaryUI/Settings/SettingsSection.h"
+
+#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Money/Money.h"
+#include "QuillaryUI/Documents/TypedNumber.h"
+#include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Settings/AssistantsPage.h"
+#include "QuillaryUI/Settings/DataPage.h"
+#include "QuillaryUI/Settings/SettingTexts.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int groupsWidth = 200;
+constexpr int entryHeight = 36;
+constexpr int border = 24;
+constexpr int widest = 720;
+
+bool isAmount(const QString& name)
+{
+    return name == QLatin1String("hourly_rate") || name == QLatin1String("late_fee");
+}
+
+QString shownValue(const BusinessSettings::Entry& entry)
+{
+    if (entry.value.boolean() != nullptr) {
+        return *entry.value.boolean() ? QStringLiteral("yes") : QString();
+    }
+    // No level was ever chosen: it is the second.
+    return entry.name == "late_fee_from_level" && entry.text == "0" ? QStringLiteral("2") : text(entry.text);
+}
+
+} // namespace
+
+SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, QWidget* parent)
+    : Section(parent)
+    , m_library(library)
+    , m_groups(new QListWidget(this))
+    , m_pages(new QStackedWidget(this))
+    , m_assistants(new AssistantsPage(library, std::move(places), this))
+    , m_data(new DataPage(library, this))
+{
+    setObjectName(QStringLiteral("settings"));
+    m_groups->setObjectName(QStringLiteral("sidebar")); // the look of the window's own list
+    m_groups->setAccessibleName(tr("Groups of settings"));
+    m_groups->setFixedWidth(groupsWidth);
+    auto* columns = new QHBoxLayout(this);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(0);
+    columns->addWidget(m_groups);
+    columns->addWidget(m_pages, 1);
+    addGroups();
+    connect(m_groups, &QListWidget::currentRowChanged, this, [this](int place) {
+        flush();
+        m_pages->setCurrentIndex(place);
+    });
+    for (Section* page : {static_cast<Section*>(m_assistants), static_cast<Section*>(m_data)}) {
+        connect(page, &Section::told, this, &SettingsSection::told);
+        connect(page, &Section::failed, this, &SettingsSection::failed);
+    }
+    connect(&library, &LibraryAccess::opened, this, &SettingsSection::show);
+    connect(&library, &LibraryAccess::changed, this, &SettingsSection::show);
+    connect(&library, &LibraryAccess::closing, this, &SettingsSection::flush);
+    m_groups->setCurrentRow(0);
+    show();
+}
+
+void SettingsSection::addGroups()
+{
+    for (const SettingTexts::Group& group : SettingTexts::groups(m_library.formats().locale())) {
+        auto* form = new FieldForm([this](const QString& name, const QString& value) { return save(name, value); });
+        for (const FieldForm::Field& field : group.fields) {
+            form->addField(field);
+        }
+        connect(form, &FieldForm::saved, this, &SettingsSection::show);
+        m_forms.push_back(form);
+        addPage(group.name, group.title, group.explanation, form);
+    }
+    addPage(
+        QStringLiteral("assistants"),
+        tr("AI Assistants"),
+        tr("Assistants on this machine can look at your library and prepare documents for you, as far as you allow."),
+        m_assistants);
+    addPage(QStringLiteral("data"), tr("Data"), tr("Where everything is kept, and its copies."), m_data);
+}
+
+void SettingsSection::addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content)
+{
+    auto* item = new QListWidgetItem(title, m_groups);
+    item->setData(Qt::UserRole, name);
+    item->setSizeHint({groupsWidth - border, entryHeight});
+    auto* page = new QWidget(this);
+    page->setMaximumWidth(widest);
+    auto* heading = new QLabel(title, page);
+    QFont font = heading->font();
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    font.setBold(true);
+    heading->setFont(font);
+    auto* words = new QLabel(explanation, page);
+    words->setWordWrap(true);
+    words->setForegroundRole(QPalette::PlaceholderText);
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(border, border, border, border);
+    column->setSpacing(8);
+    column->addWidget(heading);
+    column->addWidget(words);
+    column->addSpacing(8);
+    column->addWidget(content);
+    column->addStretch();
+    auto* scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(page);
+    m_pages->addWidget(scroll);
+}
+
+QStringList SettingsSection::pageNames() const
+{
+    QStringList names;
+    for (int place = 0; place < m_groups->count(); ++place) {
+        names.push_back(m_groups->item(place)->data(Qt::UserRole).toString());
+    }
+    return names;
+}
+
+void SettingsSection::showPage(const QString& name)
+{
+    for (int place = 0; place < m_groups->count(); ++place) {
+        if (m_groups->item(place)->data(Qt::UserRole) == name) {
+            m_groups->setCurrentRow(place);
+        }
+    }
+}
+
+void SettingsSection::find()
+{
+    m_groups->setFocus(Qt::ShortcutFocusReason);
+}
+
+void SettingsSection::flush()
+{
+    for (FieldForm* form : m_forms) {
+        form->flush();
+    }
+}
+
+void SettingsSection::show()
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    for (const BusinessSettings::Entry& entry : BusinessSettings::all(m_library.environment())) {
+        const QString name = text(entry.name);
+        for (FieldForm* form : m_forms) {
+            if (form->has(name)) {
+                form->setValue(name, shownValue(entry));
+                form->setNote(name, SettingTexts::note(text(entry.note)));
+            }
+        }
+    }
+}
+
+/// As `BusinessSettings` reads it.
+QString SettingsSection::stored(const QString& name, const QString& value) const
+{
+    if (isAmount(name)) {
+        const std::string& currency = m_library.business().currencyCode;
+        const auto amount = TypedNumber::amount(value, currency, m_library.formats().locale());
+        return amount ? text(Money(*amount, currency).plainText()) : value;
+    }
+    const bool isFlag = BusinessSettings::entry(m_library.environment(), utf8(name)).value.boolean() != nullptr;
+    return isFlag && value.isEmpty() ? QStringLiteral("no") : value;
+}
+
+std::optional<QString> SettingsSection::save(const QString& name, const QString& value)
+{
+    return m_library.perform(tr("Change Settings"), [&] {
+        BusinessSettings::set(m_library.environment(), utf8(name), utf8(stored(name, value)));
+    });
+}
+
+} // namespace Quillary
