@@ -1,9 +1,11 @@
 #include "Quillary/Screenshots.h"
 
 #include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Assistant/Operations/RecordFields.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/CustomUnit.h"
@@ -87,8 +89,15 @@ void add(const AssistantEnvironment& environment, const JSON& details)
 }
 
 /// What the documents of the samples might have been made of.
-void fillCatalog(const AssistantEnvironment& environment)
+void fillOut(const AssistantEnvironment& environment)
 {
+    auto scope = environment.context.beginScope("Samples");
+    BusinessSettings::set(environment, "invoice_number_format", Business::defaultInvoiceFormat);
+    BusinessSettings::set(environment, "quote_number_format", Business::defaultQuoteFormat);
+    BusinessSettings::set(environment, "credit_note_number_format", Business::defaultCreditNoteFormat);
+    BusinessSettings::set(environment, "client_number_format", Business::defaultClientFormat);
+    BusinessSettings::set(environment, "file_name_format", Business::defaultFileNameFormat);
+    scope.commit();
     add<TaxRate>(environment, JSON::object({{"name", "Standard"}, {"rate", "20"}, {"default", true}}));
     add<TaxRate>(environment, JSON::object({{"name", "Reduced"}, {"rate", "5"}}));
     add<CatalogItem>(environment,
@@ -156,7 +165,7 @@ int draw(const fs::path& folder, PrintingHost& host)
                   .calendar = samples.calendar(),
                   .locale = Locale("en_GB"),
                   .search = &search});
-    fillCatalog(library.environment());
+    fillOut(library.environment());
     int count = 0;
     for (const Theme::Scheme scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
         count += drawScheme(folder, scheme, library);

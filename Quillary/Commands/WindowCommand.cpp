@@ -55,12 +55,15 @@ void dress()
     Theme::apply(application, Theme::schemeOfDesktop(application), QColor(usualAccent));
 }
 
-ProgramPlaces places(const AppEnvironment& environment)
+ProgramPlaces places(const AppEnvironment& environment, PrintingHost& host)
 {
     return {.assistantSettings = environment.configurationFolder() / AssistantSettingsFile::fileName,
             .activityLog = environment.stateFolder() / ActivityLog::fileName,
             .assistantSetup =
-                AssistantSetup::configuration(AssistantSetup::helperBeside(environment.programFile())).pretty()};
+                AssistantSetup::configuration(AssistantSetup::helperBeside(environment.programFile())).pretty(),
+            .makeLogo = [&host](const Bytes& file) {
+                return host.logo(file);
+            }};
 }
 
 /// What stands between the user and the library, in a window: nobody reads standard error.
@@ -101,7 +104,7 @@ int WindowCommand::open(const CommandSetting& setting) const
     host.startApplication(PrintingHost::Windows::shown);
     dress();
     int status = 0;
-    Desktop desktop(environment, host, places(environment));
+    Desktop desktop(environment, host, places(environment, host));
     try {
         AssistantService service({.library = setting.library,
                                   .socket = AssistantChannel::socketPath(environ),

@@ -9,11 +9,13 @@
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TextPreset.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace Quillary {
@@ -50,9 +52,10 @@ public:
         });
         std::vector<Row> list;
         for (const Record* record : records) {
-            list.push_back({record->ref.key(), {}});
+            list.push_back({record->ref.key(), {}, {}});
             for (const RecordField<Record>& field : recordFields<Record>()) {
                 list.back().texts.push_back(text(field.text(m_library.environment(), *record)));
+                list.back().shown.push_back(shown(*record, field.name, list.back().texts.back()));
             }
         }
         return list;
@@ -96,6 +99,17 @@ public:
 
 private:
     [[nodiscard]] const Record* find(std::int64_t key) const { return m_library.context().find(Ref<Record>(key)); }
+
+    [[nodiscard]] QString shown(const Record& record, std::string_view field, const QString& typed) const
+    {
+        if constexpr (requires { record.unitPriceMinorUnits; }) {
+            return field == "price" ? m_library.formats().money(record.unitPriceMinorUnits, record.currencyCode)
+                                    : typed;
+        } else if constexpr (requires { record.basisPoints; }) {
+            return field == "rate" ? text(Percent::format(record.basisPoints)) : typed;
+        }
+        return typed;
+    }
 
     /// Flags are flags; an amount may be typed as the desktop writes numbers.
     [[nodiscard]] JSON argument(const Record& record, const QString& field, const QString& value) const

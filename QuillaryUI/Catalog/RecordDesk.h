@@ -26,7 +26,8 @@ public:
     struct Row
     {
         std::int64_t key;
-        QStringList texts; ///< by field; a flag is "yes" or empty
+        QStringList texts; ///< by field, as they are typed; a flag is "yes" or empty
+        QStringList shown; ///< the same as a list shows them: amounts and rates as the desktop writes them
     };
 
     RecordDesk() = default;

@@ -46,12 +46,12 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};
     }
-    const QString& text = row(index.row()).texts[place];
+    const QString& text = row(index.row()).shown[place];
     if (field.kind == FieldForm::Kind::flag) {
         return text.isEmpty() ? QString() : tr("Yes");
     }
     const auto choice = std::ranges::find(field.choices, text, &FieldForm::Choice::value);
-    return choice == field.choices.end() || field.name == QLatin1String("currency") ? text : choice->label;
+    return choice == field.choices.end() ? text : choice->label;
 }
 
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const

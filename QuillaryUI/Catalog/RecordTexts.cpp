@@ -37,7 +37,7 @@ RecordTexts RecordTexts::items(const Locale& locale)
                        line("unit", tr("Unit"), tr("Such as hour or piece")),
                        line("tax_rate", tr("Tax rate"), tr("The usual one")),
                        {QStringLiteral("details"), tr("Text below the name"), Kind::paragraphs, {}, {}}},
-            .shown = {0, 2, 1, 3}};
+            .shown = {0, 3, 2}};
 }
 
 RecordTexts RecordTexts::projects()

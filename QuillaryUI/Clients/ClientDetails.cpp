@@ -86,11 +86,11 @@ ClientDetails::ClientDetails(LibraryAccess& library, QWidget* parent)
 {
     setObjectName(QStringLiteral("clientDetails"));
     build();
-    connect(m_form, &FieldForm::saved, this, &ClientDetails::show);
-    connect(&library, &LibraryAccess::opened, this, &ClientDetails::show);
+    connect(m_form, &FieldForm::saved, this, &ClientDetails::refresh);
+    connect(&library, &LibraryAccess::opened, this, &ClientDetails::refresh);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (!changes.of<Client>().isEmpty() || !changes.of<Business>().isEmpty()) {
-            show();
+            refresh();
         }
     });
     connect(&library, &LibraryAccess::closing, this, &ClientDetails::flush);
@@ -200,7 +200,7 @@ void ClientDetails::setClient(std::int64_t key)
         m_form->begin();
         m_documents->setClient(key);
     }
-    show();
+    refresh();
 }
 
 void ClientDetails::setBalance(const QString& balance)
@@ -225,7 +225,7 @@ void ClientDetails::refreshDay()
     m_documents->reload();
 }
 
-void ClientDetails::show()
+void ClientDetails::refresh()
 {
     const Client* client = record();
     setEnabled(client != nullptr);

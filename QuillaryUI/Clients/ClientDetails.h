@@ -42,7 +42,7 @@ private:
     void build();
     void addFields();
     QTableView* buildDocuments();
-    void show();
+    void refresh();
     void showFields(const Client& client);
     [[nodiscard]] std::optional<QString> save(const QString& name, const QString& value);
     [[nodiscard]] QString plainNumber(const QString& name, const QString& value) const;

@@ -96,7 +96,7 @@ AssistantsPage::AssistantsPage(LibraryAccess& library, ProgramPlaces places, QWi
     column->addWidget(buildSetup());
     connect(&library, &LibraryAccess::changed, this, [this] {
         if (isVisible()) {
-            show(); // assistants may have done it
+            refresh(); // assistants may have done it
         }
     });
     setEnabled(!m_places.assistantSettings.empty());
@@ -191,10 +191,10 @@ QWidget* AssistantsPage::buildSetup()
 void AssistantsPage::showEvent(QShowEvent* event)
 {
     Section::showEvent(event);
-    show();
+    refresh();
 }
 
-void AssistantsPage::show()
+void AssistantsPage::refresh()
 {
     if (m_places.assistantSettings.empty()) {
         return;
@@ -250,7 +250,7 @@ void AssistantsPage::change(const std::function<void(AssistantSettings&)>& chang
     } catch (const UserError& error) {
         Q_EMIT failed(text(error.message()));
     }
-    show();
+    refresh();
 }
 
 void AssistantsPage::decide(AssistantApproval approval)

@@ -36,7 +36,7 @@ private:
     QWidget* buildAccess();
     QWidget* buildAssistants();
     QWidget* buildSetup();
-    void show();
+    void refresh();
     void showAssistants(const AssistantSettings& settings);
     void showLog();
     void change(const std::function<void(AssistantSettings&)>& change);

@@ -106,13 +106,13 @@ DataPage::DataPage(LibraryAccess& library, QWidget* parent)
         QDesktopServices::openUrl(QUrl::fromLocalFile(text(folder().string())));
     });
     connect(m_backUp, &QPushButton::clicked, this, &DataPage::backUp);
-    connect(&library, &LibraryAccess::opened, this, &DataPage::show);
+    connect(&library, &LibraryAccess::opened, this, &DataPage::refresh);
 }
 
 void DataPage::showEvent(QShowEvent* event)
 {
     Section::showEvent(event);
-    show();
+    refresh();
 }
 
 fs::path DataPage::folder() const
@@ -120,7 +120,7 @@ fs::path DataPage::folder() const
     return m_library.isOpen() ? fs::path(m_library.context().store().location().folder()) : fs::path();
 }
 
-void DataPage::show()
+void DataPage::refresh()
 {
     const fs::path place = folder();
     m_open->setEnabled(!place.empty());
@@ -157,7 +157,7 @@ void DataPage::backUp()
         } else {
             Q_EMIT failed(outcome.refusal);
         }
-        show();
+        refresh();
     });
     auto promise = std::make_shared<QPromise<Outcome>>();
     watcher->setFuture(promise->future());

@@ -23,7 +23,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void show();
+    void refresh();
     void backUp();
     [[nodiscard]] std::filesystem::path folder() const;
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "QuillaryCore/Store/Field.h"
+
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace Quillary {
@@ -8,9 +11,13 @@ namespace Quillary {
 /// What the settings show and change beside the library.
 struct ProgramPlaces
 {
-    std::filesystem::path assistantSettings; ///< empty: there are none to change
-    std::filesystem::path activityLog;
-    std::string assistantSetup; ///< how assistant apps are told of Quillary, to be copied
+    /// Makes the PNG to keep of a picture's file. Throws: `UserError`.
+    using LogoMaker = std::function<Bytes(const Bytes& file)>;
+
+    std::filesystem::path assistantSettings = {}; ///< empty: there are none to change
+    std::filesystem::path activityLog = {};
+    std::string assistantSetup = {}; ///< how assistant apps are told of Quillary, to be copied
+    LogoMaker makeLogo = {};         ///< empty: a logo can't be chosen
 };
 
 } // namespace Quillary

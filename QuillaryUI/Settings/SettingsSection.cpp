@@ -7,6 +7,7 @@
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Settings/AssistantsPage.h"
 #include "QuillaryUI/Settings/DataPage.h"
+#include "QuillaryUI/Settings/LogoRow.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
 
 #include <QHBoxLayout>
@@ -48,6 +49,7 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
     , m_library(library)
     , m_groups(new QListWidget(this))
     , m_pages(new QStackedWidget(this))
+    , m_logo(new LogoRow(library, places.makeLogo))
     , m_assistants(new AssistantsPage(library, std::move(places), this))
     , m_data(new DataPage(library, this))
 {
@@ -69,11 +71,11 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
         connect(page, &Section::told, this, &SettingsSection::told);
         connect(page, &Section::failed, this, &SettingsSection::failed);
     }
-    connect(&library, &LibraryAccess::opened, this, &SettingsSection::show);
-    connect(&library, &LibraryAccess::changed, this, &SettingsSection::show);
+    connect(&library, &LibraryAccess::opened, this, &SettingsSection::refresh);
+    connect(&library, &LibraryAccess::changed, this, &SettingsSection::refresh);
     connect(&library, &LibraryAccess::closing, this, &SettingsSection::flush);
     m_groups->setCurrentRow(0);
-    show();
+    refresh();
 }
 
 void SettingsSection::addGroups()
@@ -83,7 +85,10 @@ void SettingsSection::addGroups()
         for (const FieldForm::Field& field : group.fields) {
             form->addField(field);
         }
-        connect(form, &FieldForm::saved, this, &SettingsSection::show);
+        if (group.name == QLatin1String("look")) {
+            form->addRow(tr("Logo"), m_logo);
+        }
+        connect(form, &FieldForm::saved, this, &SettingsSection::refresh);
         m_forms.push_back(form);
         addPage(group.name, group.title, group.explanation, form);
     }
@@ -155,7 +160,7 @@ void SettingsSection::flush()
     }
 }
 
-void SettingsSection::show()
+void SettingsSection::refresh()
 {
     if (!m_library.isOpen()) {
         return;
@@ -168,6 +173,26 @@ void SettingsSection::show()
                 form->setNote(name, SettingTexts::note(text(entry.note)));
             }
         }
+    }
+    showWhatCounts();
+    m_logo->refresh();
+}
+
+/// What another setting makes meaningless is not asked for.
+void SettingsSection::showWhatCounts()
+{
+    const auto stored = [this](const char* name) {
+        return shownValue(BusinessSettings::entry(m_library.environment(), name));
+    };
+    const QString lateFee = stored("late_fee_kind");
+    const bool isOwnLabel = stored("tax_label") == QLatin1String("custom");
+    const bool isExempt = !stored("tax_exempt").isEmpty();
+    for (FieldForm* form : m_forms) {
+        form->setShown(QStringLiteral("late_fee"), lateFee == QLatin1String("fixed"));
+        form->setShown(QStringLiteral("late_fee_percent"), lateFee == QLatin1String("percentage"));
+        form->setShown(QStringLiteral("late_fee_from_level"), lateFee != QLatin1String("none"));
+        form->setShown(QStringLiteral("custom_tax_label"), isOwnLabel);
+        form->setShown(QStringLiteral("tax_exempt_note"), isExempt);
     }
 }
 

@@ -16,6 +16,7 @@ namespace Quillary {
 class AssistantsPage;
 class DataPage;
 class FieldForm;
+class LogoRow;
 
 /// What the documents of the business are made with, who else may use the library, and where it lies. Groups at the
 /// left, the form of the chosen one beside them; every change is saved by itself and can be taken back.
@@ -36,7 +37,8 @@ public:
 private:
     void addGroups();
     void addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content);
-    void show();
+    void refresh();
+    void showWhatCounts();
     [[nodiscard]] std::optional<QString> save(const QString& name, const QString& value);
     [[nodiscard]] QString stored(const QString& name, const QString& value) const;
 
@@ -44,6 +46,7 @@ private:
     QListWidget* m_groups;
     QStackedWidget* m_pages;
     std::vector<FieldForm*> m_forms;
+    LogoRow* m_logo;
     AssistantsPage* m_assistants;
     DataPage* m_data;
 };

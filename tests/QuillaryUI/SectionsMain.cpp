@@ -1,3 +1,5 @@
+#include "QuillaryUI/Look/Theme.h"
+
 #include <QApplication>
 
 #include <gtest/gtest.h>
@@ -6,6 +8,7 @@ int main(int argumentCount, char** arguments)
 {
     testing::InitGoogleTest(&argumentCount, arguments);
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argumentCount, arguments);
+    QApplication application(argumentCount, arguments);
+    Quillary::Theme::apply(application, Quillary::Theme::Scheme::light, QColor(0x1f, 0x5f, 0xbf));
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,148 @@
+#include "QuillaryUI/Clients/ClientsSection.h"
+
+#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Clients/ClientDocumentsModel.h"
+#include "QuillaryUI/Clients/ClientListModel.h"
+#include "tests/QuillaryUI/WindowLibrary.h"
+#include "tests/Support/TempFolder.h"
+
+#include <QAbstractItemModelTester>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace Quillary {
+
+namespace {
+
+struct ClientsSectionTest : testing::Test, WindowLibrary
+{
+    ClientsSectionTest() { section.show(); }
+
+    [[nodiscard]] QAbstractItemModel& rows() const { return *child<QTableView>(section, "clientList").model(); }
+    [[nodiscard]] QString cell(int row, int column) const { return rows().index(row, column).data().toString(); }
+    [[nodiscard]] const Client& client(const char* number)
+    {
+        return *library.context().first<Client>("number = ?", std::string(number));
+    }
+
+    /// Types into a field of the form instead of what stands there, and goes on.
+    void type(const char* field, const char* text)
+    {
+        auto& line = child<QLineEdit>(section, field);
+        line.setFocus();
+        line.selectAll();
+        QTest::keyClicks(&line, text);
+        QTest::keyClick(&line, Qt::Key_Return);
+        settle();
+    }
+
+    ClientsSection section{library};
+};
+
+TEST_F(ClientsSectionTest, findsSortsAndFollowsChanges)
+{
+    const QAbstractItemModelTester list(&rows(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const QAbstractItemModelTester documents(child<QTableView>(section, "clientDocuments").model(),
+                                             QAbstractItemModelTester::FailureReportingMode::Fatal);
+    auto& words = child<QLineEdit>(section, "listSearch");
+    words.setText("sohne BERLIN"); // several words, without accents and case
+    ASSERT_EQ(rows().rowCount(), 1);
+    EXPECT_EQ(cell(0, 0), "Atelier Lindqvist & Söhne GmbH");
+    EXPECT_FALSE(cell(0, 3).isEmpty());
+    words.clear();
+    ASSERT_EQ(rows().rowCount(), 4);
+
+    const QModelIndex open = rows().index(1, 0);
+    section.showClient(client("K-1007").ref.key());
+    EXPECT_EQ(child<QTableView>(section, "clientList").currentIndex(), open);
+    type("field_city", "York");
+    EXPECT_EQ(cell(1, 2), "York");
+    library.context().undo();
+    settle();
+    EXPECT_EQ(cell(1, 2), "Leeds");
+    EXPECT_EQ(child<QLineEdit>(section, "field_city").text(), "Leeds"); // also in the field that has the keyboard
+}
+
+TEST_F(ClientsSectionTest, refusesUnderTheFieldAndKeepsWhatWasTyped)
+{
+    section.showClient(client("K-1012").ref.key());
+    const std::string before = client("K-1012").vatID;
+    type("field_vat_id", "nonsense");
+    EXPECT_EQ(client("K-1012").vatID, before);
+    EXPECT_EQ(child<QLineEdit>(section, "field_vat_id").text(), "nonsense");
+    EXPECT_TRUE(child<QLabel>(section, "error_vat_id").text().contains("“VAT ID”"));
+
+    type("field_hourly_rate", "97.50");
+    EXPECT_EQ(client("K-1012").hourlyRateMinorUnits, 9750);
+    EXPECT_EQ(child<QLineEdit>(section, "field_vat_id").text(), "nonsense"); // another field was saved meanwhile
+
+    section.showClient(client("K-1007").ref.key()); // of another client nothing is refused
+    EXPECT_TRUE(child<QLabel>(section, "error_vat_id").text().isEmpty());
+    section.showClient(client("K-1012").ref.key());
+    type("field_vat_id", "de 136 695 976");
+    EXPECT_EQ(client("K-1012").vatID, "DE136695976");
+}
+
+TEST_F(ClientsSectionTest, leadsToADocument)
+{
+    section.showClient(client("K-1012").ref.key());
+    auto& documents = child<QTableView>(section, "clientDocuments");
+    ASSERT_GT(documents.model()->rowCount(), 0);
+    QSignalSpy wanted(&section, &Section::wantedDocument);
+    Q_EMIT documents.activated(documents.model()->index(0, 0));
+    ASSERT_EQ(wanted.count(), 1);
+    const auto* document = library.context().find(Ref<Document>(wanted[0][0].toLongLong()));
+    ASSERT_NE(document, nullptr);
+    EXPECT_EQ(documents.model()->index(0, 0).data().toString(), text(document->number));
+}
+
+TEST_F(ClientsSectionTest, importsWhatIsNewAfterAColumnWasAssigned)
+{
+    ASSERT_FALSE(library.perform(
+        "Numbers", [this] { BusinessSettings::set(library.environment(), "client_number_format", "K-{####}"); }));
+    TempFolder folder;
+    const auto file = folder.write("list.csv",
+                                   "Kunde;Ort;Mitglied\n"
+                                   "Neue Kunst AG;Basel;x\n"
+                                   "Northwind Energy plc;Leeds;\n"
+                                   ";;\n"
+                                   "Otto & Co;Graz;Wien\n");
+    section.setFileChooser([&](QWidget*) { return QString::fromStdString(file.string()); });
+    child<QPushButton>(section, "importClients").click();
+    auto& preview = *child<QTableView>(section, "importRows").model();
+    const QAbstractItemModelTester tester(&preview, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    ASSERT_EQ(preview.rowCount(), 3);
+    EXPECT_EQ(preview.index(1, 1).data().toString(), "Duplicate");
+
+    auto& third = child<QComboBox>(section, "importColumn2");
+    third.setCurrentIndex(third.findData("city"));
+    Q_EMIT third.activated(third.currentIndex());
+    if (qEnvironmentVariableIsSet("QUILLARY_PICTURES")) {
+        section.resize(1240, 860);
+        settle();
+        section.grab().save(qEnvironmentVariable("QUILLARY_PICTURES") + "/import.png");
+    }
+    child<QPushButton>(section, "sheetAnswer").click();
+    EXPECT_TRUE(child<QLabel>(section, "sheetError").text().isEmpty());
+    settle();
+    ASSERT_EQ(rows().rowCount(), 6);
+    EXPECT_EQ(library.context().first<Client>("name = ?", std::string("Otto & Co"))->city, "Wien");
+
+    library.context().undo(); // whole, or not at all
+    settle();
+    EXPECT_EQ(rows().rowCount(), 4);
+}
+
+} // namespace
+
+} // namespace Quillary

@@ -1,0 +1,106 @@
+#include "QuillaryUI/Settings/SettingsSection.h"
+
+#include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
+#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Store/Context.h"
+#include "tests/QuillaryUI/WindowLibrary.h"
+#include "tests/Support/TempFolder.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace Quillary {
+
+namespace {
+
+struct SettingsSectionTest : testing::Test, WindowLibrary
+{
+    SettingsSectionTest() { section.show(); }
+
+    TempFolder folder;
+    SettingsSection section{library,
+                            {.assistantSettings = folder / "assistants.json",
+                             .activityLog = folder / "assistants.log",
+                             .assistantSetup = "{}"}};
+
+    void type(const char* field, const char* text)
+    {
+        auto& line = child<QLineEdit>(section, field);
+        line.setText(QString::fromUtf8(text));
+        section.flush();
+        settle();
+    }
+};
+
+TEST_F(SettingsSectionTest, hasAFieldForEachSetting)
+{
+    for (const BusinessSettings::Entry& entry : BusinessSettings::all(library.environment())) {
+        const QString field = QStringLiteral("field_") + text(entry.name);
+        EXPECT_EQ(section.findChildren<QWidget*>(field).size(), entry.name == BusinessSettings::logo ? 0 : 1)
+            << entry.name;
+    }
+}
+
+TEST_F(SettingsSectionTest, changesOneByOneAndTellsWhatFollows)
+{
+    section.showPage("numbering");
+    const std::string before = library.business().invoiceNumberFormat;
+    type("field_invoice_number_format", "R-{yyyy}");
+    EXPECT_EQ(library.business().invoiceNumberFormat, before);
+    EXPECT_FALSE(child<QLabel>(section, "error_invoice_number_format").text().isEmpty());
+
+    type("field_invoice_number_format", "R-{yyyy}-{####}");
+    EXPECT_EQ(library.business().invoiceNumberFormat, "R-{yyyy}-{####}");
+    EXPECT_TRUE(child<QLabel>(section, "error_invoice_number_format").text().isEmpty());
+    EXPECT_TRUE(child<QLabel>(section, "note_invoice_number_format").text().startsWith("Next number: R-"));
+
+    auto& exempt = child<QCheckBox>(section, "field_tax_exempt");
+    const bool wasExempt = library.business().taxExempt;
+    exempt.click();
+    EXPECT_EQ(library.business().taxExempt, !wasExempt);
+    type("field_hourly_rate", "120");
+    EXPECT_EQ(library.business().hourlyRateMinorUnits, 12000);
+
+    library.context().undo(); // one step each
+    settle();
+    EXPECT_EQ(library.business().taxExempt, !wasExempt);
+    library.context().undo();
+    settle();
+    EXPECT_EQ(library.business().taxExempt, wasExempt);
+    EXPECT_EQ(exempt.isChecked(), wasExempt);
+}
+
+TEST_F(SettingsSectionTest, keepsTheWordAboutAssistants)
+{
+    AssistantSettingsFile file(folder / "assistants.json");
+    static_cast<void>(file.change([](AssistantSettings& settings) {
+        settings.keepWaiting("Helper", Instant(std::chrono::seconds(1'700'000'000)));
+    }));
+    section.showPage("assistants");
+    auto& known = child<QTableWidget>(section, "knownAssistants");
+    ASSERT_EQ(known.rowCount(), 1);
+    known.selectRow(0);
+    child<QPushButton>(section, "allowAssistant").click();
+    child<QCheckBox>(section, "assistantsOn").click();
+    auto& access = child<QComboBox>(section, "assistantAccess");
+    access.setCurrentIndex(0);
+    Q_EMIT access.activated(0);
+
+    const AssistantSettings settings = AssistantSettingsFile(folder / "assistants.json").current();
+    EXPECT_TRUE(settings.isOn);
+    EXPECT_EQ(settings.access, AssistantAccess::readOnly);
+    ASSERT_NE(settings.find("Helper"), nullptr);
+    EXPECT_EQ(settings.find("Helper")->approval, AssistantApproval::allowed);
+}
+
+} // namespace
+
+} // namespace Quillary
