@@ -63,7 +63,7 @@ protected:
         environment = std::make_unique<AppEnvironment>();
         host = std::make_unique<PrintingHost>(*environment);
         host->startApplication(PrintingHost::Windows::shown);
-        desktop = std::make_unique<Desktop>(*environment, *host);
+        desktop = std::make_unique<Desktop>(*environment, *host, ProgramPlaces());
         service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
                                                                                .socket = folder / "socket",
                                                                                .settings = folder / "assistants.json",
