@@ -171,7 +171,7 @@ void ClientsSection::restore()
 {
     const ClientList& clients = m_model->clients();
     m_list->setCurrentIndex(clients.size() == 0 ? 1 : 0);
-    m_footer->setText(tr("%n client(s)", nullptr, m_model->rowCount()));
+    m_footer->setText(m_model->rowCount() == 1 ? tr("1 client") : tr("%1 clients").arg(m_model->rowCount()));
     if (!clients.place(m_chosen)) {
         m_chosen = m_model->rowCount() > 0 ? m_model->key(0) : 0;
     }
@@ -239,7 +239,7 @@ void ClientsSection::importFile()
         CSV csv(readFile(std::filesystem::path(utf8(file)), largestFile));
         auto* sheet = new ImportSheet(m_library, std::move(csv), QFileInfo(file).fileName(), this);
         connect(sheet, &ImportSheet::imported, this, [this](int count) {
-            Q_EMIT told(tr("%n client(s) imported.", nullptr, count));
+            Q_EMIT told(count == 1 ? tr("1 client was imported.") : tr("%1 clients were imported.").arg(count));
         });
         sheet->begin();
     } catch (const UserError& error) {

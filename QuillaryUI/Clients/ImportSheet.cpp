@@ -153,7 +153,9 @@ void ImportSheet::preview()
         summary = tr("Choose which column names the clients.");
     }
     m_summary->setText(summary);
-    answerButton().setText(fresh > 0 ? tr("Import %n Client(s)", nullptr, fresh) : tr("Import"));
+    answerButton().setText(fresh == 0   ? tr("Import")
+                           : fresh == 1 ? tr("Import 1 Client")
+                                        : tr("Import %1 Clients").arg(fresh));
     answerButton().setEnabled(fresh > 0);
 }
 
