@@ -57,7 +57,8 @@ std::optional<QString> ClientSheet::make()
     }
     if (const JSON* existing = result.data ? result.data->find("existing") : nullptr) {
         const JSON* name = existing->find("name");
-        return tr("%1 is there already. A name, an email address or a VAT ID of its own tells another client from them.")
+        return tr("%1 is there already. A name, an email address or a VAT ID of its own tells another client from "
+                  "them.")
             .arg(text(name != nullptr ? name->text().value_or("") : ""));
     }
     const JSON* client = result.data ? result.data->find("id") : nullptr;
