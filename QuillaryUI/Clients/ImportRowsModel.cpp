@@ -57,7 +57,7 @@ int ImportRowsModel::columnCount(const QModelIndex& parent) const
 
 QVariant ImportRowsModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= rowCount()) {
+    if (!m_import || !index.isValid() || index.row() >= rowCount()) {
         return {};
     }
     const ClientImport::Row& entry = m_import->rows()[static_cast<std::size_t>(index.row())];

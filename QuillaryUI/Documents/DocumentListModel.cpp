@@ -79,7 +79,6 @@ QVariant DocumentListModel::data(const QModelIndex& index, int role) const
     const DocumentRows::Row& row = m_rows.row(m_places[static_cast<std::size_t>(index.row())]);
     switch (role) {
     case Qt::DisplayRole:
-        return text(row, index.column());
     case Qt::ToolTipRole:
         return text(row, index.column());
     case Qt::TextAlignmentRole:

@@ -90,7 +90,7 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     reload();
 }
 
-void DocumentPane::build()
+void DocumentPane::buildActions()
 {
     m_pay = addAction(tr("Record Payment…"),
                       QStringLiteral("pay"),
@@ -118,7 +118,10 @@ void DocumentPane::build()
         m_menu->addAction(action);
     }
     m_menu->insertMenu(m_remove, m_statusMenu);
+}
 
+void DocumentPane::buildHead()
+{
     m_edit->setObjectName(QStringLiteral("editDraft"));
     connect(m_edit, &QPushButton::clicked, this, [this] { m_isEditing ? endEditing() : beginEditing(); });
     m_next->setObjectName(QStringLiteral("nextStep"));
@@ -142,6 +145,12 @@ void DocumentPane::build()
     head->addWidget(m_edit);
     head->addWidget(m_next);
     head->addWidget(m_more);
+}
+
+void DocumentPane::build()
+{
+    buildActions();
+    buildHead();
     m_locked->setWordWrap(true);
     m_locked->setContentsMargins(border, 0, border, border / 2);
     Theme::tint(*m_locked, palette().color(QPalette::PlaceholderText));

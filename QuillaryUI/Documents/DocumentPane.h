@@ -60,6 +60,8 @@ private:
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] bool isDraft() const;
     void build();
+    void buildActions();
+    void buildHead();
     QAction* addAction(const QString& text, const QString& name, const QKeySequence& keys, void (DocumentPane::*run)());
     void reload();
     void fillActions(const Document& document);

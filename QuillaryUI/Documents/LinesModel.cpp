@@ -211,7 +211,7 @@ bool LinesModel::setData(const QModelIndex& index, const QVariant& value, int ro
     return !apply(tr("Change Line"), JSON::object({{"change_lines", JSON::array({std::move(line)})}}));
 }
 
-std::optional<QString> LinesModel::apply(const QString& name, JSON arguments)
+std::optional<QString> LinesModel::apply(const QString& name, const JSON& arguments)
 {
     std::optional<QString> refusal = m_desk.change(name, arguments);
     Q_EMIT refused(refusal.value_or(QString()));

@@ -60,7 +60,7 @@ private:
 
     [[nodiscard]] QString text(const Line& line, int column) const;
     [[nodiscard]] QString editText(const Line& line, int column) const;
-    [[nodiscard]] std::optional<QString> apply(const QString& name, JSON arguments);
+    [[nodiscard]] std::optional<QString> apply(const QString& name, const JSON& arguments);
 
     DraftDesk& m_desk;
     std::vector<Line> m_lines;

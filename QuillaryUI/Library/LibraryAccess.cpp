@@ -19,7 +19,7 @@ LibraryAccess::LibraryAccess(PagePress& press, Formats formats, QObject* parent)
 
 void LibraryAccess::open(AssistantEnvironment environment)
 {
-    m_environment.emplace(std::move(environment));
+    m_environment = std::make_unique<AssistantEnvironment>(std::move(environment));
     m_subscription = context().onChanged([this](const ChangeSet& changes) {
         m_untold.push_back(changes);
         if (m_untold.size() == 1) {
@@ -41,7 +41,7 @@ void LibraryAccess::close()
 
 const AssistantEnvironment& LibraryAccess::environment() const
 {
-    precondition(m_environment.has_value(), "the library is asked while it is open");
+    precondition(m_environment != nullptr, "the library is asked while it is open");
     return *m_environment;
 }
 
@@ -50,7 +50,7 @@ Instant LibraryAccess::today() const
     return environment().calendar.startOfDay(now());
 }
 
-std::optional<QString> LibraryAccess::perform(const QString& name, const std::function<void()>& work)
+std::optional<QString> LibraryAccess::perform(const QString& name, const std::function<void()>& work) const
 {
     return attempt([&] {
         auto scope = context().beginScope(utf8(name));
@@ -59,7 +59,7 @@ std::optional<QString> LibraryAccess::perform(const QString& name, const std::fu
     });
 }
 
-std::optional<QString> LibraryAccess::attempt(const std::function<void()>& work)
+std::optional<QString> LibraryAccess::attempt(const std::function<void()>& work) const
 {
     if (!isOpen()) {
         return tr("Another Quillary is using the library at this moment. Try again in a second.");

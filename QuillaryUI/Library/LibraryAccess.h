@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -28,7 +29,7 @@ public:
     /// The library is there. What the environment borrows lives until `close`.
     void open(AssistantEnvironment environment);
     void close();
-    [[nodiscard]] bool isOpen() const { return m_environment.has_value(); }
+    [[nodiscard]] bool isOpen() const { return m_environment != nullptr; }
 
     // Only while it is open.
     [[nodiscard]] const AssistantEnvironment& environment() const;
@@ -43,10 +44,10 @@ public:
 
     /// One step that can be undone, under the name that the menu shows. No value: it is done and saved; else the sentence
     /// that says why not, and nothing has changed.
-    [[nodiscard]] std::optional<QString> perform(const QString& name, const std::function<void()>& work);
+    [[nodiscard]] std::optional<QString> perform(const QString& name, const std::function<void()>& work) const;
 
     /// The same for an operation that has a scope of its own.
-    [[nodiscard]] std::optional<QString> attempt(const std::function<void()>& work);
+    [[nodiscard]] std::optional<QString> attempt(const std::function<void()>& work) const;
 
 Q_SIGNALS:
     void opened();
@@ -59,7 +60,7 @@ private:
 
     PagePress& m_press;
     Formats m_formats;
-    std::optional<AssistantEnvironment> m_environment;
+    std::unique_ptr<AssistantEnvironment> m_environment; ///< null: the library is away
     Subscription m_subscription;
     std::vector<ChangeSet> m_untold;
 };

@@ -53,6 +53,9 @@ void TimeModel::reload()
     const auto entries = context.fetch<TimeEntry>("start >= ? AND \"end\" IS NOT NULL ORDER BY start DESC, id DESC",
                                                   m_start.value_or(Instant::min()));
     for (const TimeEntry* entry : entries) {
+        if (!entry->start || !entry->end) {
+            continue; // the query leaves none such
+        }
         const Client* client = context.find(entry->client);
         const Project* project = context.find(entry->project);
         add({.key = entry->ref.key(),

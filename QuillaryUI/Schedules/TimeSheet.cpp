@@ -111,7 +111,7 @@ std::int64_t TimeSheet::write()
 std::optional<QString> TimeSheet::record()
 {
     std::int64_t key = 0;
-    const auto refusal = m_library.perform(m_entry == 0 ? tr("Add Time") : tr("Change Time"), [&] { key = write(); });
+    auto refusal = m_library.perform(m_entry == 0 ? tr("Add Time") : tr("Change Time"), [&] { key = write(); });
     if (refusal) {
         return refusal;
     }

@@ -200,8 +200,8 @@ void AssistantsPage::refresh()
         return;
     }
     const AssistantSettings settings = m_file->current();
-    if (m_file->problem()) {
-        Q_EMIT failed(text(*m_file->problem()));
+    if (const auto problem = m_file->problem()) {
+        Q_EMIT failed(text(*problem));
     }
     const QSignalBlocker quiet(m_isOn);
     m_isOn->setChecked(settings.isOn);
