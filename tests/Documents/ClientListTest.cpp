@@ -23,7 +23,7 @@ struct ClientListTest : testing::Test, DocumentLibrary
 
     void owe(const Client& debtor, std::int64_t amount, const char* currency = "EUR")
     {
-        Document& made = invoice("1");
+        Document& made = document(DocumentKind::invoice, DocumentStatus::sent);
         made.client = debtor.ref;
         made.currencyCode = currency;
         made.cachedTotalMinorUnits = amount;
@@ -55,7 +55,7 @@ TEST_F(ClientListTest, addsUpWhatIsOpenByCurrency)
     owe(zoe, 500);
     owe(zoe, 700, "USD");
     owe(anton, 20'000);
-    invoice("2", DocumentStatus::draft).client = zoe.ref; // asks for nothing yet
+    document(DocumentKind::invoice, DocumentStatus::draft).client = zoe.ref; // asks for nothing yet
     document(DocumentKind::quote, DocumentStatus::sent).client = zoe.ref;
     list.load(context);
 
