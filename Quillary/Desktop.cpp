@@ -26,6 +26,7 @@ Desktop::Desktop(AppEnvironment& environment, PrintingHost& host, ProgramPlaces 
     , m_places(std::move(places))
     , m_library(host, Formats(environment.locale(), environment.calendar()))
 {
+    m_host.onFailure([this](const std::string& sentence) { window().warn(text(sentence)); });
 }
 
 void Desktop::didOpen(OpenLibrary& library)

@@ -1,6 +1,7 @@
 #include "Quillary/PrintingHost.h"
 
 #include "Quillary/AppEnvironment.h"
+#include "Quillary/ErrorOutput.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryUI/Printing/LogoImage.h"
@@ -52,15 +53,39 @@ bool openWithDesktop(const std::filesystem::path& file)
 
 } // namespace
 
+/// Qt can't be left by an exception: what nobody caught on the way is told, and the next event comes.
+class PrintingHost::WindowApplication final : public QApplication
+{
+public:
+    WindowApplication(int& count, char** values, const PrintingHost& host)
+        : QApplication(count, values)
+        , m_host(host)
+    {
+    }
+
+    bool notify(QObject* receiver, QEvent* event) override
+    {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const UserError& error) {
+            m_host.m_tellFailure(error.message());
+            return true;
+        }
+    }
+
+private:
+    const PrintingHost& m_host;
+};
+
 struct PrintingHost::Application
 {
     ProgramArguments arguments;
     std::unique_ptr<QGuiApplication> application;
 
-    explicit Application(Windows windows)
+    Application(Windows windows, const PrintingHost& host)
     {
         if (windows == Windows::shown) {
-            application = std::make_unique<QApplication>(arguments.count, arguments.values.data());
+            application = std::make_unique<WindowApplication>(arguments.count, arguments.values.data(), host);
         } else {
             application = std::make_unique<QGuiApplication>(arguments.count, arguments.values.data());
         }
@@ -69,6 +94,7 @@ struct PrintingHost::Application
 
 PrintingHost::PrintingHost(const AppEnvironment& environment)
     : m_environment(environment)
+    , m_tellFailure(ErrorOutput::writeLine)
 {
 }
 
@@ -83,7 +109,7 @@ void PrintingHost::startApplication(Windows windows)
     // What the web engine asks for when it is loaded later than Qt was started.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     const QuietMessages quiet; // a shell without a desktop lacks folders that Qt would remark on
-    m_application = std::make_unique<Application>(windows);
+    m_application = std::make_unique<Application>(windows, *this);
 }
 
 PagePrinter& PrintingHost::printer()
@@ -98,7 +124,7 @@ PagePrinter& PrintingHost::printer()
         // The module comes first where nothing has started Qt yet: it then prepares Qt's drawing itself.
         m_printer = loadPagePrinter(folders.modules);
         if (m_application == nullptr) {
-            m_application = std::make_unique<Application>(Windows::none);
+            m_application = std::make_unique<Application>(Windows::none, *this);
         }
     }
     return *m_printer;

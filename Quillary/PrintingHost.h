@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace Quillary {
 
@@ -34,6 +36,10 @@ public:
     /// Starts Qt's event loop's application for programs that stay, before anything is printed.
     void startApplication(Windows windows = Windows::none);
 
+    /// Who is told when something fails in the event loop of a program with windows, such as a disk that can't be read:
+    /// the program goes on.
+    void onFailure(std::function<void(const std::string& sentence)> tell) { m_tellFailure = std::move(tell); }
+
     /// Prints a page and waits for it. Throws: `UserError`.
     [[nodiscard]] Bytes printAndWait(PageJob job);
 
@@ -45,10 +51,12 @@ public:
 
 private:
     struct Application;
+    class WindowApplication;
     PagePrinter& printer();
     [[nodiscard]] PrintJob printJob(PageJob job) const;
 
     const AppEnvironment& m_environment;
+    std::function<void(const std::string& sentence)> m_tellFailure;
     std::unique_ptr<Application> m_application;
     std::unique_ptr<PagePrinter> m_printer; ///< goes before the application, whose events it lives on
 };

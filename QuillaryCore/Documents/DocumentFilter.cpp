@@ -1,11 +1,12 @@
 #include "QuillaryCore/Documents/DocumentFilter.h"
 
-#include "QuillaryCore/Foundation/CheckedInteger.h"
+#include "QuillaryCore/Documents/ListedFacts.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
-#include "QuillaryCore/Store/Columns.h"
 #include "QuillaryCore/Store/Context.h"
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <string_view>
@@ -14,32 +15,7 @@ namespace Quillary {
 
 namespace {
 
-constexpr std::string_view everything =
-    "SELECT id, kindRaw, statusRaw, dueDate, validUntil, cachedTotalMinorUnits, cachedPaidMinorUnits, "
-    "cachedLateFeesMinorUnits, client, project, tags FROM Document ORDER BY issueDate DESC, id DESC";
-/// Dates are whole numbers in the file, so the ends of their range stand for a missing bound.
-constexpr std::string_view ofPeriod =
-    "SELECT id, kindRaw, statusRaw, dueDate, validUntil, cachedTotalMinorUnits, cachedPaidMinorUnits, "
-    "cachedLateFeesMinorUnits, client, project, tags FROM Document WHERE issueDate >= ? AND issueDate < ? "
-    "ORDER BY issueDate DESC, id DESC";
-
-/// The columns of a row in a document that has nothing else.
-void read(const Statement& row, Document& facts, bool needsTags)
-{
-    facts.ref = Ref<Document>(row.integer(0));
-    Column<std::int16_t>::read(row, 1, facts.kindRaw);
-    Column<std::int16_t>::read(row, 2, facts.statusRaw);
-    facts.dueDate = row.instant(3);
-    facts.validUntil = row.instant(4);
-    facts.cachedTotalMinorUnits = row.integer(5);
-    facts.cachedPaidMinorUnits = row.integer(6);
-    facts.cachedLateFeesMinorUnits = row.integer(7);
-    facts.client = Ref<Client>(row.integer(8));
-    facts.project = Ref<Project>(row.integer(9));
-    if (needsTags) {
-        facts.tags = row.text(10);
-    }
-}
+constexpr std::string_view newestFirst = "ORDER BY issueDate DESC, id DESC";
 
 bool hasTag(const Document& document, const std::string& foldedTag)
 {
@@ -55,7 +31,10 @@ std::vector<Ref<Document>> DocumentFilter::find(Context& context, Instant today,
     const std::string wantedTag = folded(tag);
     Document facts;
     const auto visit = [&](const Statement& row) {
-        read(row, facts, !wantedTag.empty());
+        ListedFacts::read(row, facts);
+        if (!wantedTag.empty()) {
+            facts.tags = row.text(ListedFacts::tags);
+        }
         // The cheap questions first.
         const bool fits =
             (!kind || Quillary::kind(facts) == *kind) && (!client || facts.client == *client) &&
@@ -67,9 +46,15 @@ std::vector<Ref<Document>> DocumentFilter::find(Context& context, Instant today,
         }
     };
     if (start || end) {
-        context.query(ofPeriod, visit, start.value_or(Instant::min()), end.value_or(Instant::max()));
+        // Dates are whole numbers in the file, so the ends of their range stand for a missing bound.
+        context.query(fmt::format("{} FROM Document WHERE issueDate >= ? AND issueDate < ? {}",
+                                  ListedFacts::selection,
+                                  newestFirst),
+                      visit,
+                      start.value_or(Instant::min()),
+                      end.value_or(Instant::max()));
     } else {
-        context.query(everything, visit);
+        context.query(fmt::format("{} FROM Document {}", ListedFacts::selection, newestFirst), visit);
     }
     return found;
 }

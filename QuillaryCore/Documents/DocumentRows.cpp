@@ -1,12 +1,11 @@
 #include "QuillaryCore/Documents/DocumentRows.h"
 
-#include "QuillaryCore/Foundation/CheckedInteger.h"
+#include "QuillaryCore/Documents/ListedFacts.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientNames.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
-#include "QuillaryCore/Store/Columns.h"
 #include "QuillaryCore/Store/Context.h"
 
 #include <fmt/format.h>
@@ -21,28 +20,17 @@ namespace Quillary {
 
 namespace {
 
-constexpr std::string_view columns =
-    "SELECT id, kindRaw, statusRaw, dueDate, validUntil, cachedTotalMinorUnits, cachedPaidMinorUnits, "
-    "cachedLateFeesMinorUnits, client, project, tags, number, title, currencyCode, issueDate FROM Document";
+constexpr std::string_view furtherColumns = ", number, title, currencyCode, issueDate FROM Document";
+/// A document whose kind can't be read is treated as an invoice everywhere.
+constexpr std::string_view ofKind = "WHERE (kindRaw = ?1 OR (?1 = 0 AND kindRaw NOT IN (0, 1, 2, 3)))";
 
-/// The columns of a row in a document that has nothing else.
-void readFacts(const Statement& row, Document& facts)
+void readFurther(const Statement& row, Document& facts)
 {
-    facts.ref = Ref<Document>(row.integer(0));
-    Column<std::int16_t>::read(row, 1, facts.kindRaw);
-    Column<std::int16_t>::read(row, 2, facts.statusRaw);
-    facts.dueDate = row.instant(3);
-    facts.validUntil = row.instant(4);
-    facts.cachedTotalMinorUnits = row.integer(5);
-    facts.cachedPaidMinorUnits = row.integer(6);
-    facts.cachedLateFeesMinorUnits = row.integer(7);
-    facts.client = Ref<Client>(row.integer(8));
-    facts.project = Ref<Project>(row.integer(9));
-    facts.tags = row.text(10);
-    facts.number = row.text(11);
-    facts.title = row.text(12);
-    facts.currencyCode = row.text(13);
-    facts.issueDate = row.instant(14);
+    facts.tags = row.text(ListedFacts::tags);
+    facts.number = row.text(ListedFacts::count);
+    facts.title = row.text(ListedFacts::count + 1);
+    facts.currencyCode = row.text(ListedFacts::count + 2);
+    facts.issueDate = row.instant(ListedFacts::count + 3);
 }
 
 std::string foldedTagText(const Document& facts)
@@ -185,7 +173,7 @@ void DocumentRows::load(Context& context, Instant today, const Calendar& calenda
 {
     clear();
     const std::int64_t most = limit ? static_cast<std::int64_t>(*limit) : -1;
-    read(context, "WHERE kindRaw = ?1 ORDER BY issueDate DESC, id DESC LIMIT ?2", most, today, calendar);
+    read(context, "ORDER BY issueDate DESC, id DESC LIMIT ?2", most, today, calendar);
     m_isWhole = !limit || m_rows.size() < *limit;
     index();
 }
@@ -196,9 +184,10 @@ void DocumentRows::read(
     Document facts;
     std::vector<Row> rows;
     context.query(
-        fmt::format("{} {}", columns, condition),
+        fmt::format("{}{} {} {}", ListedFacts::selection, furtherColumns, ofKind, condition),
         [&](const Statement& row) {
-            readFacts(row, facts);
+            ListedFacts::read(row, facts);
+            readFurther(row, facts);
             rows.push_back(rowOf(facts, today, calendar));
         },
         static_cast<std::int16_t>(m_kind),
@@ -224,14 +213,14 @@ bool DocumentRows::update(Context& context, const ChangeSet& changes, Instant to
     if (keys.empty() && documents.deleted.empty()) {
         return false;
     }
+    std::ranges::sort(keys);
+    keys.erase(std::ranges::unique(keys).begin(), keys.end());
     const std::size_t before = m_rows.size();
     std::erase_if(m_rows, [&](const Row& row) {
-        return std::ranges::binary_search(documents.deleted, row.key) || std::ranges::find(keys, row.key) != keys.end();
+        return std::ranges::binary_search(documents.deleted, row.key) || std::ranges::binary_search(keys, row.key);
     });
     const bool hasLost = m_rows.size() != before;
     const std::size_t kept = m_rows.size();
-    std::ranges::sort(keys);
-    keys.erase(std::ranges::unique(keys).begin(), keys.end());
     reload(context, keys, today, calendar);
     if (!hasLost && m_rows.size() == kept) {
         return false; // of other kinds, all of them
@@ -244,7 +233,7 @@ void DocumentRows::reload(Context& context, std::span<const Key> keys, Instant t
 {
     const auto kept = static_cast<std::ptrdiff_t>(m_rows.size());
     for (const Key key : keys) {
-        read(context, "WHERE kindRaw = ?1 AND id = ?2", key, today, calendar);
+        read(context, "AND id = ?2", key, today, calendar);
     }
     std::sort(m_rows.begin() + kept, m_rows.end(), isNewer);
     std::inplace_merge(m_rows.begin(), m_rows.begin() + kept, m_rows.end(), isNewer);

@@ -2,6 +2,7 @@
 
 #include "QuillaryUI/Catalog/RecordListModel.h"
 #include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QHBoxLayout>
@@ -21,7 +22,6 @@ namespace Quillary {
 
 namespace {
 
-constexpr int rowHeight = 32;
 constexpr int border = 12;
 constexpr int listWidth = 560;
 constexpr int widest = 720;
@@ -63,19 +63,8 @@ RecordPanel::~RecordPanel() = default;
 
 void RecordPanel::build()
 {
-    m_table->setObjectName(QStringLiteral("recordList"));
-    m_table->setAccessibleName(m_texts.title);
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setSelectionMode(QTableView::SingleSelection);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    Lists::dress(*m_table, QStringLiteral("recordList"), m_texts.title, 0);
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
 
@@ -85,15 +74,7 @@ void RecordPanel::build()
     column->setSpacing(0);
     column->addWidget(buildBar());
     column->addWidget(m_list, 1);
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->setChildrenCollapsible(false);
-    split->addWidget(left);
-    split->addWidget(buildForm());
-    split->setSizes({listWidth, listWidth + listWidth / 4});
-    split->setStretchFactor(1, 1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(split);
+    Lists::beside(*this, QStringLiteral("listAndRecord"), left, listWidth, buildForm(), listWidth + (listWidth / 4));
 }
 
 QWidget* RecordPanel::buildBar()

@@ -14,6 +14,7 @@
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Look/Choices.h"
 #include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Look/Lists.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -29,7 +30,6 @@ namespace {
 
 constexpr int border = 24;
 constexpr int widest = 720;
-constexpr int rowHeight = 32;
 constexpr int documentsHeight = 240;
 
 const QString isPerson = QStringLiteral("is_person");
@@ -168,18 +168,9 @@ void ClientDetails::addFields()
 QTableView* ClientDetails::buildDocuments()
 {
     auto* table = new QTableView(this);
-    table->setObjectName(QStringLiteral("clientDocuments"));
-    table->setAccessibleName(tr("Documents of this client"));
     table->setModel(m_documents);
-    table->setSelectionBehavior(QTableView::SelectRows);
-    table->setSelectionMode(QTableView::SingleSelection);
-    table->setShowGrid(false);
-    table->setTabKeyNavigation(false);
+    Lists::dress(*table, QStringLiteral("clientDocuments"), tr("Documents of this client"), 0);
     table->setFixedHeight(documentsHeight);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     connect(table, &QTableView::activated, this, [this](const QModelIndex& index) {
         Q_EMIT wantedDocument(m_documents->key(index.row()));

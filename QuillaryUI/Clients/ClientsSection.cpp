@@ -9,6 +9,7 @@
 #include "QuillaryUI/Clients/ClientListModel.h"
 #include "QuillaryUI/Clients/ImportSheet.h"
 #include "QuillaryUI/Documents/ClientSheet.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QFileDialog>
@@ -29,7 +30,6 @@ namespace Quillary {
 
 namespace {
 
-constexpr int rowHeight = 32;
 constexpr int border = 12;
 constexpr int listWidth = 560;
 constexpr int openColumn = 3;
@@ -68,23 +68,11 @@ ClientsSection::ClientsSection(LibraryAccess& library, QWidget* parent)
 
 void ClientsSection::build()
 {
-    m_table->setObjectName(QStringLiteral("clientList"));
-    m_table->setAccessibleName(tr("Clients"));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setSelectionMode(QTableView::SingleSelection);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
+    Lists::dress(*m_table, QStringLiteral("clientList"), tr("Clients"), 0);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(0, Qt::AscendingOrder);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_table->horizontalHeader()->resizeSection(openColumn, listWidth / 4);
-    m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
 
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
@@ -98,16 +86,7 @@ void ClientsSection::build()
     column->addWidget(m_list, 1);
     column->addWidget(m_footer);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->setObjectName(QStringLiteral("listAndClient"));
-    split->setChildrenCollapsible(false);
-    split->addWidget(left);
-    split->addWidget(m_details);
-    split->setSizes({listWidth, listWidth + listWidth / 4});
-    split->setStretchFactor(1, 1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(split);
+    Lists::beside(*this, QStringLiteral("listAndClient"), left, listWidth, m_details, listWidth + (listWidth / 4));
 }
 
 QWidget* ClientsSection::buildBar()

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Tabular/ClientImport.h"
 #include "QuillaryUI/Clients/ImportRowsModel.h"
+#include "QuillaryUI/Look/Lists.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -25,7 +26,7 @@ namespace {
 constexpr int widest = 1040;
 constexpr int columnsWidth = 336;
 constexpr int tableHeight = 420;
-constexpr int rowHeight = 28;
+constexpr int precision = 30;            ///< rows that a column's width is taken from
 constexpr std::size_t mostColumns = 100; ///< a list with more is no list of clients
 
 QString fieldTitle(ClientField field)
@@ -63,19 +64,11 @@ ImportSheet::ImportSheet(LibraryAccess& library, CSV csv, const QString& fileNam
     setExplanation(tr("What each column holds was told by its heading or its contents. Clients that are there already "
                       "are left out."));
     auto* table = new QTableView(this);
-    table->setObjectName(QStringLiteral("importRows"));
-    table->setAccessibleName(tr("Rows of the file"));
     table->setModel(m_rows);
-    table->setSelectionBehavior(QTableView::SelectRows);
-    table->setShowGrid(false);
-    table->setTabKeyNavigation(false);
     table->setMinimumHeight(tableHeight);
-    table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->verticalHeader()->setDefaultSectionSize(rowHeight);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table->horizontalHeader()->setSectionResizeMode(ImportRowsModel::remarks, QHeaderView::Stretch);
-    table->horizontalHeader()->setResizeContentsPrecision(rowHeight); // not over thousands of rows
+    Lists::dress(*table, QStringLiteral("importRows"), tr("Rows of the file"), ImportRowsModel::remarks);
+    table->horizontalHeader()->setResizeContentsPrecision(precision);
 
     auto* middle = new QHBoxLayout;
     middle->setSpacing(16);

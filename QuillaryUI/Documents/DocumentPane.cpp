@@ -21,6 +21,7 @@
 #include "QuillaryUI/Documents/PaymentSheet.h"
 #include "QuillaryUI/Documents/ReminderSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Library/DocumentPage.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
@@ -61,8 +62,8 @@ QLabel* label(QWidget* parent, const char* name, double size, bool isBold)
 DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     : QWidget(parent)
     , m_library(library)
-    , m_page(new LivePage(library.press(), this))
     , m_paper(new PaperView(library.press(), this))
+    , m_page(new LivePage(library.press(), *m_paper))
     , m_editor(new DraftEditor(library, this))
     , m_split(new QSplitter(Qt::Horizontal, this))
     , m_name(label(this, "documentName", 1.3, true))
@@ -78,11 +79,6 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
 {
     setObjectName(QStringLiteral("documentPane"));
     build();
-    connect(m_page, &LivePage::ready, this, [this](const Bytes& pdf, int pageCount, bool isSame) {
-        m_paper->setPDF(pdf, pageCount, isSame ? PaperView::Place::kept : PaperView::Place::top);
-    });
-    connect(m_page, &LivePage::failed, m_paper, &PaperView::setNotice);
-    connect(m_page, &LivePage::cleared, m_paper, &PaperView::clear);
     connect(m_editor, &DraftEditor::wantedClient, this, &DocumentPane::askForClient);
     connect(&library, &LibraryAccess::changed, this, &DocumentPane::reload);
     connect(&library, &LibraryAccess::opened, this, &DocumentPane::reload);
@@ -202,16 +198,7 @@ void DocumentPane::setDocument(std::int64_t key)
     }
     endEditing();
     m_document = key;
-    m_page->clear();
-    if (key != 0) {
-        m_page->show([this, key]() -> std::optional<PageJob> {
-            const Document* document = m_library.isOpen() ? m_library.context().find(Ref<Document>(key)) : nullptr;
-            if (document == nullptr) {
-                return std::nullopt;
-            }
-            return pageJob(m_library.context(), *document, m_library.business(), m_library.formats().calendar());
-        });
-    }
+    m_page->show(documentPage(m_library, key));
     reload();
 }
 

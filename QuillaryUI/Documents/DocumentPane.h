@@ -83,8 +83,8 @@ private:
     LibraryAccess& m_library;
     std::int64_t m_document = 0;
     bool m_isEditing = false;
-    LivePage* m_page;
     PaperView* m_paper;
+    LivePage* m_page;
     DraftEditor* m_editor;
     QSplitter* m_split;
     QLabel* m_name;

@@ -6,6 +6,7 @@
 #include "QuillaryUI/Documents/DocumentListModel.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QComboBox>
@@ -20,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -27,7 +29,6 @@ namespace Quillary {
 
 namespace {
 
-constexpr int rowHeight = 32;
 constexpr int border = 12;
 constexpr int listWidth = 680;
 constexpr int numberWidth = 100;
@@ -126,26 +127,15 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
 
 void DocumentsSection::build()
 {
-    m_table->setObjectName(QStringLiteral("documentList"));
-    m_table->setAccessibleName(StatusText::kinds(m_kind));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
+    Lists::dress(*m_table, QStringLiteral("documentList"), StatusText::kinds(m_kind), 1);
     m_table->setSelectionMode(QTableView::ExtendedSelection);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(2, Qt::DescendingOrder);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     m_table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     for (int column = 0; column < m_model->columnCount(); ++column) {
         m_table->setColumnWidth(column, columnWidth(*m_model, column));
     }
-    m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
 
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
@@ -158,16 +148,7 @@ void DocumentsSection::build()
     column->addWidget(m_list, 1);
     column->addWidget(m_footer);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->setObjectName(QStringLiteral("listAndDocument"));
-    split->setChildrenCollapsible(false);
-    split->addWidget(m_left);
-    split->addWidget(m_pane);
-    split->setSizes({listWidth, listWidth});
-    split->setStretchFactor(1, 1);
-    auto* whole = new QVBoxLayout(this);
-    whole->setContentsMargins(0, 0, 0, 0);
-    whole->addWidget(split);
+    Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_pane, listWidth);
 }
 
 QWidget* DocumentsSection::buildBar()
@@ -293,6 +274,9 @@ void DocumentsSection::restore()
         m_chosen = 0;
         m_pane->setDocument(0);
     }
+    std::vector<int> all(static_cast<std::size_t>(m_model->rowCount()));
+    std::iota(all.begin(), all.end(), 0);
+    m_sumOfAll = m_model->sum(all);
     showSums();
 }
 
@@ -300,16 +284,10 @@ void DocumentsSection::showSums()
 {
     const QModelIndexList chosen = m_table->selectionModel()->selectedRows();
     std::vector<int> rows;
-    if (chosen.size() > 1) {
-        for (const QModelIndex& index : chosen) {
-            rows.push_back(index.row());
-        }
-    } else {
-        for (int row = 0; row < m_model->rowCount(); ++row) {
-            rows.push_back(row);
-        }
+    for (const QModelIndex& index : chosen) {
+        rows.push_back(index.row());
     }
-    const DocumentRows::Sum sum = m_model->sum(rows);
+    const DocumentRows::Sum sum = chosen.size() > 1 ? m_model->sum(rows) : m_sumOfAll;
     QString footer = chosen.size() > 1 ? tr("%1 selected").arg(sum.count)
                      : sum.count == 1  ? tr("1 document")
                                        : tr("%1 documents").arg(sum.count);

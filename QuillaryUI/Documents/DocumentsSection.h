@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QuillaryCore/Billing/DisplayStatus.h"
+#include "QuillaryCore/Documents/DocumentRows.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
@@ -64,6 +65,7 @@ private:
     QLabel* m_footer;
     DocumentPane* m_pane;
     std::int64_t m_chosen = 0;
+    DocumentRows::Sum m_sumOfAll; ///< of what the list shows
     bool m_isRestoring = false;
 };
 

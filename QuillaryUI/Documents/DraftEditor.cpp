@@ -50,19 +50,10 @@ QLabel* heading(const QString& text)
     return label;
 }
 
-/// A field that has the keyboard is not written over.
-void put(QLineEdit& field, const QString& text)
+/// Saving trims a text: while somebody types, the blank that they have just typed is theirs.
+bool differs(const QString& shown, const QString& stored, bool isTyping)
 {
-    if (field.text() != text && !field.hasFocus()) {
-        field.setText(text);
-    }
-}
-
-void put(QPlainTextEdit& field, const QString& text)
-{
-    if (field.toPlainText() != text && !field.hasFocus()) {
-        field.setPlainText(text);
-    }
+    return isTyping ? shown.trimmed() != stored.trimmed() : shown != stored;
 }
 
 QString discountText(const Discount& discount, const Document& draft, const Formats& formats)
@@ -274,9 +265,38 @@ void DraftEditor::setDocument(std::int64_t key)
     flush();
     m_desk.setDocument(key);
     for (auto& [field, label] : m_errors) {
+        label->clear();
         label->hide();
     }
+    m_isOther = true; // nothing that stands in the fields belongs to it
     reload();
+    m_isOther = false;
+}
+
+/// What was typed and not saved yet, or refused, stays.
+bool DraftEditor::isKept(const QWidget& field) const
+{
+    const std::string name = utf8(field.objectName());
+    const auto error = m_errors.find(name);
+    return !m_isOther && (m_unsaved.contains(name) || (error != m_errors.end() && !error->second->text().isEmpty()));
+}
+
+void DraftEditor::put(QLineEdit& field, const QString& text)
+{
+    // Fields that are saved when one leaves them are being typed into until then.
+    const bool isTyping = !m_isOther && field.hasFocus();
+    const bool isLeftLater = &field == m_serviceDate || &field == m_discount || &field == m_currency;
+    if (!isKept(field) && !(isTyping && isLeftLater && field.isModified()) && differs(field.text(), text, isTyping)) {
+        field.setText(text);
+    }
+}
+
+void DraftEditor::put(QPlainTextEdit& field, const QString& text)
+{
+    const bool isTyping = !m_isOther && field.hasFocus();
+    if (!isKept(field) && differs(field.toPlainText(), text, isTyping)) {
+        field.setPlainText(text);
+    }
 }
 
 void DraftEditor::reload()
@@ -296,15 +316,15 @@ void DraftEditor::fill()
     const Document& draft = *m_desk.document();
     const Formats& formats = m_desk.library().formats();
     Context& context = m_desk.library().context();
-    if (!m_client->hasFocus() || m_client->client() != draft.client.key()) {
+    if (m_isOther || !m_client->hasFocus() || m_client->client() != draft.client.key()) {
         m_client->setClient(draft.client.key());
     }
-    if (draft.issueDate && !m_unsaved.contains("issue_date")) {
+    if (draft.issueDate && !isKept(*m_issueDate)) {
         m_issueDate->setDate(formats.qDate(*draft.issueDate));
     }
     const bool isQuote = kind(draft) == DocumentKind::quote;
     m_terms->setEnabled(!isQuote);
-    if (!m_unsaved.contains("payment_terms_days")) {
+    if (!isKept(*m_terms)) {
         m_terms->setValue(draft.paymentTermsDays);
     }
     put(*m_serviceDate, ServiceDateText::of(draft, formats));

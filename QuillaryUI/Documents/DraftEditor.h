@@ -58,6 +58,9 @@ private:
     void fill();
     void fillReview();
     void fillTotals();
+    [[nodiscard]] bool isKept(const QWidget& field) const;
+    void put(QLineEdit& field, const QString& text);
+    void put(QPlainTextEdit& field, const QString& text);
     void typed(const std::string& field, std::function<JSON()> value);
     void change(const std::string& field, JSON value);
     void changeTax(int choice);
@@ -69,7 +72,8 @@ private:
     DraftDesk m_desk;
     LinesModel* m_lines;
     bool m_isFilling = false;
-    QTimer m_pause; ///< after the last key
+    bool m_isOther = false; ///< another document is being shown
+    QTimer m_pause;         ///< after the last key
     std::map<std::string, std::function<JSON()>> m_unsaved;
 
     ClientPicker* m_client = nullptr;

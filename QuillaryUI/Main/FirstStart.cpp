@@ -64,14 +64,10 @@ FirstStart::FirstStart(LibraryAccess& library, QWidget* parent)
     , m_design(new QComboBox(this))
     , m_error(new QLabel(this))
     , m_paper(new PaperView(library.press(), this))
-    , m_page(new LivePage(library.press(), this))
+    , m_page(new LivePage(library.press(), *m_paper))
 {
     setObjectName(QStringLiteral("firstStart"));
     build();
-    connect(m_page, &LivePage::ready, this, [this](const Bytes& pdf, int pageCount, bool isSame) {
-        m_paper->setPDF(pdf, pageCount, isSame ? PaperView::Place::kept : PaperView::Place::top);
-    });
-    connect(m_page, &LivePage::failed, m_paper, &PaperView::setNotice);
     m_pause.setSingleShot(true);
     m_pause.setInterval(pause);
     connect(&m_pause, &QTimer::timeout, m_page, &LivePage::refresh);

@@ -1,43 +1,52 @@
 #include "QuillaryUI/Paper/LivePage.h"
 
+#include "QuillaryUI/Paper/PaperView.h"
+
+#include <QEvent>
 #include <QPointer>
+#include <QTimer>
 
 #include <utility>
 #include <variant>
 
 namespace Quillary {
 
-LivePage::LivePage(PagePress& press, QObject* parent)
-    : QObject(parent)
+LivePage::LivePage(PagePress& press, PaperView& view)
+    : QObject(&view)
     , m_press(press)
+    , m_view(view)
 {
+    view.installEventFilter(this);
 }
 
 void LivePage::show(Source source)
 {
     m_source = std::move(source);
     m_turn += 1;
+    m_view.clear();
     refresh();
 }
 
 void LivePage::refresh()
 {
     m_isStale = true;
-    if (!m_isPrinting && m_source) {
-        start();
+    startIfSeen();
+}
+
+/// What was asked for while nobody looked is printed as soon as somebody does: after the window is on the screen.
+bool LivePage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &m_view && event->type() == QEvent::Show && m_isStale) {
+        QTimer::singleShot(0, this, &LivePage::startIfSeen);
     }
+    return QObject::eventFilter(watched, event);
 }
 
-void LivePage::clear()
+void LivePage::startIfSeen()
 {
-    m_source = nullptr;
-    m_turn += 1;
-    m_isStale = false;
-    Q_EMIT cleared();
-}
-
-void LivePage::start()
-{
+    if (m_isPrinting || !m_isStale || !m_source || !m_view.isVisible()) {
+        return;
+    }
     m_isStale = false;
     std::optional<PageJob> job = m_source();
     if (!job) {
@@ -55,17 +64,15 @@ void LivePage::finish(std::uint64_t turn, PrintResult result)
 {
     m_isPrinting = false;
     if (turn == m_turn) {
-        if (const auto* pdf = std::get_if<PrintedPDF>(&result)) {
-            const bool isSame = m_shownTurn == turn;
+        if (auto* pdf = std::get_if<PrintedPDF>(&result)) {
+            const auto place = m_shownTurn == turn ? PaperView::Place::kept : PaperView::Place::top;
             m_shownTurn = turn;
-            Q_EMIT ready(pdf->bytes, pdf->pageCount, isSame);
+            m_view.setPDF(std::move(pdf->bytes), pdf->pageCount, place);
         } else {
-            Q_EMIT failed(QString::fromStdString(std::get<PrintError>(result).message()));
+            m_view.setNotice(QString::fromStdString(std::get<PrintError>(result).message()));
         }
     }
-    if (m_isStale && m_source) {
-        start();
-    }
+    startIfSeen();
 }
 
 } // namespace Quillary

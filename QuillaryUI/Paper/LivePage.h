@@ -3,7 +3,6 @@
 #include "QuillaryUI/Paper/PagePress.h"
 
 #include <QObject>
-#include <QString>
 
 #include <cstdint>
 #include <functional>
@@ -11,8 +10,11 @@
 
 namespace Quillary {
 
-/// The page of one document as it is now: printed anew whenever somebody asks, one job at a time. While one is printed
-/// only the newest wish waits, so that fast typing never queues up pages that nobody will see.
+class PaperView;
+
+/// The page of one document as it is now, in a view: printed anew whenever somebody asks, one job at a time. While one is
+/// printed only the newest wish waits, so that fast typing never queues up pages that nobody will see; and while the view
+/// is hidden nothing is printed at all.
 class LivePage : public QObject
 {
     Q_OBJECT
@@ -21,28 +23,24 @@ public:
     /// Makes the job when the printer is free. No value: there is nothing to show.
     using Source = std::function<std::optional<PageJob>()>;
 
-    explicit LivePage(PagePress& press, QObject* parent = nullptr);
+    /// `view` shows the page, and is this object's parent.
+    LivePage(PagePress& press, PaperView& view);
 
-    /// Shows another document; what was printed of the one before is dropped.
+    /// Shows another document; what was printed of the one before is dropped. An empty source shows nothing.
     void show(Source source);
 
     /// The same document has changed.
     void refresh();
 
-    /// Shows nothing.
-    void clear();
-
-Q_SIGNALS:
-    /// A page is ready. `isSame`: it is the document that was shown before, so the view stays where it is.
-    void ready(const Bytes& pdf, int pageCount, bool isSame);
-    void failed(const QString& sentence);
-    void cleared();
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void start();
+    void startIfSeen();
     void finish(std::uint64_t turn, PrintResult result);
 
     PagePress& m_press;
+    PaperView& m_view;
     Source m_source;
     std::uint64_t m_turn = 0; ///< of the document that is shown
     std::uint64_t m_shownTurn = 0;

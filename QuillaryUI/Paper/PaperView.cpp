@@ -16,8 +16,6 @@ constexpr int gap = 16;
 /// Wider, a page is no easier to read.
 constexpr int widestPaper = 920;
 constexpr int narrowestPaper = 120;
-/// Beyond these a document is long, and its first pages are what one looks at; the PDF has them all.
-constexpr int mostPages = 40;
 constexpr int shadowDepth = 6;
 constexpr int redrawDelay = 120;
 /// A4, until a page has been drawn.
@@ -43,15 +41,16 @@ PaperView::PaperView(PagePress& press, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalScrollBar()->setSingleStep(40);
     m_redraw.setSingleShot(true);
-    connect(&m_redraw, &QTimer::timeout, this, &PaperView::draw);
+    connect(&m_redraw, &QTimer::timeout, this, &PaperView::forgetDrawing);
 }
 
 void PaperView::setPDF(Bytes pdf, int pageCount, Place place)
 {
     m_pdf = std::move(pdf);
-    m_pageCount = std::min(pageCount, mostPages);
     m_notice.clear();
-    draw();
+    m_pages.resize(static_cast<std::size_t>(std::max(pageCount, 0)));
+    forgetDrawing();
+    layOut();
     if (place == Place::top) {
         verticalScrollBar()->setValue(0);
     }
@@ -61,7 +60,7 @@ void PaperView::clear()
 {
     m_pdf.clear();
     m_pages.clear();
-    m_pageCount = 0;
+    m_notice.clear();
     layOut();
     viewport()->update();
 }
@@ -72,25 +71,27 @@ void PaperView::setNotice(const QString& notice)
     viewport()->update();
 }
 
-/// All or nothing: a page that can't be drawn leaves what stood there.
-void PaperView::draw()
+void PaperView::forgetDrawing()
 {
-    std::vector<QImage> pages;
-    try {
-        for (int page = 0; page < m_pageCount; ++page) {
-            const PagePicture picture =
-                m_press.picture(m_pdf, page, qRound(paperWidth() * viewport()->devicePixelRatioF()));
-            QImage image = QImage(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGBX8888).copy();
-            image.setDevicePixelRatio(viewport()->devicePixelRatioF());
-            pages.push_back(std::move(image));
-        }
-    } catch (const PrintError& error) {
-        setNotice(QString::fromStdString(error.message()));
-        return;
+    for (Page& page : m_pages) {
+        page.isDrawn = false;
     }
-    m_pages = std::move(pages);
-    layOut();
     viewport()->update();
+}
+
+/// A page that can't be drawn keeps what stood there, and the reason is told.
+void PaperView::draw(int index)
+{
+    Page& page = m_pages[static_cast<std::size_t>(index)];
+    page.isDrawn = true;
+    try {
+        const double ratio = viewport()->devicePixelRatioF();
+        const PagePicture picture = m_press.picture(m_pdf, index, qRound(paperWidth() * ratio));
+        page.image = QImage(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGBX8888).copy();
+        page.image.setDevicePixelRatio(ratio);
+    } catch (const PrintError& error) {
+        m_notice = QString::fromStdString(error.message());
+    }
 }
 
 int PaperView::paperWidth() const
@@ -98,17 +99,18 @@ int PaperView::paperWidth() const
     return std::clamp(viewport()->width() - 2 * margin, narrowestPaper, widestPaper);
 }
 
-int PaperView::pageHeight(int page) const
+/// A page that wasn't drawn yet is as high as the first: a document is printed on one kind of paper.
+int PaperView::pageHeight(const Page& page) const
 {
-    const QImage& image = m_pages[static_cast<std::size_t>(page)];
-    return image.width() > 0 ? qRound(double(paperWidth()) * image.height() / image.width())
-                             : qRound(paperWidth() * usualShape);
+    const QImage& image = page.image.isNull() ? m_pages.front().image : page.image;
+    return image.isNull() ? qRound(paperWidth() * usualShape)
+                          : qRound(double(paperWidth()) * image.height() / image.width());
 }
 
 void PaperView::layOut()
 {
     int height = margin;
-    for (int page = 0; page < int(m_pages.size()); ++page) {
+    for (const Page& page : m_pages) {
         height += pageHeight(page) + gap;
     }
     height += margin - gap;
@@ -120,9 +122,7 @@ void PaperView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     layOut();
-    if (m_pageCount > 0) {
-        m_redraw.start(redrawDelay);
-    }
+    m_redraw.start(redrawDelay);
 }
 
 void PaperView::paintEvent(QPaintEvent* /*event*/)
@@ -132,13 +132,18 @@ void PaperView::paintEvent(QPaintEvent* /*event*/)
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     const int left = (viewport()->width() - paperWidth()) / 2;
     int top = margin - verticalScrollBar()->value();
-    for (int page = 0; page < int(m_pages.size()); ++page) {
-        const QRect paper(left, top, paperWidth(), pageHeight(page));
-        if (paper.intersects(viewport()->rect())) {
-            drawShadow(painter, paper);
-            painter.drawImage(paper, m_pages[static_cast<std::size_t>(page)]);
+    for (std::size_t index = 0; index < m_pages.size(); ++index) {
+        const QRect place(left, top, paperWidth(), pageHeight(m_pages[index]));
+        if (place.intersects(viewport()->rect())) {
+            if (!m_pages[index].isDrawn) {
+                draw(int(index));
+                QTimer::singleShot(0, this, &PaperView::layOut); // its shape is known now
+            }
+            drawShadow(painter, place);
+            painter.fillRect(place, Qt::white);
+            painter.drawImage(place, m_pages[index].image);
         }
-        top += paper.height() + gap;
+        top += place.height() + gap;
     }
     if (!m_notice.isEmpty()) {
         painter.setPen(palette().color(QPalette::WindowText));

@@ -10,8 +10,8 @@
 
 namespace Quillary {
 
-/// The pages of a PDF on the desk: as wide as there is room, drawn for the screen's own pixels. Exchanging the PDF leaves
-/// the view where it is and shows the old pages until the new ones are drawn.
+/// The pages of a PDF on the desk: as wide as there is room, drawn for the screen's own pixels when they are seen, so that
+/// a long document costs no more than a short one. Exchanging the PDF leaves the view where it is.
 class PaperView : public QAbstractScrollArea
 {
     Q_OBJECT
@@ -33,15 +33,21 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void draw();
+    struct Page
+    {
+        QImage image;         ///< of the PDF before, until the new one's is drawn
+        bool isDrawn = false; ///< for this PDF and width
+    };
+
+    void forgetDrawing();
+    void draw(int index);
     void layOut();
     [[nodiscard]] int paperWidth() const;
-    [[nodiscard]] int pageHeight(int page) const;
+    [[nodiscard]] int pageHeight(const Page& page) const;
 
     PagePress& m_press;
     Bytes m_pdf;
-    int m_pageCount = 0;
-    std::vector<QImage> m_pages;
+    std::vector<Page> m_pages;
     QString m_notice;
     QTimer m_redraw; ///< after a resize
 };

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Tabular/CSVWriter.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Reports/ReportModel.h"
 #include "QuillaryUI/Reports/ReportPicker.h"
@@ -29,7 +30,6 @@ namespace {
 
 constexpr int border = 24;
 constexpr int gap = 12;
-constexpr int rowHeight = 32;
 constexpr int settling = 60; ///< milliseconds
 constexpr int widestColumn = 320;
 constexpr int columnGap = 24;
@@ -72,20 +72,11 @@ void ReportsSection::build()
     m_message->setAlignment(Qt::AlignCenter);
     m_message->setWordWrap(true);
 
-    m_table->setObjectName(QStringLiteral("reportTable"));
-    m_table->setAccessibleName(tr("Report"));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
+    Lists::dress(*m_table, QStringLiteral("reportTable"), tr("Report"), std::nullopt);
+    m_table->setSelectionMode(QTableView::ExtendedSelection);
     m_table->setAlternatingRowColors(true);
-    m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
     m_table->setHorizontalScrollMode(QTableView::ScrollPerPixel);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    m_table->horizontalHeader()->setHighlightSections(false);
 
     m_pages->addWidget(m_table);
     m_pages->addWidget(m_message);

@@ -8,6 +8,7 @@
 #include "QuillaryCore/Schedules/RecurringInvoices.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Library/DocumentPage.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
@@ -34,16 +35,11 @@ RecurringPane::RecurringPane(LibraryAccess& library, QWidget* parent)
     , m_schedule(new QLabel(this))
     , m_dates(new QLabel(this))
     , m_pause(new QPushButton(this))
-    , m_page(new LivePage(library.press(), this))
     , m_paper(new PaperView(library.press(), this))
+    , m_page(new LivePage(library.press(), *m_paper))
 {
     setObjectName(QStringLiteral("recurringPane"));
     build();
-    connect(m_page, &LivePage::ready, this, [this](const Bytes& pdf, int pageCount, bool isSame) {
-        m_paper->setPDF(pdf, pageCount, isSame ? PaperView::Place::kept : PaperView::Place::top);
-    });
-    connect(m_page, &LivePage::failed, m_paper, &PaperView::setNotice);
-    connect(m_page, &LivePage::cleared, m_paper, &PaperView::clear);
     connect(m_pause, &QPushButton::clicked, this, &RecurringPane::pauseOrResume);
 }
 
@@ -85,13 +81,7 @@ void RecurringPane::setTemplate(std::int64_t key)
 {
     if (m_template != key) {
         m_template = key;
-        m_page->show([this, key]() -> std::optional<PageJob> {
-            const Document* document = m_library.isOpen() ? m_library.context().find(Ref<Document>(key)) : nullptr;
-            if (document == nullptr) {
-                return std::nullopt;
-            }
-            return pageJob(m_library.context(), *document, m_library.business(), m_library.formats().calendar());
-        });
+        m_page->show(documentPage(m_library, key));
     }
     reload();
 }

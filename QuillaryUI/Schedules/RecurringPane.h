@@ -45,8 +45,8 @@ private:
     QLabel* m_schedule;
     QLabel* m_dates;
     QPushButton* m_pause;
-    LivePage* m_page;
     PaperView* m_paper;
+    LivePage* m_page;
 };
 
 } // namespace Quillary

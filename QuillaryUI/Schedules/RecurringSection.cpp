@@ -1,5 +1,6 @@
 #include "QuillaryUI/Schedules/RecurringSection.h"
 
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Schedules/RecurringModel.h"
 #include "QuillaryUI/Schedules/RecurringPane.h"
 
@@ -14,7 +15,6 @@ namespace Quillary {
 
 namespace {
 
-constexpr int rowHeight = 32;
 constexpr int listWidth = 640;
 
 } // namespace
@@ -38,36 +38,19 @@ RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
 
 void RecurringSection::build()
 {
-    m_table->setObjectName(QStringLiteral("recurringList"));
-    m_table->setAccessibleName(tr("Recurring Invoices"));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setSelectionMode(QTableView::SingleSelection);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    QHeaderView* header = m_table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(RecurringModel::titleColumn, QHeaderView::Stretch);
-    header->setSectionResizeMode(RecurringModel::clientColumn, QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    Lists::dress(*m_table, QStringLiteral("recurringList"), tr("Recurring Invoices"), RecurringModel::titleColumn);
+    m_table->horizontalHeader()->setSectionResizeMode(RecurringModel::clientColumn, QHeaderView::Stretch);
 
-    auto* split = new QSplitter(Qt::Horizontal, this);
-    split->setObjectName(QStringLiteral("recurringAndPage"));
-    split->setChildrenCollapsible(false);
-    split->addWidget(m_table);
-    split->addWidget(m_pane);
-    split->setSizes({listWidth, listWidth});
-    split->setStretchFactor(1, 1);
+    auto* filled = new QWidget(this);
+    Lists::beside(*filled, QStringLiteral("recurringAndPage"), m_table, listWidth, m_pane, listWidth);
     auto* empty =
         new QLabel(tr("No recurring invoices yet. What you bill again and again can be made by itself."), this);
     empty->setObjectName(QStringLiteral("emptyRecurring"));
     empty->setAlignment(Qt::AlignCenter);
     empty->setWordWrap(true);
-    m_pages->addWidget(split);
+    m_pages->addWidget(filled);
     m_pages->addWidget(empty);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Schedules/TimeInvoiceSheet.h"
 #include "QuillaryUI/Schedules/TimeModel.h"
@@ -25,7 +26,6 @@ namespace Quillary {
 namespace {
 
 constexpr int border = 12;
-constexpr int rowHeight = 32;
 constexpr int daysOfMonth = 30;
 constexpr int daysOfYear = 365;
 constexpr int leastTimeWidth = 220;
@@ -63,22 +63,9 @@ TimeSection::TimeSection(LibraryAccess& library, QWidget* parent)
 
 void TimeSection::build()
 {
-    m_table->setObjectName(QStringLiteral("timeList"));
-    m_table->setAccessibleName(tr("Days and their working time"));
     m_table->setModel(m_model);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setSelectionMode(QTableView::SingleSelection);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
-    m_table->setVerticalScrollMode(QTableView::ScrollPerPixel);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
+    Lists::dress(*m_table, QStringLiteral("timeList"), tr("Days and their working time"), TimeModel::noteColumn);
     QHeaderView* header = m_table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionResizeMode(QHeaderView::Interactive);
-    header->setSectionResizeMode(TimeModel::noteColumn, QHeaderView::Stretch);
     header->resizeSection(TimeModel::timeColumn, leastTimeWidth);
     header->resizeSection(TimeModel::clientColumn, leastTimeWidth);
     header->resizeSection(TimeModel::projectColumn, leastTimeWidth * 3 / 4);

@@ -3,6 +3,7 @@
 #include "Quillary/Desktop.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
@@ -26,6 +27,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -209,6 +211,31 @@ TEST_F(WindowJourneyTest, undoesAndShowsWhatOthersChange)
     }
     EXPECT_TRUE(
         comesTrue([&] { return list.model()->index(0, 0).data().toString() == QStringLiteral("FROM-OUTSIDE"); }));
+}
+
+TEST_F(WindowJourneyTest, goesOnAfterAFailureInTheEventLoop)
+{
+    QTimer::singleShot(0, qApp, [] { throw UserError("The disk can't be read."); });
+    EXPECT_TRUE(
+        comesTrue([&] { return find<QLabel>("warningText").text() == QStringLiteral("The disk can't be read."); }));
+}
+
+TEST_F(WindowJourneyTest, keepsATextWithItsDocument)
+{
+    putOffFirstStart();
+    auto* section = desktop->window().section(QStringLiteral("invoices"));
+    section->makeNew();
+    const std::int64_t first = context().first<Document>("")->ref.key();
+    auto& title = find<QLineEdit>("title", invoices());
+    title.setFocus();
+    QTest::keyClicks(&title, QStringLiteral("First "));
+    EXPECT_TRUE(comesTrue([&] { return context().first<Document>("")->title == "First"; }));
+    EXPECT_EQ(title.text(), QStringLiteral("First ")); // the blank before the next word
+    section->makeNew();
+    EXPECT_EQ(title.text(), QString()); // nothing of the other one
+    context().undo();
+    context().undo();
+    EXPECT_TRUE(comesTrue([&] { return context().find(Ref<Document>(first))->title.empty(); }));
 }
 
 TEST_F(WindowJourneyTest, asksAboutANewAssistantAndTakesTheQuestionBack)

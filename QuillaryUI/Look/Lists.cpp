@@ -1,0 +1,50 @@
+#include "QuillaryUI/Look/Lists.h"
+
+#include <QHeaderView>
+#include <QSplitter>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace Quillary::Lists {
+
+namespace {
+
+constexpr int rowHeight = 32;
+
+} // namespace
+
+void dress(QTableView& table, const QString& name, const QString& accessibleName, std::optional<int> stretched)
+{
+    table.setObjectName(name);
+    table.setAccessibleName(accessibleName);
+    table.setSelectionBehavior(QTableView::SelectRows);
+    table.setSelectionMode(QTableView::SingleSelection);
+    table.setShowGrid(false);
+    table.setWordWrap(false);
+    table.setTabKeyNavigation(false);
+    table.setVerticalScrollMode(QTableView::ScrollPerPixel);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    table.horizontalHeader()->setHighlightSections(false);
+    if (stretched) {
+        table.horizontalHeader()->setSectionResizeMode(*stretched, QHeaderView::Stretch);
+    }
+}
+
+QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth)
+{
+    auto* split = new QSplitter(Qt::Horizontal, &whole);
+    split->setObjectName(name);
+    split->setChildrenCollapsible(false);
+    split->addWidget(list);
+    split->addWidget(other);
+    split->setSizes({listWidth, otherWidth});
+    split->setStretchFactor(1, 1);
+    auto* layout = new QVBoxLayout(&whole);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(split);
+    return split;
+}
+
+} // namespace Quillary::Lists

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+
+class QSplitter;
+class QString;
+class QTableView;
+class QWidget;
+
+namespace Quillary {
+
+/// How all lists of the windows look and behave.
+namespace Lists {
+
+/// Rows of one height that are chosen whole, without lines between them; Tab leaves the list. `stretched` is the column
+/// that takes what room is left, for a model that is set already and keeps its columns.
+void dress(QTableView& table, const QString& name, const QString& accessibleName, std::optional<int> stretched);
+
+/// A list and what stands beside it, with a border between them that can be dragged; fills `whole`, which has no layout
+/// yet. Unit of the widths: pixels at first.
+QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth);
+
+} // namespace Lists
+
+} // namespace Quillary
