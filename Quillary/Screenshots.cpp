@@ -2,11 +2,14 @@
 
 #include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Assistant/Operations/ContactOperations.h"
 #include "QuillaryCore/Assistant/Operations/RecordFields.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/CatalogItem.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ContactPerson.h"
 #include "QuillaryCore/Model/CustomUnit.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Project.h"
@@ -88,6 +91,23 @@ void add(const AssistantEnvironment& environment, const JSON& details)
     scope.commit();
 }
 
+/// Whom one writes to at a client.
+void addContacts(const AssistantEnvironment& environment)
+{
+    auto scope = environment.context.beginScope("Samples");
+    for (const Client* client : environment.context.fetch<Client>("kindRaw = 0")) {
+        for (const JSON& person :
+             {JSON::object({{"name", "Ines Carvalho"},
+                            {"role", "Accounting"},
+                            {"email", "accounts@example.com"},
+                            {"phone", "+44 20 7946 0112"}}),
+              JSON::object({{"name", "Tom Becker"}, {"role", "Marketing"}, {"email", "t.becker@example.com"}})}) {
+            ContactOperations::add(environment, *client, Arguments(person));
+        }
+    }
+    scope.commit();
+}
+
 /// What the documents of the samples might have been made of.
 void fillOut(const AssistantEnvironment& environment)
 {
@@ -98,6 +118,7 @@ void fillOut(const AssistantEnvironment& environment)
     BusinessSettings::set(environment, "client_number_format", Business::defaultClientFormat);
     BusinessSettings::set(environment, "file_name_format", Business::defaultFileNameFormat);
     scope.commit();
+    addContacts(environment);
     add<TaxRate>(environment, JSON::object({{"name", "Standard"}, {"rate", "20"}, {"default", true}}));
     add<TaxRate>(environment, JSON::object({{"name", "Reduced"}, {"rate", "5"}}));
     add<CatalogItem>(environment,

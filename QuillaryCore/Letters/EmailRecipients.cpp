@@ -4,7 +4,7 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/ContactPerson.h"
-#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Model/ContactPersons.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -134,9 +134,7 @@ std::vector<EmailRecipient> EmailDraft::recipients(Context& context, const Clien
     };
     const std::string clientName = displayName(client);
     add(clientName, client.email);
-    std::vector<const ContactPerson*> contacts = context.related<&ContactPerson::client>(client);
-    std::ranges::stable_sort(contacts, {}, &ContactPerson::sortIndex);
-    for (const ContactPerson* contact : contacts) {
+    for (const ContactPerson* contact : contactPersons(context, client)) {
         const std::string_view name = trimmed(contact->name);
         add(name.empty() ? clientName : name, contact->email);
     }

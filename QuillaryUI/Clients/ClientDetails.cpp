@@ -2,23 +2,32 @@
 
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Operations/Operations.h"
+#include "QuillaryCore/Assistant/Operations/UnbilledTime.h"
+#include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientKind.h"
 #include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Limits.h"
+#include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Schedules/TimeMath.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Clients/ClientDocumentsModel.h"
+#include "QuillaryUI/Clients/ContactsPanel.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Look/Choices.h"
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Look/Lists.h"
+#include "QuillaryUI/Schedules/TimeModel.h"
 
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollArea>
+#include <QStringList>
+#include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -30,7 +39,7 @@ namespace {
 
 constexpr int border = 24;
 constexpr int widest = 720;
-constexpr int documentsHeight = 240;
+constexpr int tablesHeight = 272;
 
 const QString isPerson = QStringLiteral("is_person");
 
@@ -81,16 +90,22 @@ ClientDetails::ClientDetails(LibraryAccess& library, QWidget* parent)
     , m_title(new QLabel(this))
     , m_balance(new QLabel(this))
     , m_form(new FieldForm([this](const QString& name, const QString& value) { return save(name, value); }, this))
+    , m_contacts(new ContactsPanel(library, this, this))
     , m_documents(new ClientDocumentsModel(library, this))
-    , m_table(buildDocuments())
+    , m_time(new TimeModel(library, this))
+    , m_tables(new QTabWidget(this))
 {
     setObjectName(QStringLiteral("clientDetails"));
+    m_time->setClient(0);
     build();
+    connect(m_contacts, &ContactsPanel::failed, this, &ClientDetails::failed);
     connect(m_form, &FieldForm::saved, this, &ClientDetails::refresh);
     connect(&library, &LibraryAccess::opened, this, &ClientDetails::refresh);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (!changes.of<Client>().isEmpty() || !changes.of<Business>().isEmpty()) {
             refresh();
+        } else if (!changes.of<TimeEntry>().isEmpty()) {
+            showBalance();
         }
     });
     connect(&library, &LibraryAccess::closing, this, &ClientDetails::flush);
@@ -128,7 +143,12 @@ void ClientDetails::build()
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(0);
     whole->addWidget(scroll, 1);
-    whole->addWidget(m_table);
+    whole->addWidget(m_tables);
+    m_tables->setObjectName(QStringLiteral("clientTables"));
+    m_tables->setDocumentMode(true);
+    m_tables->setFixedHeight(tablesHeight);
+    m_tables->addTab(buildDocuments(), tr("Documents"));
+    m_tables->addTab(buildTime(), tr("Time"));
 }
 
 void ClientDetails::addFields()
@@ -147,6 +167,8 @@ void ClientDetails::addFields()
     line("email", tr("Email"));
     line("phone", tr("Phone"));
     line("website", tr("Website"));
+    m_form->addHeading(tr("Contact Persons"));
+    m_form->addWhole(m_contacts);
     m_form->addHeading(tr("Address"));
     line("address_line", tr("Street"));
     line("postal_code", tr("Postal code"));
@@ -170,12 +192,35 @@ QTableView* ClientDetails::buildDocuments()
     auto* table = new QTableView(this);
     table->setModel(m_documents);
     Lists::dress(*table, QStringLiteral("clientDocuments"), tr("Documents of this client"), 0);
-    table->setFixedHeight(documentsHeight);
+    table->setFrameShape(QFrame::NoFrame);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     connect(table, &QTableView::activated, this, [this](const QModelIndex& index) {
         Q_EMIT wantedDocument(m_documents->key(index.row()));
     });
     return table;
+}
+
+QTableView* ClientDetails::buildTime()
+{
+    auto* table = new QTableView(this);
+    table->setModel(m_time);
+    Lists::dress(*table, QStringLiteral("clientTime"), tr("Time worked for this client"), TimeModel::noteColumn);
+    table->setFrameShape(QFrame::NoFrame);
+    table->setColumnHidden(TimeModel::clientColumn, true);
+    table->horizontalHeader()->setSectionResizeMode(TimeModel::timeColumn, QHeaderView::ResizeToContents);
+    connect(table, &QTableView::activated, this, [this](const QModelIndex& index) { showInvoice(index.row()); });
+    return table;
+}
+
+/// The one that an entry is on.
+void ClientDetails::showInvoice(int timeRow)
+{
+    const auto* entry = m_library.isOpen() ? m_library.context().find(Ref<TimeEntry>(m_time->key(timeRow))) : nullptr;
+    const auto* invoice =
+        entry != nullptr && entry->invoiceID ? m_library.context().find<Document>(*entry->invoiceID) : nullptr;
+    if (invoice != nullptr) {
+        Q_EMIT wantedDocument(invoice->ref.key());
+    }
 }
 
 const Client* ClientDetails::record() const
@@ -190,13 +235,38 @@ void ClientDetails::setClient(std::int64_t key)
         m_client = key;
         m_form->begin();
         m_documents->setClient(key);
+        m_contacts->setClient(key);
+        m_time->setClient(key);
     }
     refresh();
 }
 
 void ClientDetails::setBalance(const QString& balance)
 {
-    m_balance->setText(balance.isEmpty() ? tr("Nothing is open.") : tr("Open: %1").arg(balance));
+    m_open = balance;
+    showBalance();
+}
+
+void ClientDetails::showBalance()
+{
+    const Client* client = record();
+    if (client == nullptr) {
+        m_balance->setText(QString());
+        return;
+    }
+    QStringList parts{m_open.isEmpty() ? tr("Nothing is open.") : tr("Open: %1").arg(m_open)};
+    for (const UnbilledTime& time : unbilledTime(m_library.environment(), client->ref)) {
+        std::int64_t seconds = 0;
+        for (const UnbilledProject& project : time.projects) {
+            seconds = checkedAdd(seconds, project.seconds);
+        }
+        if (seconds > 0) {
+            parts.push_back(tr("Unbilled time: %1 hours, %2")
+                                .arg(text(TimeMath::hoursAndMinutes(seconds)),
+                                     m_library.formats().money(time.value(), m_library.business().currencyCode)));
+        }
+    }
+    m_balance->setText(parts.join(QStringLiteral("  ·  ")));
 }
 
 void ClientDetails::begin()
@@ -214,6 +284,7 @@ void ClientDetails::flush()
 void ClientDetails::refreshDay()
 {
     m_documents->reload();
+    m_time->reload();
 }
 
 void ClientDetails::refresh()
@@ -224,6 +295,7 @@ void ClientDetails::refresh()
         const QString name = text(displayName(*client));
         m_title->setText(client->number.empty() ? name : QStringLiteral("%1  ·  %2").arg(name, text(client->number)));
         showFields(*client);
+        showBalance();
     } else if (m_library.isOpen()) {
         m_title->setText(QString());
         m_balance->setText(QString());
@@ -246,6 +318,21 @@ void ClientDetails::showFields(const Client& client)
                      client.hourlyRateMinorUnits == 0
                          ? QString()
                          : m_library.formats().amount(client.hourlyRateMinorUnits, m_library.business().currencyCode));
+    showWhatIsUsual(client);
+}
+
+/// What "As usual" stands for at the moment.
+void ClientDetails::showWhatIsUsual(const Client& client)
+{
+    const Business& business = m_library.business();
+    const bool hasRate = client.hourlyRateMinorUnits != 0 || business.hourlyRateMinorUnits == 0;
+    m_form->setNote(
+        QStringLiteral("hourly_rate"),
+        hasRate
+            ? QString()
+            : tr("As usual: %1").arg(m_library.formats().money(business.hourlyRateMinorUnits, business.currencyCode)));
+    m_form->setNote(QStringLiteral("payment_terms_days"),
+                    client.paymentTermsDays != 0 ? QString() : tr("As usual: %1").arg(business.paymentTermsDays));
 }
 
 /// A rate may be typed as the desktop writes numbers; the operation reads plain digits.

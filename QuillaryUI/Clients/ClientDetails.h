@@ -9,14 +9,17 @@
 
 class QLabel;
 class QTableView;
+class QTabWidget;
 
 namespace Quillary {
 
 class ClientDocumentsModel;
+class ContactsPanel;
 class FieldForm;
+class TimeModel;
 struct Client;
 
-/// One client: what they owe, their documents, and all that is known of them, saved as it is typed.
+/// One client: what they owe, their documents and working time, and all that is known of them, saved as it is typed.
 class ClientDetails : public QWidget
 {
     Q_OBJECT
@@ -37,13 +40,18 @@ public:
 
 Q_SIGNALS:
     void wantedDocument(std::int64_t key);
+    void failed(const QString& sentence);
 
 private:
     void build();
     void addFields();
     QTableView* buildDocuments();
+    QTableView* buildTime();
+    void showBalance();
+    void showInvoice(int timeRow);
     void refresh();
     void showFields(const Client& client);
+    void showWhatIsUsual(const Client& client);
     [[nodiscard]] std::optional<QString> save(const QString& name, const QString& value);
     [[nodiscard]] QString plainNumber(const QString& name, const QString& value) const;
     [[nodiscard]] const Client* record() const;
@@ -53,8 +61,11 @@ private:
     QLabel* m_title;
     QLabel* m_balance;
     FieldForm* m_form;
+    ContactsPanel* m_contacts;
     ClientDocumentsModel* m_documents;
-    QTableView* m_table;
+    TimeModel* m_time;
+    QTabWidget* m_tables;
+    QString m_open; ///< the balance
 };
 
 } // namespace Quillary

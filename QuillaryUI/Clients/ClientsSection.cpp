@@ -63,6 +63,7 @@ ClientsSection::ClientsSection(LibraryAccess& library, QWidget* parent)
     connect(m_table, &QTableView::activated, m_details, &ClientDetails::begin);
     connect(m_model, &ClientListModel::arranged, this, &ClientsSection::restore);
     connect(m_details, &ClientDetails::wantedDocument, this, &ClientsSection::wantedDocument);
+    connect(m_details, &ClientDetails::failed, this, &ClientsSection::failed);
     restore();
 }
 

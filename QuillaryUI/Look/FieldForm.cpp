@@ -186,6 +186,11 @@ void FieldForm::addRow(const QString& label, QWidget* widget)
     m_form->addRow(title, widget);
 }
 
+void FieldForm::addWhole(QWidget* widget)
+{
+    m_form->addRow(widget);
+}
+
 void FieldForm::begin()
 {
     m_pause->stop();

@@ -53,6 +53,8 @@ public:
     void addField(const Field& field);
     /// What isn't saved by this form.
     void addRow(const QString& label, QWidget* widget);
+    /// The same across the whole width.
+    void addWhole(QWidget* widget);
 
     /// Something else is shown from now on: nothing typed and nothing refused before counts any more.
     void begin();

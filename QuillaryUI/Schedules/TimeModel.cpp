@@ -40,6 +40,22 @@ void TimeModel::setStart(std::optional<Instant> start)
     reload();
 }
 
+void TimeModel::setClient(std::optional<std::int64_t> key)
+{
+    m_client = key;
+    reload();
+}
+
+std::vector<const TimeEntry*> TimeModel::entries() const
+{
+    Context& context = m_library.context();
+    const Instant start = m_start.value_or(Instant::min());
+    return m_client
+               ? context.fetch<TimeEntry>(
+                     "client = ? AND start >= ? AND \"end\" IS NOT NULL ORDER BY start DESC, id DESC", *m_client, start)
+               : context.fetch<TimeEntry>("start >= ? AND \"end\" IS NOT NULL ORDER BY start DESC, id DESC", start);
+}
+
 void TimeModel::reload()
 {
     if (!m_library.isOpen()) {
@@ -50,9 +66,7 @@ void TimeModel::reload()
     beginResetModel();
     m_rows.clear();
     std::size_t day = 0;
-    const auto entries = context.fetch<TimeEntry>("start >= ? AND \"end\" IS NOT NULL ORDER BY start DESC, id DESC",
-                                                  m_start.value_or(Instant::min()));
-    for (const TimeEntry* entry : entries) {
+    for (const TimeEntry* entry : entries()) {
         if (!entry->start || !entry->end) {
             continue; // the query leaves none such
         }

@@ -10,6 +10,8 @@
 
 namespace Quillary {
 
+struct TimeEntry;
+
 /// The days with their working time, the latest first: a row for each day with its sum, and under it its entries. What
 /// runs is shown by the timer and stands in no day.
 class TimeModel : public QAbstractTableModel
@@ -23,6 +25,9 @@ public:
 
     /// Only days from this one on; no value: all.
     void setStart(std::optional<Instant> start);
+
+    /// Only what was done for one client; no value: for all.
+    void setClient(std::optional<std::int64_t> key);
 
     /// 0: it is a day.
     [[nodiscard]] std::int64_t key(int row) const { return m_rows[static_cast<std::size_t>(row)].key; }
@@ -51,12 +56,14 @@ private:
     };
 
     void take(const ChangeSet& changes);
+    [[nodiscard]] std::vector<const TimeEntry*> entries() const;
     void add(const Row& entry, std::size_t& day);
     [[nodiscard]] QString dayText(CalendarDate day) const;
     [[nodiscard]] QString text(const Row& row, int column) const;
 
     LibraryAccess& m_library;
     std::optional<Instant> m_start;
+    std::optional<std::int64_t> m_client;
     std::vector<Row> m_rows;
 };
 

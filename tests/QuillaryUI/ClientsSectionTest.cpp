@@ -1,7 +1,9 @@
 #include "QuillaryUI/Clients/ClientsSection.h"
 
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Letters/EmailDraft.h"
 #include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Clients/ClientDocumentsModel.h"
@@ -104,6 +106,43 @@ TEST_F(ClientsSectionTest, leadsToADocument)
     const auto* document = library.context().find(Ref<Document>(wanted[0][0].toLongLong()));
     ASSERT_NE(document, nullptr);
     EXPECT_EQ(documents.model()->index(0, 0).data().toString(), text(document->number));
+}
+
+/// Whom an email to them is offered to, after their own address.
+TEST_F(ClientsSectionTest, keepsThePeopleAtAClientInTheirOrder)
+{
+    const QAbstractItemModelTester tester(child<QTableView>(section, "contacts").model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    section.showClient(client("K-1012").ref.key());
+    const auto add = [&](const char* name, const char* email) {
+        child<QPushButton>(section, "addContact").click();
+        QTest::keyClicks(&child<QLineEdit>(section, "contact_name"), name);
+        QTest::keyClicks(&child<QLineEdit>(section, "contact_email"), email);
+        QTest::keyClick(&child<QLineEdit>(section, "contact_email"), Qt::Key_Return);
+    };
+    const auto offered = [&] {
+        settle();
+        std::string names;
+        for (const EmailRecipient& recipient : EmailDraft::recipients(library.context(), client("K-1012"))) {
+            names += recipient.name == displayName(client("K-1012")) ? "" : recipient.name + ";";
+        }
+        return names;
+    };
+    add("Ana", "ana@");
+    EXPECT_TRUE(child<QLabel>(section, "sheetError").text().startsWith("The email must be"));
+    QTest::keyClicks(&child<QLineEdit>(section, "contact_email"), "one.example");
+    child<QPushButton>(section, "sheetAnswer").click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle();
+    add("Bo", "bo@two.example");
+    EXPECT_EQ(offered(), "Ana;Bo;");
+    child<QPushButton>(section, "firstContact").click(); // the one just added is chosen
+    EXPECT_EQ(offered(), "Bo;Ana;");
+    EXPECT_FALSE(child<QPushButton>(section, "firstContact").isEnabled());
+    child<QPushButton>(section, "removeContact").click();
+    EXPECT_EQ(offered(), "Ana;");
+    library.context().undo();
+    EXPECT_EQ(offered(), "Bo;Ana;");
 }
 
 TEST_F(ClientsSectionTest, importsWhatIsNewAfterAColumnWasAssigned)
