@@ -11,13 +11,11 @@
 #include "QuillaryCore/Letters/EmailDraft.h"
 #include "QuillaryCore/Letters/EmailTemplates.h"
 #include "QuillaryCore/Model/Business.h"
-#include "QuillaryCore/Model/Limits.h"
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -69,29 +67,6 @@ DocumentLanguage typedLanguage(const std::string& typed)
 std::string heading(EmailKind kind, DocumentLanguage language, bool isCustomized)
 {
     return fmt::format("{}, {} ({})", title(kind), title(language), isCustomized ? "your own" : "built in");
-}
-
-/// Refuses what can't be a subject or a body. Lines of the body end in "\n" afterwards.
-EmailText checked(EmailText text)
-{
-    text.subject = trimmed(text.subject);
-    text.body = trimmed(replacing(replacing(text.body, "\r\n", "\n"), "\r", "\n"));
-    if (!isValidUTF8(text.subject) || !isValidUTF8(text.body)) {
-        throw UserError("The text isn't readable as UTF-8.");
-    }
-    if (text.subject.empty()) {
-        throw UserError("An email needs a subject.");
-    }
-    if (std::ranges::any_of(text.subject, [](char byte) { return byte >= '\0' && byte < ' '; })) {
-        throw UserError("A subject is one line of text.");
-    }
-    if (graphemeCount(text.subject) > Limits::lineLength) {
-        throw UserError(fmt::format("A subject has at most {} characters.", Limits::lineLength));
-    }
-    if (graphemeCount(text.body) > Limits::textLength) {
-        throw UserError(fmt::format("The text of an email has at most {} characters.", Limits::textLength));
-    }
-    return text;
 }
 
 std::string placeholderList(EmailKind kind)
@@ -234,7 +209,7 @@ std::string EmailTemplateCommand::set(OpenLibrary& open, const CommandSetting& s
     }
     Context& context = open.context();
     const EmailText old = EmailTemplates::text(context, kind, language);
-    const EmailText text = checked({m_subject.value_or(old.subject), body.value_or(old.body)});
+    const EmailText text = EmailTemplates::checked({m_subject.value_or(old.subject), body.value_or(old.body)});
     auto scope = context.beginScope("Change Email Text");
     EmailTemplates::set(context, text, kind, language);
     scope.commit();

@@ -1,8 +1,14 @@
 #include "QuillaryCore/Letters/EmailTemplates.h"
 
+#include "QuillaryCore/Foundation/Text.h"
+#include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/EmailTemplate.h"
+#include "QuillaryCore/Model/Limits.h"
 #include "QuillaryCore/Store/Context.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -46,6 +52,28 @@ EmailText EmailTemplates::text(Context& context, EmailKind kind, DocumentLanguag
 bool EmailTemplates::isCustomized(Context& context, EmailKind kind, DocumentLanguage language)
 {
     return !stored(context, kind, language).empty();
+}
+
+EmailText EmailTemplates::checked(EmailText text)
+{
+    text.subject = trimmed(text.subject);
+    text.body = trimmed(replacing(replacing(text.body, "\r\n", "\n"), "\r", "\n"));
+    if (!isValidUTF8(text.subject) || !isValidUTF8(text.body)) {
+        throw UserError("The text isn't readable as UTF-8.");
+    }
+    if (text.subject.empty()) {
+        throw UserError("An email needs a subject.");
+    }
+    if (std::ranges::any_of(text.subject, [](char byte) { return byte >= '\0' && byte < ' '; })) {
+        throw UserError("A subject is one line of text.");
+    }
+    if (graphemeCount(text.subject) > Limits::lineLength) {
+        throw UserError(fmt::format("A subject has at most {} characters.", Limits::lineLength));
+    }
+    if (graphemeCount(text.body) > Limits::textLength) {
+        throw UserError(fmt::format("The text of an email has at most {} characters.", Limits::textLength));
+    }
+    return text;
 }
 
 void EmailTemplates::set(Context& context, const EmailText& text, EmailKind kind, DocumentLanguage language)

@@ -19,6 +19,10 @@ namespace EmailTemplates {
 
 [[nodiscard]] bool isCustomized(Context& context, EmailKind kind, DocumentLanguage language);
 
+/// A typed text as it is kept: trimmed, lines of the body end in "\n". Throws: `UserError` for what can't be a subject
+/// or a body.
+[[nodiscard]] EmailText checked(EmailText text);
+
 /// Keeps the user's own text. The built-in one, given back, is no text of the user's any more. `modifiedAt` changes only
 /// with the words.
 void set(Context& context, const EmailText& text, EmailKind kind, DocumentLanguage language);

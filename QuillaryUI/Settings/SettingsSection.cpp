@@ -7,6 +7,7 @@
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Settings/AssistantsPage.h"
 #include "QuillaryUI/Settings/DataPage.h"
+#include "QuillaryUI/Settings/EmailTextsPage.h"
 #include "QuillaryUI/Settings/LogoRow.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
 
@@ -27,6 +28,7 @@ constexpr int groupsWidth = 200;
 constexpr int entryHeight = 36;
 constexpr int border = 24;
 constexpr int widest = 720;
+constexpr int widestPair = 1080; ///< of a form with a preview beside it
 
 bool isAmount(const QString& name)
 {
@@ -52,6 +54,7 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
     , m_logo(new LogoRow(library, places.makeLogo))
     , m_assistants(new AssistantsPage(library, std::move(places), this))
     , m_data(new DataPage(library, this))
+    , m_emails(new EmailTextsPage(library, this))
 {
     setObjectName(QStringLiteral("settings"));
     m_groups->setObjectName(QStringLiteral("sidebar")); // the look of the window's own list
@@ -67,7 +70,8 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
         flush();
         m_pages->setCurrentIndex(place);
     });
-    for (Section* page : {static_cast<Section*>(m_assistants), static_cast<Section*>(m_data)}) {
+    for (Section* page :
+         {static_cast<Section*>(m_assistants), static_cast<Section*>(m_data), static_cast<Section*>(m_emails)}) {
         connect(page, &Section::told, this, &SettingsSection::told);
         connect(page, &Section::failed, this, &SettingsSection::failed);
     }
@@ -91,6 +95,9 @@ void SettingsSection::addGroups()
         connect(form, &FieldForm::saved, this, &SettingsSection::refresh);
         m_forms.push_back(form);
         addPage(group.name, group.title, group.explanation, form);
+        if (group.name == QLatin1String("texts")) {
+            addEmails();
+        }
     }
     addPage(
         QStringLiteral("assistants"),
@@ -100,7 +107,17 @@ void SettingsSection::addGroups()
     addPage(QStringLiteral("data"), tr("Data"), tr("Where everything is kept, and its copies."), m_data);
 }
 
-void SettingsSection::addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content)
+void SettingsSection::addEmails()
+{
+    QWidget* page = addPage(QStringLiteral("emails"),
+                            tr("Emails"),
+                            tr("What an email begins with when it is prepared. Nothing is ever sent by itself."),
+                            m_emails);
+    page->setMaximumWidth(widestPair);
+}
+
+QWidget*
+SettingsSection::addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content)
 {
     auto* item = new QListWidgetItem(title, m_groups);
     item->setData(Qt::UserRole, name);
@@ -128,6 +145,7 @@ void SettingsSection::addPage(const QString& name, const QString& title, const Q
     scroll->setWidgetResizable(true);
     scroll->setWidget(page);
     m_pages->addWidget(scroll);
+    return page;
 }
 
 QStringList SettingsSection::pageNames() const
@@ -158,6 +176,7 @@ void SettingsSection::flush()
     for (FieldForm* form : m_forms) {
         form->flush();
     }
+    m_emails->flush();
 }
 
 void SettingsSection::refresh()

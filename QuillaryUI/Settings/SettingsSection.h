@@ -15,6 +15,7 @@ namespace Quillary {
 
 class AssistantsPage;
 class DataPage;
+class EmailTextsPage;
 class FieldForm;
 class LogoRow;
 
@@ -36,7 +37,9 @@ public:
 
 private:
     void addGroups();
-    void addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content);
+    void addEmails();
+    /// Returns the page, which is as wide as a form reads well.
+    QWidget* addPage(const QString& name, const QString& title, const QString& explanation, QWidget* content);
     void refresh();
     void showWhatCounts();
     [[nodiscard]] std::optional<QString> save(const QString& name, const QString& value);
@@ -49,6 +52,7 @@ private:
     LogoRow* m_logo;
     AssistantsPage* m_assistants;
     DataPage* m_data;
+    EmailTextsPage* m_emails;
 };
 
 } // namespace Quillary

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Letters/EmailTemplates.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Store/Context.h"
 #include "tests/QuillaryUI/WindowLibrary.h"
@@ -76,6 +77,42 @@ TEST_F(SettingsSectionTest, changesOneByOneAndTellsWhatFollows)
     settle();
     EXPECT_EQ(library.business().taxExempt, wasExempt);
     EXPECT_EQ(exempt.isChecked(), wasExempt);
+}
+
+TEST_F(SettingsSectionTest, keepsTheUsersOwnWordsForAnEmail)
+{
+    const auto stored = [this](EmailKind kind) {
+        return EmailTemplates::text(library.context(), kind, DocumentLanguage::english);
+    };
+    section.showPage("emails");
+    section.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&section)); // the text that has the keyboard takes what is inserted
+    auto& subject = child<QLineEdit>(section, "field_email_subject");
+    EXPECT_EQ(utf8(subject.text()), stored(EmailKind::invoice).subject);
+    child<QLineEdit>(section, "field_email_subject").setText("Your bill {foo} ");
+    EXPECT_TRUE(child<QLabel>(section, "note_email_body").text().contains("{foo}"));
+    auto& placeholders = child<QTableWidget>(section, "emailPlaceholders");
+    subject.setFocus();
+    placeholders.selectRow(int(placeholders.findItems("{number}", Qt::MatchExactly).front()->row()));
+    subject.end(false);
+    child<QPushButton>(section, "insertPlaceholder").click();
+    EXPECT_EQ(subject.text(), "Your bill {foo} {number}");
+    EXPECT_FALSE(child<QLabel>(section, "emailShownSubject").text().contains("{number}")); // before it is saved
+
+    auto& kind = child<QComboBox>(section, "emailKind");
+    kind.setCurrentIndex(kind.findData(int(EmailKind::quote))); // what was typed belongs to the invoice all the same
+    Q_EMIT kind.activated(kind.currentIndex());
+    EXPECT_EQ(stored(EmailKind::invoice).subject, "Your bill {foo} {number}");
+    EXPECT_EQ(stored(EmailKind::quote), EmailTemplates::defaultText(EmailKind::quote, DocumentLanguage::english));
+    EXPECT_FALSE(child<QPushButton>(section, "restoreEmailText").isEnabled());
+
+    subject.setText(" ");
+    section.flush();
+    EXPECT_FALSE(child<QLabel>(section, "error_email_subject").text().isEmpty());
+    kind.setCurrentIndex(0);
+    Q_EMIT kind.activated(0);
+    child<QPushButton>(section, "restoreEmailText").click();
+    EXPECT_EQ(utf8(subject.text()), EmailTemplates::defaultText(EmailKind::invoice, DocumentLanguage::english).subject);
 }
 
 TEST_F(SettingsSectionTest, keepsTheWordAboutAssistants)

@@ -1,0 +1,414 @@
+#include "QuillaryUI/Settings/EmailTextsPage.h"
+
+#include "QuillaryCore/Billing/Reminders.h"
+#include "QuillaryCore/Documents/DocumentName.h"
+#include "QuillaryCore/Letters/EmailTemplates.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentKind.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/EmailTemplate.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/Choices.h"
+#include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Settings/PlainTable.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <string>
+#include <vector>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int gap = 8;
+constexpr int bodyHeight = 264;
+constexpr int placeholdersHeight = 256;
+constexpr int leastPreview = 264;
+
+const QString subjectField = QStringLiteral("email_subject");
+const QString bodyField = QStringLiteral("email_body");
+
+DocumentKind documentKind(EmailKind kind)
+{
+    switch (kind) {
+    case EmailKind::quote:
+        return DocumentKind::quote;
+    case EmailKind::creditNote:
+        return DocumentKind::creditNote;
+    case EmailKind::invoice:
+    case EmailKind::reminder:
+    case EmailKind::secondReminder:
+    case EmailKind::finalNotice:
+        break;
+    }
+    return DocumentKind::invoice;
+}
+
+QString kindText(EmailKind kind)
+{
+    return QCoreApplication::translate("EmailKind", std::string(title(kind)).c_str());
+}
+
+} // namespace
+
+EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
+    : Section(parent)
+    , m_library(library)
+    , m_kind(new QComboBox(this))
+    , m_language(new QComboBox(this))
+    , m_origin(new QLabel(this))
+    , m_restore(new QPushButton(tr("Return to the Built-In Text"), this))
+    , m_form(new FieldForm([this](const QString& name, const QString& value) { return save(name, value); }, this))
+    , m_placeholders(PlainTable::make({tr("Placeholder"), tr("What it stands for")}, 1, this))
+    , m_matter(new QComboBox(this))
+    , m_shownSubject(new QLabel(this))
+    , m_shownBody(new QLabel(this))
+{
+    setObjectName(QStringLiteral("emailTextsPage"));
+    auto* texts = buildTexts();
+    m_subject = m_form->findChild<QLineEdit*>(QStringLiteral("field_") + subjectField);
+    m_body = m_form->findChild<QPlainTextEdit*>(QStringLiteral("field_") + bodyField);
+    m_body->setFixedHeight(bodyHeight);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(gap);
+    left->addWidget(texts);
+    left->addWidget(buildPlaceholders());
+    left->addStretch();
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(3 * gap);
+    columns->addLayout(left, 3);
+    columns->addWidget(buildPreview(), 2);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSpacing(2 * gap);
+    whole->addWidget(buildChoices());
+    whole->addLayout(columns);
+    for (QWidget* field : {static_cast<QWidget*>(m_subject), static_cast<QWidget*>(m_body)}) {
+        field->installEventFilter(this);
+    }
+    connect(m_subject, &QLineEdit::textChanged, this, &EmailTextsPage::preview);
+    connect(m_body, &QPlainTextEdit::textChanged, this, &EmailTextsPage::preview);
+    connect(m_form, &FieldForm::saved, this, &EmailTextsPage::refresh);
+    connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
+        if (isVisible() && (!changes.of<EmailTemplate>().isEmpty() || !changes.of<Business>().isEmpty())) {
+            refresh();
+        }
+    });
+    connect(&library, &LibraryAccess::opened, this, [this] {
+        if (isVisible()) {
+            choose();
+        }
+    });
+    connect(&library, &LibraryAccess::closing, this, &EmailTextsPage::flush);
+}
+
+QWidget* EmailTextsPage::buildChoices()
+{
+    auto* part = new QWidget(this);
+    m_kind->setObjectName(QStringLiteral("emailKind"));
+    m_kind->setAccessibleName(tr("Kind of email"));
+    for (const EmailKind kind : allEmailKinds) {
+        m_kind->addItem(kindText(kind), int(kind));
+    }
+    m_language->setObjectName(QStringLiteral("emailLanguage"));
+    m_language->setAccessibleName(tr("Language of the email"));
+    for (const FieldForm::Choice& choice : Choices::languages()) {
+        m_language->addItem(choice.label, choice.value);
+    }
+    m_language->setCurrentIndex(-1); // the business's own, once it is known
+    m_origin->setObjectName(QStringLiteral("emailOrigin"));
+    m_origin->setForegroundRole(QPalette::PlaceholderText);
+    m_restore->setObjectName(QStringLiteral("restoreEmailText"));
+    for (QComboBox* box : {m_kind, m_language}) {
+        box->setFocusPolicy(Qt::StrongFocus);
+        connect(box, &QComboBox::activated, this, &EmailTextsPage::choose);
+    }
+    connect(m_restore, &QPushButton::clicked, this, &EmailTextsPage::restore);
+    auto* row = new QHBoxLayout(part);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(gap);
+    row->addWidget(m_kind);
+    row->addWidget(m_language);
+    row->addWidget(m_origin);
+    row->addStretch();
+    row->addWidget(m_restore);
+    return part;
+}
+
+QWidget* EmailTextsPage::buildTexts()
+{
+    m_form->addField({.name = subjectField, .label = tr("Subject")});
+    m_form->addField({.name = bodyField, .label = tr("Text"), .kind = FieldForm::Kind::paragraphs});
+    return m_form;
+}
+
+QWidget* EmailTextsPage::buildPlaceholders()
+{
+    auto* part = new QWidget(this);
+    m_placeholders->setObjectName(QStringLiteral("emailPlaceholders"));
+    m_placeholders->setAccessibleName(tr("Placeholders"));
+    m_placeholders->setFixedHeight(placeholdersHeight);
+    auto* insert = new QPushButton(tr("Insert"), part);
+    insert->setObjectName(QStringLiteral("insertPlaceholder"));
+    insert->setAccessibleName(tr("Insert the chosen placeholder"));
+    insert->setEnabled(false);
+    insert->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard in the text
+    connect(m_placeholders, &QTableWidget::itemSelectionChanged, insert, [this, insert] {
+        insert->setEnabled(!m_placeholders->selectedItems().isEmpty());
+    });
+    connect(m_placeholders, &QTableWidget::activated, this, &EmailTextsPage::insertPlaceholder);
+    connect(insert, &QPushButton::clicked, this, &EmailTextsPage::insertPlaceholder);
+    auto* column = new QVBoxLayout(part);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    column->addWidget(m_placeholders);
+    column->addWidget(insert, 0, Qt::AlignLeft);
+    return part;
+}
+
+QWidget* EmailTextsPage::buildPreview()
+{
+    auto* part = new QWidget(this);
+    m_matter->setObjectName(QStringLiteral("emailMatter"));
+    m_matter->setAccessibleName(tr("What the preview is filled with"));
+    m_matter->setFocusPolicy(Qt::StrongFocus);
+    m_matter->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(m_matter, &QComboBox::activated, this, [this] {
+        readValues();
+        preview();
+    });
+    auto* sheet = new QFrame(part);
+    sheet->setObjectName(QStringLiteral("card"));
+    sheet->setStyleSheet(QStringLiteral("QFrame#card { background: palette(base); border: 1px solid palette(midlight);"
+                                        " border-radius: 8px; }"));
+    sheet->setMinimumHeight(leastPreview);
+    QFont bold = m_shownSubject->font();
+    bold.setBold(true);
+    m_shownSubject->setFont(bold);
+    m_shownSubject->setObjectName(QStringLiteral("emailShownSubject"));
+    m_shownBody->setObjectName(QStringLiteral("emailShownBody"));
+    auto* lines = new QVBoxLayout(sheet);
+    lines->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
+    lines->setSpacing(2 * gap);
+    for (QLabel* label : {m_shownSubject, m_shownBody}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        lines->addWidget(label);
+    }
+    lines->addStretch();
+    auto* column = new QVBoxLayout(part);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(gap);
+    column->addWidget(m_matter);
+    column->addWidget(sheet);
+    column->addStretch();
+    return part;
+}
+
+EmailText EmailTextsPage::typed() const
+{
+    return {utf8(m_subject->text()), utf8(m_body->toPlainText())};
+}
+
+void EmailTextsPage::flush()
+{
+    m_form->flush();
+}
+
+void EmailTextsPage::showEvent(QShowEvent* event)
+{
+    Section::showEvent(event);
+    choose();
+}
+
+/// Another kind or language is shown from now on, or the same after the page was away.
+void EmailTextsPage::choose()
+{
+    if (!m_library.isOpen()) {
+        return;
+    }
+    if (m_language->currentIndex() < 0) {
+        const std::string own(code(documentLanguage(m_library.business().languageCode)));
+        m_language->setCurrentIndex(m_language->findData(text(own)));
+    }
+    m_form->flush();
+    const Shown chosen{.kind = EmailKind(m_kind->currentData().toInt()),
+                       .language = documentLanguage(utf8(m_language->currentData().toString()))};
+    if (!m_hasChosen || chosen != m_chosen) {
+        m_hasChosen = true;
+        m_chosen = chosen;
+        m_form->begin();
+    }
+    showPlaceholders();
+    fillMatters();
+    refresh();
+}
+
+void EmailTextsPage::refresh()
+{
+    if (!m_library.isOpen() || !m_hasChosen) {
+        return;
+    }
+    const EmailText stored = EmailTemplates::text(m_library.context(), m_chosen.kind, m_chosen.language);
+    const bool isOwn = EmailTemplates::isCustomized(m_library.context(), m_chosen.kind, m_chosen.language);
+    m_form->setValue(subjectField, text(stored.subject));
+    m_form->setValue(bodyField, text(stored.body));
+    m_origin->setText(isOwn ? tr("Your own text") : tr("Built-in text"));
+    m_restore->setEnabled(isOwn);
+    markOwn();
+    preview();
+}
+
+/// Which kinds the user has written for in this language is seen without opening each.
+void EmailTextsPage::markOwn()
+{
+    for (int place = 0; place < m_kind->count(); ++place) {
+        const auto each = EmailKind(m_kind->itemData(place).toInt());
+        const bool isOwn = EmailTemplates::isCustomized(m_library.context(), each, m_chosen.language);
+        m_kind->setItemText(place, isOwn ? tr("%1 (your own)").arg(kindText(each)) : kindText(each));
+    }
+}
+
+void EmailTextsPage::showPlaceholders()
+{
+    QList<QStringList> rows;
+    for (const EmailPlaceholder placeholder : available(m_chosen.kind)) {
+        rows.push_back({text(token(placeholder)),
+                        QCoreApplication::translate("EmailPlaceholder", std::string(summary(placeholder)).c_str())});
+    }
+    PlainTable::fill(*m_placeholders, rows);
+}
+
+/// The newest document that such an email could go with. Null: there is none yet.
+const Document* EmailTextsPage::newest() const
+{
+    Context& context = m_library.context();
+    const auto kindRaw = static_cast<std::int16_t>(documentKind(m_chosen.kind));
+    const std::string languageCode(code(m_chosen.language));
+    if (!reminderLevel(m_chosen.kind)) {
+        return context.first<Document>(
+            "kindRaw = ? AND languageCode = ? ORDER BY issueDate DESC, id DESC", kindRaw, languageCode);
+    }
+    return context.first<Document>("kindRaw = ? AND statusRaw = ? AND languageCode = ? AND cachedTotalMinorUnits + "
+                                   "cachedLateFeesMinorUnits > cachedPaidMinorUnits ORDER BY issueDate DESC, id DESC",
+                                   kindRaw,
+                                   static_cast<std::int16_t>(DocumentStatus::sent),
+                                   languageCode);
+}
+
+void EmailTextsPage::fillMatters()
+{
+    const bool wasReal = m_matter->currentIndex() > 0;
+    m_matter->clear();
+    m_matter->addItem(tr("Shown with made-up values"), QVariant::fromValue<qint64>(0));
+    if (const Document* document = newest()) {
+        m_matter->addItem(tr("Shown with %1").arg(text(documentName(*document))),
+                          QVariant::fromValue<qint64>(document->ref.key()));
+    }
+    m_matter->setCurrentIndex(wasReal ? m_matter->count() - 1 : 0);
+    readValues();
+}
+
+EmailDraft::Values EmailTextsPage::valuesOf(const Document& document) const
+{
+    Context& context = m_library.context();
+    const Business& business = m_library.business();
+    const Calendar& calendar = m_library.formats().calendar();
+    const Instant today = calendar.storedDay(calendar.date(m_library.now()));
+    EmailDraft::Matter matter{.document = document, .business = business, .recipientName = {}, .reminder = nullptr};
+    ReminderNotice notice{.details = {}, .date = today};
+    if (const auto level = reminderLevel(m_chosen.kind)) {
+        notice.details = reminderOfLevel(context, document, business, *level, today, calendar);
+        matter.reminder = &notice;
+    }
+    return EmailDraft::values(context, matter, m_library.now(), calendar);
+}
+
+void EmailTextsPage::readValues()
+{
+    m_samples = EmailDraft::sampleValues(
+        m_chosen.kind, m_chosen.language, m_library.business(), m_library.now(), m_library.formats().calendar());
+    const Document* document = m_library.context().find(Ref<Document>(m_matter->currentData().toLongLong()));
+    m_values = document == nullptr ? m_samples : valuesOf(*document);
+}
+
+/// As it would arrive, with every key; nothing is read from the library for it.
+void EmailTextsPage::preview()
+{
+    const EmailText filled = EmailDraft::fill(typed(), m_values);
+    m_shownSubject->setText(text(filled.subject));
+    m_shownBody->setText(text(filled.body));
+    QStringList unknown;
+    for (const std::string& word : EmailDraft::unfilled(typed(), m_samples)) {
+        unknown.push_back(text(word));
+    }
+    m_form->setNote(bodyField,
+                    unknown.isEmpty() ? QString()
+                                      : tr("This email has nothing to put in the place of %1: it stays as it is.")
+                                            .arg(unknown.join(QStringLiteral(", "))));
+}
+
+bool EmailTextsPage::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn) {
+        m_isInSubject = watched == m_subject;
+    }
+    return Section::eventFilter(watched, event);
+}
+
+void EmailTextsPage::insertPlaceholder()
+{
+    const auto chosen = m_placeholders->selectedItems();
+    if (chosen.isEmpty()) {
+        return;
+    }
+    const QString token = m_placeholders->item(chosen.front()->row(), 0)->text();
+    if (m_isInSubject) {
+        m_subject->insert(token);
+        m_subject->setFocus(Qt::OtherFocusReason);
+        m_subject->deselect();
+    } else {
+        m_body->insertPlainText(token);
+        m_body->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void EmailTextsPage::restore()
+{
+    m_form->flush();
+    const auto refusal = m_library.perform(tr("Restore Email Text"), [this] {
+        EmailTemplates::restoreDefault(m_library.context(), m_chosen.kind, m_chosen.language);
+    });
+    if (refusal) {
+        Q_EMIT failed(*refusal);
+        return;
+    }
+    m_form->begin(); // also what could not be saved
+    refresh();
+}
+
+std::optional<QString> EmailTextsPage::save(const QString& name, const QString& value)
+{
+    return m_library.perform(tr("Change Email Text"), [&] {
+        EmailText changed = EmailTemplates::text(m_library.context(), m_chosen.kind, m_chosen.language);
+        (name == subjectField ? changed.subject : changed.body) = utf8(value);
+        EmailTemplates::set(
+            m_library.context(), EmailTemplates::checked(std::move(changed)), m_chosen.kind, m_chosen.language);
+    });
+}
+
+} // namespace Quillary
