@@ -7,6 +7,8 @@
 #include "Quillary/RecurringCatchUp.h"
 #include "QuillaryChannel/AssistantChannel.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Model/DataModel.h"
+#include "QuillaryCore/Store/Backups.h"
 
 #include <fmt/format.h>
 
@@ -240,6 +242,10 @@ void AssistantService::give(AssistantServer::Handover assistants)
 {
     Request& request = m_requests.front();
     tellClosing();
+    if (!request.backup.empty()) {
+        exchange(std::move(assistants));
+        return;
+    }
     m_loan = std::make_unique<LibraryLoan>(
         request.kind,
         std::move(request.asker),
@@ -287,6 +293,66 @@ void AssistantService::goOn()
     }
 }
 
+void AssistantService::restore(fs::path backup, std::function<void(const RestoreOutcome&)> done)
+{
+    if (m_hasEnded) {
+        return;
+    }
+    m_requests.push_back({.backup = std::move(backup), .done = std::move(done)});
+    if (m_requests.size() == 1) {
+        serveNext();
+    }
+}
+
+void AssistantService::exchange(AssistantServer::Handover assistants)
+{
+    m_waiting = std::move(assistants);
+    const Backups backups(fs::absolute(m_options.library), DataModel::history(), m_environment.calendar());
+    m_exchange = std::make_unique<LibraryExchange>(OpenLibrary::close(std::move(m_library)),
+                                                   backups,
+                                                   m_requests.front().backup,
+                                                   m_environment.clock().now(),
+                                                   [this] { guarded([this] { didExchange(); }); });
+}
+
+void AssistantService::didExchange()
+{
+    if (m_hasEnded) {
+        return;
+    }
+    const RestoreOutcome outcome = openRestored(*m_exchange);
+    QTimer::singleShot(0, &m_days, [this] { m_exchange.reset(); }); // which is telling this
+    const Request request = std::move(m_requests.front());
+    m_requests.pop_front();
+    m_server->adopt(std::move(m_waiting));
+    request.done(outcome);
+    backUpIfDue();
+    catchUpIfDue();
+    if (!m_requests.empty()) {
+        serveNext();
+    }
+}
+
+/// A backup was checked before it was put there, and still its upgrade may fail: a full disk is enough.
+RestoreOutcome AssistantService::openRestored(LibraryExchange& exchange)
+{
+    const RestoreOutcome outcome = exchange.outcome();
+    try {
+        openLibrary({.lender = {}, .lock = exchange.takeLock()});
+        return outcome;
+    } catch (const UserError& error) {
+        if (!outcome.kept) {
+            throw;
+        }
+        m_library.reset();
+        LibraryClaim claim = claimLibrary(m_options.library);
+        const Backups backups(fs::absolute(m_options.library), DataModel::history(), m_environment.calendar());
+        std::ignore = backups.restore(*outcome.kept, m_environment.clock().now(), *claim.lock);
+        openLibrary(std::move(claim));
+        return {.kept = outcome.kept, .refusal = error.message()};
+    }
+}
+
 void AssistantService::endWhenIdle()
 {
     const bool isIdle = m_server->connectionCount() == 0 && m_requests.empty();
@@ -303,10 +369,13 @@ void AssistantService::stop()
     tellClosing();
     m_word.reset();
     m_control.reset();
-    if (m_loan && !m_loan->isElsewhere()) {
+    const bool isBeingExchanged = m_exchange != nullptr;
+    m_exchange.reset();
+    if (isBeingExchanged || (m_loan && !m_loan->isElsewhere())) {
         unlink(m_socketPath.c_str());
     }
     m_loan.reset();
+    m_waiting = {};
     if (m_server != nullptr) {
         m_server->stop();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Quillary/Control/ControlSocket.h"
+#include "Quillary/LibraryExchange.h"
 #include "Quillary/LibraryLoan.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/ServingRight.h"
@@ -85,6 +86,10 @@ public:
     /// After `claim`: opens the library and listens. Throws: `UserError`.
     void start();
 
+    /// Puts a backup in the place of the library between two calls: it is closed, exchanged and opened anew. What was
+    /// there is kept, and is there again when the restored one can't be opened. `done` hears of it once all is open.
+    void restore(std::filesystem::path backup, std::function<void(const RestoreOutcome&)> done);
+
     /// The program was asked to end.
     void stop();
 
@@ -107,13 +112,18 @@ private:
     void serveNext();
     void give(AssistantServer::Handover assistants);
     void hear();
+    void exchange(AssistantServer::Handover assistants);
+    void didExchange();
+    [[nodiscard]] RestoreOutcome openRestored(LibraryExchange& exchange);
     void goOn();
     void endWhenIdle();
 
     struct Request
     {
-        LibraryLoan::Kind kind;
-        Descriptor asker;
+        LibraryLoan::Kind kind = LibraryLoan::Kind::lent;
+        Descriptor asker = {};
+        std::filesystem::path backup = {}; ///< not empty: the user's own wish, to restore it
+        std::function<void(const RestoreOutcome&)> done = {};
     };
 
     Options m_options;
@@ -133,6 +143,8 @@ private:
     std::deque<Request> m_requests;          ///< the first is being served
     std::unique_ptr<LibraryLoan> m_loan;     ///< what others use meanwhile
     std::unique_ptr<QSocketNotifier> m_word; ///< of who was given something
+    std::unique_ptr<LibraryExchange> m_exchange;
+    AssistantServer::Handover m_waiting; ///< assistants, while the library is exchanged
     bool m_hasEnded = false;
     QTimer m_idle;
     int m_idleLooks = 0; ///< in a row, without a connection

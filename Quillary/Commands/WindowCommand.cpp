@@ -23,7 +23,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <unistd.h>
+#include <utility>
 
 namespace Quillary {
 
@@ -104,7 +106,12 @@ int WindowCommand::open(const CommandSetting& setting) const
     host.startApplication(PrintingHost::Windows::shown);
     dress();
     int status = 0;
-    Desktop desktop(environment, host, places(environment, host));
+    AssistantService* served = nullptr; // which needs the windows, as they need it
+    ProgramPlaces around = places(environment, host);
+    around.restore = [&served](const fs::path& backup, std::function<void(const RestoreOutcome&)> done) {
+        served->restore(backup, std::move(done));
+    };
+    Desktop desktop(environment, host, std::move(around));
     try {
         AssistantService service({.library = setting.library,
                                   .socket = AssistantChannel::socketPath(environ),
@@ -118,6 +125,7 @@ int WindowCommand::open(const CommandSetting& setting) const
                                      status = result;
                                      QCoreApplication::quit();
                                  });
+        served = &service;
         service.claim();
         const StopSignals endings([] { QCoreApplication::quit(); });
         service.start();

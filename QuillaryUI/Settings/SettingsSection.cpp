@@ -52,8 +52,8 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
     , m_groups(new QListWidget(this))
     , m_pages(new QStackedWidget(this))
     , m_logo(new LogoRow(library, places.makeLogo))
-    , m_assistants(new AssistantsPage(library, std::move(places), this))
-    , m_data(new DataPage(library, this))
+    , m_assistants(new AssistantsPage(library, places, this))
+    , m_data(new DataPage(library, std::move(places.restore), this))
     , m_emails(new EmailTextsPage(library, this))
 {
     setObjectName(QStringLiteral("settings"));

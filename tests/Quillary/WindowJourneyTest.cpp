@@ -15,6 +15,7 @@
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/PaperView.h"
+#include "QuillaryUI/Settings/DataPage.h"
 #include "tests/Support/TempFolder.h"
 
 #include <QAbstractItemModelTester>
@@ -26,6 +27,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -34,6 +36,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace Quillary {
 namespace {
@@ -65,7 +68,11 @@ protected:
         environment = std::make_unique<AppEnvironment>();
         host = std::make_unique<PrintingHost>(*environment);
         host->startApplication(PrintingHost::Windows::shown);
-        desktop = std::make_unique<Desktop>(*environment, *host, ProgramPlaces());
+        ProgramPlaces places;
+        places.restore = [this](const auto& backup, auto done) {
+            service->restore(backup, std::move(done));
+        };
+        desktop = std::make_unique<Desktop>(*environment, *host, places);
         service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
                                                                                .socket = folder / "socket",
                                                                                .settings = folder / "assistants.json",
@@ -129,6 +136,54 @@ protected:
     std::unique_ptr<Desktop> desktop;
     std::unique_ptr<AssistantService> service;
 };
+
+TEST_F(WindowJourneyTest, restoresABackupAndKeepsTheLibraryAsItWas)
+{
+    putOffFirstStart();
+    const auto nameClient = [this](const char* name) {
+        static_cast<void>(desktop->library().perform("Client", [&] { context().insert<Client>().name = name; }));
+    };
+    nameClient("Before");
+    desktop->window().showSection("settings");
+    auto* settings = desktop->window().section("settings");
+    settings->showPage("data");
+    auto& page = find<DataPage>("dataPage");
+    auto& backups = find<QTableWidget>("backups");
+    int asked = 0;
+    page.setAsker([&](QWidget*, const QString&) { return ++asked > 1; });
+    std::vector<QString> told;
+    QObject::connect(&page, &Section::told, &page, [&](const QString& sentence) { told.push_back(sentence); });
+    QObject::connect(&page, &Section::failed, &page, [&](const QString& sentence) { told.push_back(sentence); });
+    const auto hears = [&](const char* words) {
+        return comesTrue([&] { return !told.empty() && told.back().contains(QString::fromUtf8(words)); });
+    };
+    find<QPushButton>("backUpNow").click();
+    ASSERT_TRUE(hears("Made Quillary Backup"));
+    nameClient("After");
+    const auto restore = [&](int row) {
+        backups.selectRow(row);
+        find<QPushButton>("restoreBackup").click();
+    };
+    restore(0); // the answer is no
+    EXPECT_EQ(context().count<Client>(""), 2);
+    restore(0);
+    ASSERT_TRUE(hears("is kept as Quillary Before Restore"));
+    EXPECT_EQ(context().count<Client>(""), 1);
+    nameClient("Afterwards"); // the library is in use again
+    restore(0);               // the newest is what was there before
+    ASSERT_TRUE(
+        comesTrue([&] { return desktop->library().isOpen() && context().count<Client>("name = 'After'") == 1; }));
+
+    folder.write("broken.sqlite", "no library");
+    page.setFileChooser(
+        [this](QWidget*, const QString&) { return QString::fromStdString((folder / "broken.sqlite")); });
+    ASSERT_TRUE(comesTrue([&] { return find<QPushButton>("restoreFile").isEnabled(); }));
+    find<QPushButton>("restoreFile").click();
+    ASSERT_TRUE(hears("the library is as it was"));
+    EXPECT_EQ(context().count<Client>(""), 2);
+    nameClient("Later");
+    EXPECT_EQ(context().count<Client>(""), 3);
+}
 
 TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
 {
