@@ -42,6 +42,7 @@ AssistantService::AssistantService(Options options,
     , m_host(host)
     , m_end(std::move(end))
     , m_socketPath(m_options.socket)
+    , m_lock(m_options.lock)
     , m_settings(m_options.settings)
     , m_log(m_options.log)
     , m_gate({.settings = m_settings,

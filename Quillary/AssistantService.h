@@ -11,6 +11,7 @@
 #include "QuillaryCore/Assistant/Access/AppLock.h"
 #include "QuillaryCore/Assistant/Access/AssistantGate.h"
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
+#include "QuillaryCore/Lock/LockFile.h"
 #include "QuillaryCore/Schedules/DailyRun.h"
 #include "QuillaryUI/Assistant/AssistantServer.h"
 
@@ -23,11 +24,27 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace Quillary {
 
 class AppEnvironment;
 class PrintingHost;
+
+/// The lock that the user's windows close and open.
+class UserLock final : public AppLock
+{
+public:
+    explicit UserLock(std::filesystem::path file)
+        : m_file(std::move(file))
+    {
+    }
+
+    [[nodiscard]] bool isLocked() const override { return m_file.isLocked(); }
+
+private:
+    mutable LockFile m_file; ///< which remembers what it has read
+};
 
 /// The windows of a program that serves its library and shows it.
 class LibraryWindows
@@ -64,6 +81,7 @@ public:
         std::filesystem::path socket;
         std::filesystem::path settings;
         std::filesystem::path log;
+        std::filesystem::path lock = {}; ///< empty: nothing is ever locked
         /// Started for a helper and without a user in front of it: gives way to a Quillary that somebody started.
         bool isBackground = false;
         /// A background service ends after this long without a connection.
@@ -131,7 +149,7 @@ private:
     PrintingHost& m_host;
     std::function<void(int)> m_end;
     std::filesystem::path m_socketPath;
-    NoAppLock m_lock;
+    UserLock m_lock;
     TimerDelay m_delay;
     AssistantSettingsFile m_settings;
     ActivityLog m_log;

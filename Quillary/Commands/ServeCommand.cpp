@@ -10,6 +10,7 @@
 #include "QuillaryCore/Assistant/Access/AssistantSettings.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Lock/LockFile.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Store/LibraryCopy.h"
 
@@ -128,6 +129,7 @@ int ServeCommand::run(const CommandSetting& setting) const
                   .socket = assistantSocket(),
                   .settings = environment.configurationFolder() / AssistantSettingsFile::fileName,
                   .log = environment.stateFolder() / ActivityLog::fileName,
+                  .lock = environment.configurationFolder() / LockFile::fileName,
                   .isBackground = m_isBackground,
                   .idleTime = std::chrono::milliseconds(static_cast<std::int64_t>(m_idleSeconds * 1000))},
                  environment);

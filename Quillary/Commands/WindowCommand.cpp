@@ -13,6 +13,7 @@
 #include "QuillaryCore/Assistant/Access/ActivityLog.h"
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Lock/LockFile.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QApplication>
@@ -63,9 +64,12 @@ ProgramPlaces places(const AppEnvironment& environment, PrintingHost& host)
             .activityLog = environment.stateFolder() / ActivityLog::fileName,
             .assistantSetup =
                 AssistantSetup::configuration(AssistantSetup::helperBeside(environment.programFile())).pretty(),
-            .makeLogo = [&host](const Bytes& file) {
-                return host.logo(file);
-            }};
+            .lock = environment.configurationFolder() / LockFile::fileName,
+            .now = [&environment] { return environment.clock().now(); },
+            .makeLogo =
+                [&host](const Bytes& file) {
+                    return host.logo(file);
+                }};
 }
 
 /// What stands between the user and the library, in a window: nobody reads standard error.
@@ -117,6 +121,7 @@ int WindowCommand::open(const CommandSetting& setting) const
                                   .socket = AssistantChannel::socketPath(environ),
                                   .settings = environment.configurationFolder() / AssistantSettingsFile::fileName,
                                   .log = environment.stateFolder() / ActivityLog::fileName,
+                                  .lock = environment.configurationFolder() / LockFile::fileName,
                                   .asker = &desktop.asker(),
                                   .windows = &desktop},
                                  environment,

@@ -1,5 +1,6 @@
 #include "QuillaryCore/Foundation/Files.h"
 
+#include "QuillaryCore/Foundation/PrivateFiles.h"
 #include "QuillaryCore/Foundation/UserError.h"
 
 #include <fmt/format.h>
@@ -94,9 +95,7 @@ void syncFolder(const fs::path& folder)
     }
 }
 
-} // namespace
-
-fs::path replaceFile(const fs::path& path, std::string_view text)
+fs::path replaced(const fs::path& path, std::string_view text, mode_t mode)
 {
     const fs::path folder = path.parent_path();
     std::error_code failure;
@@ -106,8 +105,7 @@ fs::path replaceFile(const fs::path& path, std::string_view text)
     // Short whatever the file's own name is: that may be as long as the file system allows already.
     const std::size_t mark = std::hash<std::string>()(path.filename().string());
     WorkingName working(folder / fmt::format(".{:x}-{}.part", mark, getpid()));
-    constexpr mode_t everyone = 0666; // less what the user's mask takes away
-    Descriptor file(::open(working.path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, everyone));
+    Descriptor file(::open(working.path().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, mode));
     if (!file.isOpen() || !writeAll(file.number(), text) || ::fsync(file.number()) != 0 || !file.close() ||
         ::rename(working.path().c_str(), path.c_str()) != 0) {
         refuse("Couldn't write", path, errno);
@@ -115,6 +113,20 @@ fs::path replaceFile(const fs::path& path, std::string_view text)
     working.release();
     syncFolder(folder);
     return path;
+}
+
+} // namespace
+
+fs::path replaceFile(const fs::path& path, std::string_view text)
+{
+    constexpr mode_t everyone = 0666; // less what the user's mask takes away
+    return replaced(path, text, everyone);
+}
+
+fs::path replacePrivateFile(const fs::path& path, std::string_view text)
+{
+    constexpr mode_t owner = 0600;
+    return replaced(path, text, owner);
 }
 
 fs::path replaceFile(const fs::path& path, std::span<const std::uint8_t> bytes)

@@ -133,7 +133,8 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent)
         "QPushButton:default { background: palette(highlight); color: palette(highlighted-text); border: none; }"
         "QPushButton:hover { border-color: palette(highlight); }"
         "QPushButton:focus { border: 1px solid palette(highlight); }"
-        "QPushButton:disabled { color: palette(placeholder-text); }"
+        "QPushButton:disabled, QPushButton:default:disabled { background: palette(base); color: "
+        "palette(placeholder-text); }"
         "QSplitter::handle { background: palette(midlight); }"));
 }
 

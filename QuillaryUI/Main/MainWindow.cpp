@@ -8,6 +8,8 @@
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Lock/LockKeeper.h"
+#include "QuillaryUI/Lock/LockPage.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/QuickOpen.h"
@@ -18,6 +20,7 @@
 #include "QuillaryUI/Settings/SettingsSection.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -56,6 +59,8 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     , m_pages(new QStackedWidget(this))
     , m_warning(new QFrame(this))
     , m_warningText(new QLabel(this))
+    , m_lock(new LockKeeper(places.lock, places.now, this))
+    , m_lockPage(new LockPage(*m_lock, this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Quillary"));
@@ -105,9 +110,60 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     if (FirstStart::isNeeded(library)) {
         showFirstStart();
     }
+    prepareLock();
 }
 
 MainWindow::~MainWindow() = default;
+
+/// Starting the program anew is no way around the lock.
+void MainWindow::prepareLock()
+{
+    m_whole->addWidget(m_lockPage);
+    connect(m_lock, &LockKeeper::locked, this, &MainWindow::cover);
+    connect(m_lock, &LockKeeper::unlocked, this, &MainWindow::uncover);
+    m_lock->lock();
+}
+
+void MainWindow::lock()
+{
+    if (!m_lock->lock()) {
+        showSection(QStringLiteral("settings"));
+        section(QStringLiteral("settings"))->showPage(QStringLiteral("security"));
+        tell(tr("Set a passphrase first: the lock asks for it."));
+    }
+}
+
+bool MainWindow::isLocked() const
+{
+    return m_lock->isLocked();
+}
+
+/// A hidden menu bar and hidden sections answer to no key; what stands beside the window goes.
+void MainWindow::cover()
+{
+    flush();
+    for (QWidget* other : QApplication::topLevelWidgets()) {
+        if (other->isVisible() && qobject_cast<QMainWindow*>(other) == nullptr) {
+            other->close();
+        }
+    }
+    statusBar()->clearMessage();
+    statusBar()->hide();
+    menuBar()->hide();
+    m_covered = m_whole->currentWidget();
+    m_whole->setCurrentWidget(m_lockPage);
+    m_lockPage->begin();
+}
+
+void MainWindow::uncover()
+{
+    menuBar()->show();
+    statusBar()->show();
+    m_whole->setCurrentWidget(m_covered);
+    if (m_whole->currentWidget() == m_pages->parentWidget()) {
+        m_pages->currentWidget()->setFocus(Qt::OtherFocusReason);
+    }
+}
 
 void MainWindow::addOverview()
 {
@@ -193,6 +249,7 @@ void MainWindow::buildMenus()
         quick->begin();
     });
     file->addSeparator();
+    file->addAction(tr("Lock"), QKeySequence(QStringLiteral("Ctrl+L")), this, &MainWindow::lock);
     file->addAction(tr("Quit"), QKeySequence::Quit, this, &QWidget::close);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
@@ -336,7 +393,9 @@ void MainWindow::refreshDay()
 
 void MainWindow::tell(const QString& sentence)
 {
-    statusBar()->showMessage(sentence, noticeTime);
+    if (!isLocked()) {
+        statusBar()->showMessage(sentence, noticeTime);
+    }
 }
 
 void MainWindow::warn(const QString& sentence)

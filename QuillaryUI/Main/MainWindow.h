@@ -20,6 +20,8 @@ class QStackedWidget;
 namespace Quillary {
 
 class DocumentsSection;
+class LockKeeper;
+class LockPage;
 class Section;
 
 /// The window: the sections at the left, the chosen one beside them, and what there is to say at the bottom.
@@ -46,6 +48,10 @@ public:
     /// Another day has begun: what is overdue, for one, is derived anew.
     void refreshDay();
 
+    /// Hides everything behind the question for the passphrase. Without a passphrase it shows where one is set.
+    void lock();
+    [[nodiscard]] bool isLocked() const;
+
     /// A quiet line at the bottom, for a while.
     void tell(const QString& sentence);
     /// A bar across the top, until it is put away.
@@ -70,15 +76,21 @@ private:
     void buildDocumentMenu(QMenu& menu);
     void undo(bool isRedo);
     void showFirstStart();
+    void prepareLock();
+    void cover();
+    void uncover();
     void restoreLayout();
     [[nodiscard]] Section* current() const;
 
     LibraryAccess& m_library;
-    QStackedWidget* m_whole; ///< the sections, or the first start before them
+    QStackedWidget* m_whole; ///< the sections, or the first start or the lock before them
     QListWidget* m_sidebar;
     QStackedWidget* m_pages;
     QFrame* m_warning;
     QLabel* m_warningText;
+    LockKeeper* m_lock;
+    LockPage* m_lockPage;
+    QWidget* m_covered = nullptr; ///< what the lock hides
     std::vector<Entry> m_sections;
 };
 

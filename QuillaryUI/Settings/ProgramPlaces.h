@@ -1,5 +1,6 @@
 #pragma once
 
+#include "QuillaryCore/Foundation/Instant.h"
 #include "QuillaryCore/Store/Field.h"
 
 #include <filesystem>
@@ -29,9 +30,11 @@ struct ProgramPlaces
 
     std::filesystem::path assistantSettings = {}; ///< empty: there are none to change
     std::filesystem::path activityLog = {};
-    std::string assistantSetup = {}; ///< how assistant apps are told of Quillary, to be copied
-    LogoMaker makeLogo = {};         ///< empty: a logo can't be chosen
-    Restore restore = {};            ///< empty: there is nothing to exchange
+    std::string assistantSetup = {};   ///< how assistant apps are told of Quillary, to be copied
+    std::filesystem::path lock = {};   ///< empty: nothing can be locked
+    std::function<Instant()> now = {}; ///< there where `lock` is: the library, which knows the time, may be away
+    LogoMaker makeLogo = {};           ///< empty: a logo can't be chosen
+    Restore restore = {};              ///< empty: there is nothing to exchange
 };
 
 } // namespace Quillary

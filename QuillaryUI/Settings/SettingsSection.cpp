@@ -4,6 +4,7 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
+#include "QuillaryUI/Lock/SecurityPage.h"
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Settings/AssistantsPage.h"
 #include "QuillaryUI/Settings/DataPage.h"
@@ -52,6 +53,7 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
     , m_groups(new QListWidget(this))
     , m_pages(new QStackedWidget(this))
     , m_logo(new LogoRow(library, places.makeLogo))
+    , m_security(new SecurityPage(places.lock, places.now, this))
     , m_assistants(new AssistantsPage(library, places, this))
     , m_data(new DataPage(library, std::move(places.restore), this))
     , m_emails(new EmailTextsPage(library, this))
@@ -71,7 +73,10 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
         m_pages->setCurrentIndex(place);
     });
     for (Section* page :
-         {static_cast<Section*>(m_assistants), static_cast<Section*>(m_data), static_cast<Section*>(m_emails)}) {
+         {static_cast<Section*>(m_assistants),
+          static_cast<Section*>(m_security),
+          static_cast<Section*>(m_data),
+          static_cast<Section*>(m_emails)}) {
         connect(page, &Section::told, this, &SettingsSection::told);
         connect(page, &Section::failed, this, &SettingsSection::failed);
     }
@@ -104,6 +109,10 @@ void SettingsSection::addGroups()
         tr("AI Assistants"),
         tr("Assistants on this machine can look at your library and prepare documents for you, as far as you allow."),
         m_assistants);
+    addPage(QStringLiteral("security"),
+            tr("Security"),
+            tr("A passphrase that the window asks for when it was locked and when Quillary starts."),
+            m_security);
     addPage(QStringLiteral("data"), tr("Data"), tr("Where everything is kept, and its copies."), m_data);
 }
 

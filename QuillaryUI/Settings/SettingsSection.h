@@ -18,6 +18,7 @@ class DataPage;
 class EmailTextsPage;
 class FieldForm;
 class LogoRow;
+class SecurityPage;
 
 /// What the documents of the business are made with, who else may use the library, and where it lies. Groups at the
 /// left, the form of the chosen one beside them; every change is saved by itself and can be taken back.
@@ -50,6 +51,7 @@ private:
     QStackedWidget* m_pages;
     std::vector<FieldForm*> m_forms;
     LogoRow* m_logo;
+    SecurityPage* m_security;
     AssistantsPage* m_assistants;
     DataPage* m_data;
     EmailTextsPage* m_emails;
