@@ -8,21 +8,18 @@
 #include <QMainWindow>
 
 #include <cstdint>
-#include <functional>
-#include <vector>
 
 class QFrame;
 class QLabel;
-class QListWidget;
 class QMenu;
 class QStackedWidget;
 
 namespace Quillary {
 
-class DocumentsSection;
 class LockKeeper;
 class LockPage;
 class Section;
+class SectionDeck;
 
 /// The window: the sections at the left, the chosen one beside them, and what there is to say at the bottom.
 class MainWindow : public QMainWindow
@@ -61,17 +58,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    struct Entry
-    {
-        QString name;
-        Section* section;
-    };
-
-    void addSection(const QString& name, const QString& title, const QString& icon, Section* section);
+    void buildWarning();
     void addSections(const ProgramPlaces& places);
-    void addOverview();
+    [[nodiscard]] Section* makeOverview();
+    void listenTo(Section* section);
     void showDocuments(DocumentKind kind, DisplayStatus status);
-    [[nodiscard]] DocumentsSection* documentsSection(DocumentKind kind) const;
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);
     void undo(bool isRedo);
@@ -80,18 +71,15 @@ private:
     void cover();
     void uncover();
     void restoreLayout();
-    [[nodiscard]] Section* current() const;
 
     LibraryAccess& m_library;
     QStackedWidget* m_whole; ///< the sections, or the first start or the lock before them
-    QListWidget* m_sidebar;
-    QStackedWidget* m_pages;
+    SectionDeck* m_deck;
     QFrame* m_warning;
     QLabel* m_warningText;
     LockKeeper* m_lock;
     LockPage* m_lockPage;
     QWidget* m_covered = nullptr; ///< what the lock hides
-    std::vector<Entry> m_sections;
 };
 
 } // namespace Quillary
