@@ -56,9 +56,7 @@ void Desktop::show(const std::string& section)
     if (!section.empty()) {
         window.showSection(text(section));
     }
-    window.show();
-    window.raise();
-    window.activateWindow();
+    window.present();
     QTimer::singleShot(idleDelay, &window, [this] { m_host.warmUp(); });
 }
 

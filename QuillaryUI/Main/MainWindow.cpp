@@ -11,6 +11,7 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/SectionDeck.h"
+#include "QuillaryUI/Main/TrayIcon.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
 #include "QuillaryUI/Schedules/RecurringSection.h"
@@ -68,6 +69,7 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     , m_warningText(new QLabel(this))
     , m_lock(new LockKeeper(places.lock, places.now, this))
     , m_lockPage(new LockPage(*m_lock, this))
+    , m_tray(new TrayIcon(this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Quillary"));
@@ -86,6 +88,7 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
         showFirstStart();
     }
     prepareLock();
+    prepareTray();
 }
 
 MainWindow::~MainWindow() = default;
@@ -106,6 +109,34 @@ void MainWindow::buildWarning()
     row->addWidget(dismiss);
     m_deck->head().addWidget(m_warning);
     m_warning->hide();
+}
+
+void MainWindow::prepareTray()
+{
+    connect(m_tray, &TrayIcon::wantedWindow, this, &MainWindow::present);
+    connect(m_tray, &TrayIcon::wantedLock, this, [this] {
+        if (!m_lock->lock()) {
+            present();
+            lock();
+        }
+    });
+    connect(m_tray, &TrayIcon::wantedEnd, this, &MainWindow::end);
+}
+
+void MainWindow::present()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    m_tray->refresh();
+}
+
+void MainWindow::end()
+{
+    m_isEnding = true;
+    close();
+    QCoreApplication::quit();
 }
 
 /// Starting the program anew is no way around the lock.
@@ -297,7 +328,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     flush();
     QSettings().setValue(geometryKey, saveGeometry());
-    event->accept();
+    const bool stays = m_tray->refresh() && !m_isEnding;
+    QGuiApplication::setQuitOnLastWindowClosed(!stays);
+    event->accept(); // a closed window is shown again as a hidden one is
 }
 
 } // namespace Quillary

@@ -20,6 +20,7 @@ class LockKeeper;
 class LockPage;
 class Section;
 class SectionDeck;
+class TrayIcon;
 
 /// The window: the sections at the left, the chosen one beside them, and what there is to say at the bottom.
 class MainWindow : public QMainWindow
@@ -32,6 +33,10 @@ public:
 
     /// By its name, such as "invoices".
     void showSection(const QString& name);
+    /// In front of whoever asks, wherever it was.
+    void present();
+    /// Ends the program, whatever closing the window does.
+    void end();
     [[nodiscard]] Section* section(const QString& name) const;
     [[nodiscard]] QStringList sectionNames() const;
 
@@ -68,6 +73,7 @@ private:
     void undo(bool isRedo);
     void showFirstStart();
     void prepareLock();
+    void prepareTray();
     void cover();
     void uncover();
     void restoreLayout();
@@ -80,6 +86,8 @@ private:
     LockKeeper* m_lock;
     LockPage* m_lockPage;
     QWidget* m_covered = nullptr; ///< what the lock hides
+    TrayIcon* m_tray;
+    bool m_isEnding = false;
 };
 
 } // namespace Quillary

@@ -31,7 +31,7 @@ void MainWindow::buildMenus()
     });
     file->addSeparator();
     file->addAction(tr("Lock"), QKeySequence(QStringLiteral("Ctrl+L")), this, &MainWindow::lock);
-    file->addAction(tr("Quit"), QKeySequence::Quit, this, &QWidget::close);
+    file->addAction(tr("Quit"), QKeySequence::Quit, this, &MainWindow::end);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     QAction* undoAction = edit->addAction(tr("Undo"), QKeySequence::Undo, this, [this] { undo(false); });

@@ -10,6 +10,7 @@
 #include "QuillaryUI/Settings/DataPage.h"
 #include "QuillaryUI/Settings/EmailTextsPage.h"
 #include "QuillaryUI/Settings/LogoRow.h"
+#include "QuillaryUI/Settings/ProgramPage.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
 
 #include <QHBoxLayout>
@@ -113,6 +114,10 @@ void SettingsSection::addGroups()
             tr("Security"),
             tr("A passphrase that the window asks for when it was locked and when Quillary starts."),
             m_security);
+    addPage(QStringLiteral("program"),
+            tr("This Computer"),
+            tr("How Quillary behaves here; your library doesn't change."),
+            new ProgramPage(this));
     addPage(QStringLiteral("data"), tr("Data"), tr("Where everything is kept, and its copies."), m_data);
 }
 
