@@ -15,6 +15,7 @@
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
 #include "QuillaryUI/Schedules/RecurringSection.h"
+#include "QuillaryUI/Schedules/RunningTimer.h"
 #include "QuillaryUI/Schedules/TimeSection.h"
 #include "QuillaryUI/Settings/SettingsSection.h"
 
@@ -77,6 +78,7 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     m_whole->addWidget(m_deck);
     setCentralWidget(m_whole);
     addSections(places);
+    addTimer();
     connect(m_deck, &SectionDeck::leaving, this, &MainWindow::flush);
     connect(m_deck, &SectionDeck::wasMade, this, &MainWindow::listenTo);
     connect(&library, &LibraryAccess::closing, this, [this] { m_deck->setEnabled(false); });
@@ -230,6 +232,15 @@ void MainWindow::addSections(const ProgramPlaces& places)
     add("settings", tr("Settings"), "settings", [this, places] {
         return new SettingsSection(m_library, places, this);
     });
+}
+
+void MainWindow::addTimer()
+{
+    auto* timer = new RunningTimer(m_library, m_deck);
+    m_deck->foot().addWidget(timer);
+    connect(timer, &RunningTimer::told, this, &MainWindow::tell);
+    connect(timer, &RunningTimer::failed, this, &MainWindow::warn);
+    connect(timer, &RunningTimer::wantedTime, this, [this] { showSection(QStringLiteral("time")); });
 }
 
 void MainWindow::listenTo(Section* section)

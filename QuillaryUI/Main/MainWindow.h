@@ -66,6 +66,7 @@ private:
     void buildWarning();
     void addSections(const ProgramPlaces& places);
     [[nodiscard]] Section* makeOverview();
+    void addTimer();
     void listenTo(Section* section);
     void showDocuments(DocumentKind kind, DisplayStatus status);
     void buildMenus();
