@@ -103,6 +103,12 @@ void nameClients(Context& context, std::vector<DocumentRows::Row>& rows)
     }
 }
 
+/// A day that isn't there lies in no bounds.
+bool isWithin(const std::optional<Instant>& day, const std::optional<Instant>& start, const std::optional<Instant>& end)
+{
+    return (!start || (day && *day >= *start)) && (!end || (day && *day < *end));
+}
+
 bool fits(const DocumentRows::Row& row,
           const DocumentRows::Filter& filter,
           std::span<const std::string> words,
@@ -111,8 +117,8 @@ bool fits(const DocumentRows::Row& row,
     // The cheap questions first.
     return (!filter.client || row.client == *filter.client) && (!filter.project || row.project == *filter.project) &&
            (filter.statuses.empty() || std::ranges::find(filter.statuses, row.status) != filter.statuses.end()) &&
-           (!filter.start || (row.issueDate && *row.issueDate >= *filter.start)) &&
-           (!filter.end || (row.issueDate && *row.issueDate < *filter.end)) &&
+           isWithin(row.issueDate, filter.start, filter.end) && isWithin(row.dueDate, filter.dueStart, filter.dueEnd) &&
+           (filter.currencyCode.empty() || row.currencyCode == filter.currencyCode) &&
            (tagLine.empty() || row.foldedTags.find(tagLine) != std::string::npos) &&
            std::ranges::all_of(
                words, [&row](const std::string& word) { return row.foldedText.find(word) != std::string::npos; });

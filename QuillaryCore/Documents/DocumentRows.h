@@ -62,9 +62,12 @@ public:
         std::vector<DisplayStatus> statuses = {}; ///< any of them; none: all
         std::optional<Instant> start = {};        ///< issued then or later
         std::optional<Instant> end = {};          ///< and before this
+        std::optional<Instant> dueStart = {};     ///< due then or later
+        std::optional<Instant> dueEnd = {};       ///< and before this
         std::string tag = {};                     ///< empty: all
-        std::optional<Key> client = {};
-        std::optional<Key> project = {};
+        std::string currencyCode = {};            ///< empty: all
+        std::optional<Key> client = {};           ///< 0: those of nobody
+        std::optional<Key> project = {};          ///< 0: those of no project
 
         friend bool operator==(const Filter&, const Filter&) = default;
     };

@@ -19,9 +19,10 @@ constexpr int nameRole = Qt::UserRole + 1; ///< of a client that isn't there yet
 
 } // namespace
 
-ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent)
+ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent, Offers offers)
     : QLineEdit(parent)
     , m_library(library)
+    , m_offers(offers)
     , m_hits(new QStandardItemModel(this))
     , m_completer(new QCompleter(m_hits, this))
 {
@@ -35,11 +36,19 @@ ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent)
             this,
             &ClientPicker::take,
             Qt::QueuedConnection); // the completer writes the row's text first
-    connect(this, &QLineEdit::editingFinished, this, [this] {
-        if (!m_completer->popup()->isVisible()) {
-            setClient(m_client); // what was typed and not chosen is nobody
-        }
-    });
+    connect(this, &QLineEdit::editingFinished, this, &ClientPicker::finish);
+}
+
+void ClientPicker::finish()
+{
+    if (m_completer->popup()->isVisible()) {
+        return;
+    }
+    const bool isEmptied = m_offers == Offers::existing && text().trimmed().isEmpty() && m_client != 0;
+    setClient(isEmptied ? 0 : m_client); // what was typed and not chosen is nobody
+    if (isEmptied) {
+        Q_EMIT picked(0);
+    }
 }
 
 void ClientPicker::setClient(std::int64_t key)
@@ -66,10 +75,16 @@ void ClientPicker::suggest(const QString& typed)
         item->setData(qlonglong(hit.key), keyRole);
         m_hits->appendRow(item);
     }
-    auto* fresh = new QStandardItem(tr("New client “%1”").arg(typed.trimmed()));
-    fresh->setData(qlonglong(0), keyRole);
-    fresh->setData(typed.trimmed(), nameRole);
-    m_hits->appendRow(fresh);
+    if (m_offers == Offers::newToo) {
+        auto* fresh = new QStandardItem(tr("New client “%1”").arg(typed.trimmed()));
+        fresh->setData(qlonglong(0), keyRole);
+        fresh->setData(typed.trimmed(), nameRole);
+        m_hits->appendRow(fresh);
+    }
+    if (m_hits->rowCount() == 0) {
+        m_completer->popup()->hide();
+        return;
+    }
     m_completer->complete();
     m_completer->popup()->setCurrentIndex(m_hits->index(0, 0)); // Enter takes the best
 }

@@ -3,24 +3,22 @@
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/DocumentFilterBar.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <chrono>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -30,33 +28,11 @@ namespace Quillary {
 namespace {
 
 constexpr int border = 12;
-constexpr int listWidth = 680;
-constexpr int numberWidth = 100;
-constexpr int dateWidth = 100;
-constexpr int amountWidth = 108;
-constexpr int statusWidth = 96;
-
-std::vector<DisplayStatus> statusesOf(DocumentKind kind)
-{
-    switch (kind) {
-    case DocumentKind::quote:
-        return {DisplayStatus::draft,
-                DisplayStatus::sent,
-                DisplayStatus::accepted,
-                DisplayStatus::declined,
-                DisplayStatus::expired};
-    case DocumentKind::creditNote:
-        return {DisplayStatus::draft, DisplayStatus::sent, DisplayStatus::paid};
-    case DocumentKind::invoice:
-    case DocumentKind::recurring:
-        break;
-    }
-    return {DisplayStatus::draft,
-            DisplayStatus::sent,
-            DisplayStatus::partlyPaid,
-            DisplayStatus::overdue,
-            DisplayStatus::paid};
-}
+constexpr int listWidth = 720;
+constexpr int numberWidth = 92;
+constexpr int dateWidth = 96;
+constexpr int amountWidth = 100;
+constexpr int statusWidth = 92;
 
 std::string kindWord(DocumentKind kind)
 {
@@ -83,14 +59,6 @@ int columnWidth(const DocumentListModel& model, int column)
     return numberWidth;
 }
 
-/// The first day of this year, quarter or month, as many of them back.
-Instant periodStart(const Calendar& calendar, Instant today, int months)
-{
-    const CalendarDate date = calendar.date(today);
-    const auto first = date.year() / date.month() - std::chrono::months(months);
-    return calendar.startOfDay(first / std::chrono::day(1));
-}
-
 } // namespace
 
 DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QWidget* parent)
@@ -99,9 +67,7 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_kind(kind)
     , m_model(new DocumentListModel(library, kind, this))
     , m_table(new QTableView(this))
-    , m_search(new QLineEdit(this))
-    , m_statuses(new QComboBox(this))
-    , m_period(new QComboBox(this))
+    , m_bar(new DocumentFilterBar(library, kind, this))
     , m_list(new QStackedWidget(this))
     , m_left(new QWidget(this))
     , m_footer(new QLabel(this))
@@ -113,6 +79,7 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DocumentsSection::showSums);
     connect(m_table, &QTableView::activated, this, [this] { m_pane->beginEditing(); });
     connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
+    connect(m_bar, &DocumentFilterBar::changed, this, &DocumentsSection::filter);
     connect(m_pane, &DocumentPane::told, this, &DocumentsSection::told);
     connect(m_pane, &DocumentPane::failed, this, &DocumentsSection::failed);
     connect(m_pane, &DocumentPane::editingChanged, this, [this](bool isEditing) {
@@ -139,48 +106,24 @@ void DocumentsSection::build()
 
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
+    m_list->addWidget(buildNothingFits());
+    if (m_kind != DocumentKind::creditNote) {
+        auto* fresh = new QPushButton(Theme::icon(QStringLiteral("plus")), tr("New"), m_bar);
+        fresh->setObjectName(QStringLiteral("newDocument"));
+        fresh->setAccessibleName(StatusText::makeNew(m_kind));
+        connect(fresh, &QPushButton::clicked, this, &DocumentsSection::makeNew);
+        m_bar->addControl(fresh);
+    }
     m_footer->setObjectName(QStringLiteral("listFooter"));
     m_footer->setContentsMargins(border, border / 2, border, border / 2);
     auto* column = new QVBoxLayout(m_left);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(buildBar());
+    column->addWidget(m_bar);
     column->addWidget(m_list, 1);
     column->addWidget(m_footer);
 
     Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_pane, listWidth);
-}
-
-QWidget* DocumentsSection::buildBar()
-{
-    auto* bar = new QWidget(this);
-    m_search->setObjectName(QStringLiteral("listSearch"));
-    m_search->setPlaceholderText(tr("Number, client, title or tag"));
-    m_search->setAccessibleName(tr("Find in this list"));
-    m_search->setClearButtonEnabled(true);
-    m_statuses->setAccessibleName(tr("Status"));
-    m_statuses->addItem(tr("All"));
-    for (const DisplayStatus status : statusesOf(m_kind)) {
-        m_statuses->addItem(StatusText::word(status, m_kind), int(status));
-    }
-    m_period->setAccessibleName(tr("Period"));
-    m_period->addItems({tr("Any time"), tr("This month"), tr("Last three months"), tr("Last twelve months")});
-    connect(m_search, &QLineEdit::textChanged, this, &DocumentsSection::filter);
-    connect(m_statuses, &QComboBox::activated, this, &DocumentsSection::filter);
-    connect(m_period, &QComboBox::activated, this, &DocumentsSection::filter);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(border, border, border, border);
-    row->addWidget(m_search, 1);
-    row->addWidget(m_statuses);
-    row->addWidget(m_period);
-    if (m_kind != DocumentKind::creditNote) {
-        auto* fresh = new QPushButton(Theme::icon(QStringLiteral("plus")), tr("New"), bar);
-        fresh->setObjectName(QStringLiteral("newDocument"));
-        fresh->setAccessibleName(StatusText::makeNew(m_kind));
-        connect(fresh, &QPushButton::clicked, this, &DocumentsSection::makeNew);
-        row->addWidget(fresh);
-    }
-    return bar;
 }
 
 QWidget* DocumentsSection::buildEmpty()
@@ -208,34 +151,47 @@ QWidget* DocumentsSection::buildEmpty()
     return page;
 }
 
-void DocumentsSection::filter()
+QWidget* DocumentsSection::buildNothingFits()
 {
-    if (!m_library.isOpen()) {
-        return;
-    }
-    DocumentRows::Filter filter{.text = utf8(m_search->text())};
-    if (m_statuses->currentData().isValid()) {
-        filter.statuses = {DisplayStatus(m_statuses->currentData().toInt())};
-    }
-    constexpr int months[] = {0, 0, 2, 11};
-    if (m_period->currentIndex() > 0) {
-        filter.start = periodStart(m_library.formats().calendar(), m_library.today(), months[m_period->currentIndex()]);
-    }
-    m_model->setFilter(std::move(filter));
+    auto* page = new QWidget(this);
+    auto* sentence = new QLabel(tr("Nothing fits these filters."), page);
+    sentence->setAlignment(Qt::AlignCenter);
+    auto* clear = new QPushButton(tr("Show All"), page);
+    clear->setObjectName(QStringLiteral("showAll"));
+    connect(clear, &QPushButton::clicked, this, &DocumentsSection::clearFilter);
+    auto* column = new QVBoxLayout(page);
+    column->addStretch();
+    column->addWidget(sentence);
+    column->addWidget(clear, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return page;
 }
 
-void DocumentsSection::setStatus(DisplayStatus status)
+void DocumentsSection::filter()
 {
-    m_search->clear();
-    m_period->setCurrentIndex(0);
-    m_statuses->setCurrentIndex(std::max(0, m_statuses->findData(int(status))));
-    filter();
+    if (m_library.isOpen()) {
+        m_model->setFilter(m_bar->view().filter(m_library.today(), m_library.formats().calendar()));
+    }
+}
+
+void DocumentsSection::clearFilter()
+{
+    m_bar->setView({});
+}
+
+void DocumentsSection::setStatus(DisplayStatus status, const std::string& currencyCode)
+{
+    m_bar->setView({.status = status, .currencyCode = currencyCode});
+}
+
+void DocumentsSection::setDueWithin(int days, const std::string& currencyCode)
+{
+    m_bar->setView({.dueWithinDays = days, .currencyCode = currencyCode});
 }
 
 void DocumentsSection::find()
 {
-    m_search->setFocus(Qt::ShortcutFocusReason);
-    m_search->selectAll();
+    m_bar->find();
 }
 
 void DocumentsSection::flush()
@@ -246,6 +202,7 @@ void DocumentsSection::flush()
 void DocumentsSection::refreshDay()
 {
     m_model->refreshDay();
+    filter(); // "this month" has moved on
 }
 
 void DocumentsSection::choose()
@@ -260,7 +217,7 @@ void DocumentsSection::choose()
 /// After the rows were told anew: the same document stays chosen; if it is gone, the first takes its place.
 void DocumentsSection::restore()
 {
-    m_list->setCurrentIndex(m_model->rows().size() == 0 ? 1 : 0);
+    m_list->setCurrentIndex(m_model->rows().size() == 0 ? 1 : m_model->rowCount() == 0 ? 2 : 0);
     const std::optional<int> row = m_chosen != 0 ? m_model->rowOf(m_chosen) : std::nullopt;
     m_isRestoring = true;
     if (row && m_table->currentIndex().row() != *row) {
@@ -300,10 +257,7 @@ void DocumentsSection::showSums()
 void DocumentsSection::showDocument(std::int64_t key)
 {
     if (!m_model->rowOf(key)) {
-        m_search->clear();
-        m_statuses->setCurrentIndex(0);
-        m_period->setCurrentIndex(0);
-        filter();
+        clearFilter();
     }
     m_chosen = key;
     m_pane->setDocument(key);

@@ -2,21 +2,21 @@
 
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Documents/DocumentRows.h"
+#include "QuillaryCore/Documents/DocumentView.h"
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
 
 #include <cstdint>
+#include <string>
 
-class QComboBox;
 class QLabel;
-class QLineEdit;
-class QPushButton;
 class QStackedWidget;
 class QTableView;
 
 namespace Quillary {
 
+class DocumentFilterBar;
 class DocumentListModel;
 class DocumentPane;
 
@@ -41,14 +41,18 @@ public:
     void flush() override;
     void refreshDay() override;
 
-    /// Shows only those of a status.
-    void setStatus(DisplayStatus status);
+    /// Shows only those of a status. Empty code: in every currency; also below.
+    void setStatus(DisplayStatus status, const std::string& currencyCode = {});
+
+    /// Shows only what is open and due today or within so many days.
+    void setDueWithin(int days, const std::string& currencyCode = {});
 
 private:
     void build();
-    QWidget* buildBar();
     QWidget* buildEmpty();
+    QWidget* buildNothingFits();
     void filter();
+    void clearFilter();
     void choose();
     void restore();
     void showSums();
@@ -57,9 +61,7 @@ private:
     DocumentKind m_kind;
     DocumentListModel* m_model;
     QTableView* m_table;
-    QLineEdit* m_search;
-    QComboBox* m_statuses;
-    QComboBox* m_period;
+    DocumentFilterBar* m_bar;
     QStackedWidget* m_list;
     QWidget* m_left;
     QLabel* m_footer;

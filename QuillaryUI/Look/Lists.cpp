@@ -1,5 +1,7 @@
 #include "QuillaryUI/Look/Lists.h"
 
+#include "QuillaryUI/Look/RowDelegate.h"
+
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTableView>
@@ -21,6 +23,7 @@ void dress(QTableView& table, const QString& name, const QString& accessibleName
     table.setSelectionMode(QTableView::SingleSelection);
     table.setShowGrid(false);
     table.setWordWrap(false);
+    table.setItemDelegate(new RowDelegate(&table));
     table.setTabKeyNavigation(false);
     table.setVerticalScrollMode(QTableView::ScrollPerPixel);
     table.verticalHeader()->hide();

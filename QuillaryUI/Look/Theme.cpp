@@ -120,7 +120,6 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent)
         "QToolTip { border: 1px solid palette(midlight); padding: 4px; }"
         "QHeaderView::section { background: palette(window); color: palette(placeholder-text); border: none;"
         " border-bottom: 1px solid palette(midlight); padding: 6px 8px; }"
-        "QTableView::item { padding: 0 6px; }"
         "QTableView { border: none; gridline-color: transparent; selection-background-color: palette(highlight); }"
         "QListView#sidebar { border: none; background: palette(window); padding: 8px; outline: none; }"
         "QListView#sidebar::item { border-radius: 6px; padding: 6px 8px; }"

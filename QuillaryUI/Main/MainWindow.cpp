@@ -196,6 +196,12 @@ Section* MainWindow::makeOverview()
     auto* overview = new OverviewSection(m_library, this);
     connect(overview, &OverviewSection::wantedSection, this, &MainWindow::showSection);
     connect(overview, &OverviewSection::wantedDocuments, this, &MainWindow::showDocuments);
+    connect(overview, &OverviewSection::wantedDue, this, [this](int days, const std::string& currencyCode) {
+        showSection(sectionName(DocumentKind::invoice));
+        if (auto* invoices = qobject_cast<DocumentsSection*>(m_deck->current())) {
+            invoices->setDueWithin(days, currencyCode);
+        }
+    });
     connect(overview, &OverviewSection::wantedNew, this, [this](DocumentKind kind) {
         showSection(sectionName(kind));
         m_deck->current()->makeNew();
@@ -203,11 +209,11 @@ Section* MainWindow::makeOverview()
     return overview;
 }
 
-void MainWindow::showDocuments(DocumentKind kind, DisplayStatus status)
+void MainWindow::showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode)
 {
     showSection(sectionName(kind));
     if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
-        documents->setStatus(status);
+        documents->setStatus(status, currencyCode);
     }
 }
 

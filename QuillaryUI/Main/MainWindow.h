@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 #include <cstdint>
+#include <string>
 
 class QFrame;
 class QLabel;
@@ -68,7 +69,7 @@ private:
     [[nodiscard]] Section* makeOverview();
     void addTimer();
     void listenTo(Section* section);
-    void showDocuments(DocumentKind kind, DisplayStatus status);
+    void showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);
     void undo(bool isRedo);

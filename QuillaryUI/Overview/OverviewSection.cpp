@@ -94,7 +94,9 @@ OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     connect(&library, &LibraryAccess::changed, this, &OverviewSection::setStale);
     connect(m_currency, &QComboBox::activated, this, &OverviewSection::showYear);
     connect(m_aging, &BarChart::chosen, this, [this](int bucket) {
-        Q_EMIT wantedDocuments(DocumentKind::invoice, bucket == 0 ? DisplayStatus::sent : DisplayStatus::overdue);
+        Q_EMIT wantedDocuments(DocumentKind::invoice,
+                               bucket == 0 ? DisplayStatus::sent : DisplayStatus::overdue,
+                               utf8(m_currency->currentText()));
     });
 }
 
@@ -239,24 +241,29 @@ QWidget* OverviewSection::figures(const MoneyOverview& money)
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(gap);
-    addFigure(*row,
-              tr("Overdue"),
-              amount(money.overdueTotal),
-              money.overdueCount == 0 ? tr("Nothing is overdue") : invoices(money.overdueCount),
-              DisplayStatus::overdue);
-    addFigure(*row,
-              tr("Due within %1 days").arg(MoneyOverview::soonDays),
-              amount(money.dueSoonTotal),
-              money.dueSoonCount == 0 ? tr("Nothing is due") : invoices(money.dueSoonCount),
-              DisplayStatus::sent);
+    auto* overdue = addFigure(*row,
+                              tr("Overdue"),
+                              amount(money.overdueTotal),
+                              money.overdueCount == 0 ? tr("Nothing is overdue") : invoices(money.overdueCount),
+                              DisplayStatus::overdue);
+    lead(*overdue, DisplayStatus::overdue, money.currencyCode);
+    auto* soon = addFigure(*row,
+                           tr("Due within %1 days").arg(MoneyOverview::soonDays),
+                           amount(money.dueSoonTotal),
+                           money.dueSoonCount == 0 ? tr("Nothing is due") : invoices(money.dueSoonCount),
+                           DisplayStatus::sent);
+    connect(soon, &FigureButton::clicked, this, [this, currency = money.currencyCode] {
+        Q_EMIT wantedDue(MoneyOverview::soonDays, currency);
+    });
     const std::size_t drafts = money.drafts.size();
-    addFigure(*row,
-              tr("Drafts"),
-              amount(money.draftTotal),
-              drafts == 0   ? tr("No draft waits")
-              : drafts == 1 ? tr("1 draft waits")
-                            : tr("%1 drafts wait").arg(drafts),
-              DisplayStatus::draft);
+    auto* draft = addFigure(*row,
+                            tr("Drafts"),
+                            amount(money.draftTotal),
+                            drafts == 0   ? tr("No draft waits")
+                            : drafts == 1 ? tr("1 draft waits")
+                                          : tr("%1 drafts wait").arg(drafts),
+                            DisplayStatus::draft);
+    lead(*draft, DisplayStatus::draft, money.currencyCode);
     if (money.currencyCode == m_library.business().currencyCode) {
         const QString hours = money.unbilledThousandths == 0
                                   ? tr("No time is unbilled")
@@ -271,7 +278,14 @@ QWidget* OverviewSection::figures(const MoneyOverview& money)
     return row;
 }
 
-void OverviewSection::addFigure(
+void OverviewSection::lead(FigureButton& button, DisplayStatus status, const std::string& currencyCode)
+{
+    connect(&button, &FigureButton::clicked, this, [this, status, currencyCode] {
+        Q_EMIT wantedDocuments(DocumentKind::invoice, status, currencyCode);
+    });
+}
+
+FigureButton* OverviewSection::addFigure(
     QWidget& row, const QString& name, const QString& figure, const QString& detail, DisplayStatus status)
 {
     auto* button = new FigureButton(name, figure, detail, &row);
@@ -279,10 +293,8 @@ void OverviewSection::addFigure(
     if (status == DisplayStatus::overdue && detail != tr("Nothing is overdue")) {
         button->setFigureColor(Theme::statusColor(status));
     }
-    connect(button, &FigureButton::clicked, this, [this, status] {
-        Q_EMIT wantedDocuments(DocumentKind::invoice, status);
-    });
     static_cast<QHBoxLayout*>(row.layout())->addWidget(button, 1);
+    return button;
 }
 
 void OverviewSection::fillCurrencies(const OverviewFigures& figures)

@@ -8,6 +8,7 @@
 
 #include <QTimer>
 
+#include <string>
 #include <vector>
 
 class QComboBox;
@@ -17,6 +18,7 @@ class QVBoxLayout;
 namespace Quillary {
 
 class BarChart;
+class FigureButton;
 struct OverviewFigures;
 
 /// What needs doing, with sums; income by month; receivables by age. Every figure leads to its list.
@@ -33,8 +35,10 @@ public:
     void refreshDay() override;
 
 Q_SIGNALS:
-    /// The documents behind a figure are to be shown.
-    void wantedDocuments(DocumentKind kind, DisplayStatus status);
+    /// The documents behind a figure in one currency are to be shown.
+    void wantedDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);
+    /// The open invoices of a currency that are due within so many days are to be shown.
+    void wantedDue(int days, const std::string& currencyCode);
     /// Another section is to be shown, such as "time".
     void wantedSection(const QString& name);
     void wantedNew(DocumentKind kind);
@@ -49,8 +53,9 @@ private:
     void refresh();
     void showMoney(const std::vector<MoneyOverview>& money);
     QWidget* figures(const MoneyOverview& money);
-    void
+    FigureButton*
     addFigure(QWidget& row, const QString& name, const QString& figure, const QString& detail, DisplayStatus status);
+    void lead(FigureButton& button, DisplayStatus status, const std::string& currencyCode);
     void fillCurrencies(const OverviewFigures& figures);
     void showYear();
     void showFailure(const QString& sentence);

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Documents/DocumentError.h"
 #include "QuillaryCore/Documents/DocumentFilter.h"
+#include "QuillaryCore/Documents/DocumentView.h"
 #include "QuillaryCore/Documents/DraftLines.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "tests/Documents/DocumentLibrary.h"
@@ -100,6 +101,10 @@ TEST_F(DocumentRowsTest, narrowsAndSorts)
         {{.tag = "food"}, Column::number, Order::ascending, {"A-2"}},
         {{.tag = "foo"}, Column::number, Order::ascending, {}}, // a whole tag
         {{.client = other.ref.key()}, Column::number, Order::ascending, {"A-2"}},
+        {{.client = 0}, Column::number, Order::ascending, {"D-4"}},
+        {{.project = 0}, Column::number, Order::ascending, {"A-2", "B-1", "C-3", "D-4"}},
+        {{.dueEnd = library.day(0)}, Column::number, Order::ascending, {"B-1"}}, // no day, not due
+        {{.currencyCode = "USD"}, Column::number, Order::ascending, {}},
     };
     for (const Case& example : cases) {
         EXPECT_EQ(numbers(example.filter, example.column, example.order), example.numbers) << example.filter.text;
@@ -108,6 +113,26 @@ TEST_F(DocumentRowsTest, narrowsAndSorts)
     const auto all = rows.arranged({}, Column::number, Order::ascending);
     EXPECT_EQ(rows.sum(all).totals.at("EUR"), 600);
     EXPECT_EQ(rows.counts()[static_cast<std::size_t>(DisplayStatus::draft)], 2U);
+}
+
+TEST_F(DocumentRowsTest, findsWhatIsDueSoon)
+{
+    for (const int days : {-1, 0, 7, 8}) {
+        library.invoice(fmt::format("{:+}", days)).dueDate = library.day(days);
+    }
+    Document& partly = library.invoice("partly");
+    partly.dueDate = library.day(3);
+    partly.cachedTotalMinorUnits = 200;
+    partly.cachedPaidMinorUnits = 100;
+    library.invoice("draft", DocumentStatus::draft).dueDate = library.day(3);
+    library.invoice("paid", DocumentStatus::paid).dueDate = library.day(3);
+    rows.load(library.context, library.start, library.calendar);
+    const DocumentView soon{.dueWithinDays = 7};
+    EXPECT_THAT(numbers(soon.filter(library.start, library.calendar), Column::dueDate, Order::ascending),
+                testing::ElementsAre("+0", "partly", "+7"));
+    const DocumentView paid{.status = DisplayStatus::paid, .dueWithinDays = 7};
+    EXPECT_THAT(numbers(paid.filter(library.start, library.calendar), Column::dueDate, Order::ascending),
+                testing::ElementsAre("paid"));
 }
 
 TEST_F(DocumentRowsTest, followsEveryChange)

@@ -1,0 +1,71 @@
+#include "QuillaryUI/Look/RowDelegate.h"
+
+#include <QApplication>
+#include <QBrush>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+
+namespace Quillary {
+
+namespace {
+
+Qt::Alignment alignmentOf(const QModelIndex& index)
+{
+    const QVariant alignment = index.data(Qt::TextAlignmentRole);
+    return alignment.isValid() ? Qt::Alignment(alignment.toInt()) : Qt::AlignVCenter | Qt::AlignLeft;
+}
+
+QColor textColor(const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const auto group = option.state.testFlag(QStyle::State_Enabled) ? QPalette::Active : QPalette::Disabled;
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        return option.palette.color(group, QPalette::HighlightedText);
+    }
+    const QVariant foreground = index.data(Qt::ForegroundRole);
+    return foreground.isValid() ? qvariant_cast<QBrush>(foreground).color()
+                                : option.palette.color(group, QPalette::Text);
+}
+
+bool isPlain(const QModelIndex& index)
+{
+    return !index.data(Qt::CheckStateRole).isValid() && !index.data(Qt::DecorationRole).isValid() &&
+           !index.data(Qt::BackgroundRole).isValid();
+}
+
+} // namespace
+
+void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    if (!isPlain(index)) {
+        QStyledItemDelegate::paint(painter, option, index);
+        return;
+    }
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    if (isSelected) {
+        painter->fillRect(option.rect, option.palette.color(QPalette::Active, QPalette::Highlight));
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus) && !isSelected) { // the keyboard is here, nothing is chosen
+        painter->setPen(option.palette.color(QPalette::Active, QPalette::Highlight));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+    const QVariant font = index.data(Qt::FontRole);
+    const QFont used = font.isValid() ? qvariant_cast<QFont>(font).resolve(option.font) : option.font;
+    const QRect inside = option.rect.adjusted(padding, 0, -padding, 0);
+    QString text = displayText(index.data(Qt::DisplayRole), option.locale);
+    const QFontMetrics metrics(used);
+    if (metrics.horizontalAdvance(text) > inside.width()) {
+        text = metrics.elidedText(text, option.textElideMode, inside.width());
+    }
+    painter->setFont(used);
+    painter->setPen(textColor(option, index));
+    painter->drawText(inside, int(alignmentOf(index)) | Qt::TextSingleLine, text);
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(padding, 0); // beside what the style leaves
+}
+
+} // namespace Quillary
