@@ -18,6 +18,7 @@
 #include "QuillaryCore/Model/Reminder.h"
 #include "QuillaryCore/Model/ReviewAnswer.h"
 #include "QuillaryCore/Model/SavedView.h"
+#include "QuillaryCore/Model/SavedViewDetails.h"
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TextPreset.h"
 #include "QuillaryCore/Model/TimeEntry.h"
@@ -44,13 +45,23 @@ Schema without(std::vector<std::string_view> entities, int version)
 /// Version 1 remembered neither answers that change no record nor which line billed a time entry.
 Schema firstVersion()
 {
-    return without({ReviewAnswer::entityName, TimeEntryBilling::entityName, CreditedPart::entityName}, 1);
+    return without({ReviewAnswer::entityName,
+                    TimeEntryBilling::entityName,
+                    CreditedPart::entityName,
+                    SavedViewDetails::entityName},
+                   1);
 }
 
 /// Version 2 didn't know which line of an invoice a credit note takes back.
 Schema secondVersion()
 {
-    return without({CreditedPart::entityName}, 2);
+    return without({CreditedPart::entityName, SavedViewDetails::entityName}, 2);
+}
+
+/// Version 3 kept views without their client, currency, text and order.
+Schema thirdVersion()
+{
+    return without({SavedViewDetails::entityName}, 3);
 }
 
 } // namespace
@@ -78,13 +89,15 @@ const Records& records()
                                              DocumentTaxTreatment,
                                              ReviewAnswer,
                                              TimeEntryBilling,
-                                             CreditedPart>();
+                                             CreditedPart,
+                                             SavedViewDetails>();
     return types;
 }
 
 const SchemaHistory& history()
 {
-    static const SchemaHistory versions{records().schema(currentVersion), {firstVersion(), secondVersion()}};
+    static const SchemaHistory versions{records().schema(currentVersion),
+                                        {firstVersion(), secondVersion(), thirdVersion()}};
     return versions;
 }
 

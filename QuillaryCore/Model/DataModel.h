@@ -11,7 +11,7 @@
 namespace Quillary::DataModel {
 
 /// The number of the current schema.
-inline constexpr int currentVersion = 3;
+inline constexpr int currentVersion = 4;
 
 /// The record types in schema order; the records that Quillary ties to them by identifier come last. Made once.
 [[nodiscard]] const Records& records();

@@ -199,6 +199,12 @@ void DocumentListModel::setFilter(DocumentRows::Filter filter)
     }
 }
 
+std::optional<int> DocumentListModel::placeOf(DocumentRows::Column column) const
+{
+    const auto found = std::ranges::find(m_columns, column);
+    return found == m_columns.end() ? std::nullopt : std::optional(int(found - m_columns.begin()));
+}
+
 DocumentRows::Key DocumentListModel::key(int row) const
 {
     return m_keys[static_cast<std::size_t>(row)];

@@ -37,8 +37,13 @@ public:
     void setFilter(DocumentRows::Filter filter);
     [[nodiscard]] const DocumentRows::Filter& filter() const { return m_filter; }
 
+    [[nodiscard]] DocumentRows::Column sortColumn() const { return m_sortColumn; }
+    [[nodiscard]] DocumentRows::Order order() const { return m_order; }
+
     [[nodiscard]] DocumentKind kind() const { return m_kind; }
     [[nodiscard]] DocumentRows::Column column(int place) const { return m_columns[static_cast<std::size_t>(place)]; }
+    /// Where a column stands. No value: lists of this kind don't have it.
+    [[nodiscard]] std::optional<int> placeOf(DocumentRows::Column column) const;
     [[nodiscard]] const DocumentRows& rows() const { return m_rows; }
     [[nodiscard]] DocumentRows::Key key(int row) const;
     [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;

@@ -6,6 +6,7 @@
 #include "QuillaryUI/Documents/DocumentFilterBar.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/SavedViewsButton.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
@@ -68,6 +69,8 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_model(new DocumentListModel(library, kind, this))
     , m_table(new QTableView(this))
     , m_bar(new DocumentFilterBar(library, kind, this))
+    , m_views(new SavedViewsButton(
+          library, kind, [this] { return view(); }, this))
     , m_list(new QStackedWidget(this))
     , m_left(new QWidget(this))
     , m_footer(new QLabel(this))
@@ -80,6 +83,8 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     connect(m_table, &QTableView::activated, this, [this] { m_pane->beginEditing(); });
     connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
     connect(m_bar, &DocumentFilterBar::changed, this, &DocumentsSection::filter);
+    connect(m_views, &SavedViewsButton::wanted, this, &DocumentsSection::setView);
+    connect(m_views, &SavedViewsButton::failed, this, &DocumentsSection::failed);
     connect(m_pane, &DocumentPane::told, this, &DocumentsSection::told);
     connect(m_pane, &DocumentPane::failed, this, &DocumentsSection::failed);
     connect(m_pane, &DocumentPane::editingChanged, this, [this](bool isEditing) {
@@ -107,6 +112,7 @@ void DocumentsSection::build()
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
     m_list->addWidget(buildNothingFits());
+    m_bar->addControl(m_views);
     if (m_kind != DocumentKind::creditNote) {
         auto* fresh = new QPushButton(Theme::icon(QStringLiteral("plus")), tr("New"), m_bar);
         fresh->setObjectName(QStringLiteral("newDocument"));
@@ -158,7 +164,7 @@ QWidget* DocumentsSection::buildNothingFits()
     sentence->setAlignment(Qt::AlignCenter);
     auto* clear = new QPushButton(tr("Show All"), page);
     clear->setObjectName(QStringLiteral("showAll"));
-    connect(clear, &QPushButton::clicked, this, &DocumentsSection::clearFilter);
+    connect(clear, &QPushButton::clicked, this, [this] { m_bar->setView({}); });
     auto* column = new QVBoxLayout(page);
     column->addStretch();
     column->addWidget(sentence);
@@ -174,9 +180,21 @@ void DocumentsSection::filter()
     }
 }
 
-void DocumentsSection::clearFilter()
+DocumentView DocumentsSection::view() const
 {
-    m_bar->setView({});
+    DocumentView view = m_bar->view();
+    view.sortColumn = m_model->sortColumn();
+    view.order = m_model->order();
+    return view;
+}
+
+void DocumentsSection::setView(const DocumentView& view)
+{
+    if (const std::optional<int> column = m_model->placeOf(view.sortColumn)) {
+        m_table->sortByColumn(*column,
+                              view.order == DocumentRows::Order::ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
+    m_bar->setView(view);
 }
 
 void DocumentsSection::setStatus(DisplayStatus status, const std::string& currencyCode)
@@ -235,6 +253,7 @@ void DocumentsSection::restore()
     std::iota(all.begin(), all.end(), 0);
     m_sumOfAll = m_model->sum(all);
     showSums();
+    m_views->refresh();
 }
 
 void DocumentsSection::showSums()
@@ -257,7 +276,7 @@ void DocumentsSection::showSums()
 void DocumentsSection::showDocument(std::int64_t key)
 {
     if (!m_model->rowOf(key)) {
-        clearFilter();
+        m_bar->setView({});
     }
     m_chosen = key;
     m_pane->setDocument(key);

@@ -19,6 +19,7 @@ namespace Quillary {
 class DocumentFilterBar;
 class DocumentListModel;
 class DocumentPane;
+class SavedViewsButton;
 
 /// The documents of one kind: the list with its filter, and the chosen one beside it.
 class DocumentsSection : public Section
@@ -47,12 +48,15 @@ public:
     /// Shows only what is open and due today or within so many days.
     void setDueWithin(int days, const std::string& currencyCode = {});
 
+    /// What the list shows, and in which order.
+    [[nodiscard]] DocumentView view() const;
+    void setView(const DocumentView& view);
+
 private:
     void build();
     QWidget* buildEmpty();
     QWidget* buildNothingFits();
     void filter();
-    void clearFilter();
     void choose();
     void restore();
     void showSums();
@@ -62,6 +66,7 @@ private:
     DocumentListModel* m_model;
     QTableView* m_table;
     DocumentFilterBar* m_bar;
+    SavedViewsButton* m_views;
     QStackedWidget* m_list;
     QWidget* m_left;
     QLabel* m_footer;
