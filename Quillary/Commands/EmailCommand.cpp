@@ -2,7 +2,7 @@
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/Commands/LetterFiles.h"
-#include "Quillary/Commands/LetterMail.h"
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "Quillary/Commands/LetterReport.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"

@@ -1,7 +1,7 @@
 #include "Quillary/Commands/LetterReport.h"
 
 #include "Quillary/Commands/LetterFiles.h"
-#include "Quillary/Commands/LetterMail.h"
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Tools/AssistantEnvironment.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"

@@ -1,13 +1,12 @@
 #include "QuillaryUI/Documents/DocumentPane.h"
 
-#include "QuillaryCore/Assistant/Description/Lookup.h"
-#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Billing/Reminders.h"
 #include "QuillaryCore/Documents/CreditNotes.h"
 #include "QuillaryCore/Documents/DocumentActions.h"
 #include "QuillaryCore/Documents/DocumentName.h"
+#include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
@@ -18,12 +17,14 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientSheet.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
+#include "QuillaryUI/Documents/EmailSheet.h"
 #include "QuillaryUI/Documents/PaymentSheet.h"
 #include "QuillaryUI/Documents/ReminderSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Library/DocumentPage.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
+#include "QuillaryUI/Paper/PaperPrinting.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
 #include <QAction>
@@ -33,6 +34,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QSplitter>
 #include <QToolButton>
@@ -102,6 +105,8 @@ void DocumentPane::buildActions()
                        QStringLiteral("savePDF"),
                        QKeySequence(QStringLiteral("Ctrl+Shift+S")),
                        &DocumentPane::savePDF);
+    m_print =
+        addAction(tr("Print…"), QStringLiteral("print"), QKeySequence(QStringLiteral("Ctrl+P")), &DocumentPane::print);
     m_duplicate = addAction(
         tr("Duplicate"), QStringLiteral("duplicate"), QKeySequence(QStringLiteral("Ctrl+D")), &DocumentPane::duplicate);
     m_toInvoice = addAction(tr("Make Invoice"),
@@ -419,18 +424,44 @@ void DocumentPane::savePDF()
                             });
 }
 
+/// The printer is chosen first; the page is made anew then, so that what lies on the paper is what the library holds.
+void DocumentPane::print()
+{
+    const Document& document = *record();
+    const PageJob job = pageJob(m_library.context(), document, m_library.business(), m_library.formats().calendar());
+    auto* dialog = new QPrintDialog(this); // its printer goes with it
+    dialog->setObjectName(QStringLiteral("printDialog"));
+    dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
+                       QAbstractPrintDialog::PrintCollateCopies);
+    PaperPrinting::prepare(*dialog->printer(), job.geometry, text(documentName(document)));
+    connect(dialog, &QDialog::rejected, dialog, &QObject::deleteLater);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, job] {
+        m_library.press().press(job, [self = QPointer(this), asked = QPointer(dialog)](const PrintResult& result) {
+            if (self && asked) {
+                self->printPages(*asked, result);
+            }
+        });
+    });
+    dialog->open();
+}
+
+void DocumentPane::printPages(QPrintDialog& dialog, const PrintResult& result)
+{
+    dialog.deleteLater();
+    if (const auto* error = std::get_if<PrintError>(&result)) {
+        Q_EMIT failed(text(error->message()));
+        return;
+    }
+    try {
+        PaperPrinting::print(m_library.press(), std::get<PrintedPDF>(result), *dialog.printer(), window());
+    } catch (const PrintError& error) {
+        Q_EMIT failed(text(error.message()));
+    }
+}
+
 void DocumentPane::email()
 {
-    auto actions = std::make_shared<AssistantActions>(m_library.environment());
-    actions->call("email_document",
-                  JSON::object({{"document", Lookup::idText(record()->uuid)}}),
-                  [self = QPointer(this), actions](const ToolResult& result) {
-                      if (self && result.isError) {
-                          Q_EMIT self->failed(text(result.text));
-                      } else if (self) {
-                          Q_EMIT self->told(tr("The email lies in your mail program as a draft. Nothing was sent."));
-                      }
-                  });
+    (new EmailSheet(m_library, m_document, this))->begin();
 }
 
 void DocumentPane::removeDraft()

@@ -11,6 +11,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QPrintDialog;
 class QPushButton;
 class QSplitter;
 class QToolButton;
@@ -77,6 +78,8 @@ private:
     void makeInvoice();
     void makeCreditNote();
     void savePDF();
+    void print();
+    void printPages(QPrintDialog& dialog, const PrintResult& result);
     void email();
     void removeDraft();
 
@@ -105,6 +108,7 @@ private:
     QAction* m_toInvoice = nullptr;
     QAction* m_credit = nullptr;
     QAction* m_save = nullptr;
+    QAction* m_print = nullptr;
     QAction* m_email = nullptr;
     QAction* m_remove = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "Quillary/Desktop.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
@@ -25,6 +26,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTableView>
 #include <QTableWidget>
@@ -34,8 +37,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace Quillary {
@@ -60,6 +65,7 @@ protected:
     WindowJourneyTest()
     {
         setenv("HOME", folder.path().c_str(), 1);
+        std::filesystem::create_directory(folder / "Downloads");
         setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
         setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
         setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
@@ -128,6 +134,22 @@ protected:
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Tab);
         QCoreApplication::processEvents();
+    }
+
+    /// What lies in a file, wherever under the user's home it comes to lie.
+    std::string comingFile(const std::string& ending)
+    {
+        std::filesystem::path found;
+        const auto isThere = [&] {
+            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {
+                if (entry.path().string().ends_with(ending) && entry.file_size() > 0) {
+                    found = entry.path();
+                }
+            }
+            return !found.empty();
+        };
+        EXPECT_TRUE(comesTrue(isThere)) << ending;
+        return found.empty() ? std::string() : readFile(found, 10'000'000);
     }
 
     TempFolder folder;
@@ -266,6 +288,42 @@ TEST_F(WindowJourneyTest, undoesAndShowsWhatOthersChange)
     }
     EXPECT_TRUE(
         comesTrue([&] { return list.model()->index(0, 0).data().toString() == QStringLiteral("FROM-OUTSIDE"); }));
+}
+
+TEST_F(WindowJourneyTest, takesAQuoteToAnEmailAnInvoiceAndPaper)
+{
+    putOffFirstStart();
+    desktop->show("quotes");
+    desktop->window().section(QStringLiteral("quotes"))->makeNew();
+    QWidget* quotes = desktop->window().section(QStringLiteral("quotes"));
+    {
+        auto scope = context().beginScope("a client");
+        Client& client = context().insert<Client>();
+        client.name = "Nordwind AG";
+        client.email = "office@nordwind.example";
+        context().edit(*context().first<Document>("")).client = client.ref;
+        scope.commit();
+    }
+
+    // The email: what the template says, as it was changed here, with the PDF.
+    find<QWidget>("documentPane", quotes).findChild<QAction*>(QStringLiteral("email"))->trigger();
+    EXPECT_EQ(find<QLineEdit>("emailTo").text(), QStringLiteral("office@nordwind.example"));
+    find<QLineEdit>("emailTo").setText(QStringLiteral("nobody"));
+    QTest::mouseClick(&find<QPushButton>("sheetAnswer"), Qt::LeftButton);
+    EXPECT_TRUE(find<QLabel>("sheetError").text().contains(QStringLiteral("nobody")));
+    find<QLineEdit>("emailTo").setText(QStringLiteral("boss@nordwind.example"));
+    find<QLineEdit>("emailSubject").setText(QStringLiteral("Our offer"));
+    QTest::mouseClick(&find<QPushButton>("sheetAnswer"), Qt::LeftButton);
+    const std::string mail = comingFile(".eml");
+    EXPECT_NE(mail.find("boss@nordwind.example"), std::string::npos);
+    EXPECT_NE(mail.find("Our offer"), std::string::npos);
+    EXPECT_NE(mail.find("application/pdf"), std::string::npos);
+
+    find<QWidget>("documentPane", quotes).findChild<QAction*>(QStringLiteral("print"))->trigger();
+    auto& dialog = find<QPrintDialog>("printDialog");
+    dialog.printer()->setOutputFileName(text((folder / "paper.pdf").string()));
+    dialog.done(QDialog::Accepted); // as its button does after it has asked the printer's own questions
+    EXPECT_TRUE(comingFile("paper.pdf").starts_with("%PDF"));
 }
 
 TEST_F(WindowJourneyTest, goesOnAfterAFailureInTheEventLoop)

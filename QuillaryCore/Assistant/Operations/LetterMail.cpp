@@ -1,4 +1,4 @@
-#include "Quillary/Commands/LetterMail.h"
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 
 #include "QuillaryCore/Assistant/Tools/AssistantEnvironment.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
