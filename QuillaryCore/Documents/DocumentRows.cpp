@@ -6,6 +6,7 @@
 #include "QuillaryCore/Model/ClientNames.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Store/Context.h"
 
 #include <fmt/format.h>
@@ -14,6 +15,7 @@
 #include <functional>
 #include <limits>
 #include <tuple>
+#include <unordered_set>
 #include <utility>
 
 namespace Quillary {
@@ -173,6 +175,57 @@ void add(std::map<std::string, std::int64_t, std::less<>>& sums, const std::stri
     }
 }
 
+DocumentStatus storedStatus(DisplayStatus status)
+{
+    switch (status) {
+    case DisplayStatus::draft:
+        return DocumentStatus::draft;
+    case DisplayStatus::sent:
+    case DisplayStatus::partlyPaid:
+    case DisplayStatus::overdue:
+    case DisplayStatus::expired:
+        return DocumentStatus::sent;
+    case DisplayStatus::paid:
+        return DocumentStatus::paid;
+    case DisplayStatus::accepted:
+        return DocumentStatus::accepted;
+    case DisplayStatus::declined:
+        return DocumentStatus::declined;
+    }
+    return DocumentStatus::draft;
+}
+
+/// Which actions are open to all documents that were added.
+class CommonActions
+{
+public:
+    explicit CommonActions(DocumentKind kind) { m_facts.kindRaw = static_cast<std::int16_t>(kind); }
+
+    void add(const DocumentRows::Row& row)
+    {
+        m_facts.statusRaw = static_cast<std::int16_t>(storedStatus(row.status));
+        // Whether money or a fee came in is all that the actions ask.
+        m_facts.cachedPaidMinorUnits = m_facts.kindRaw == 0 && row.dueMinorUnits != row.totalMinorUnits ? 1 : 0;
+        const std::pair facts(m_facts.statusRaw, m_facts.cachedPaidMinorUnits);
+        if (std::ranges::find(m_seen, facts) == m_seen.end()) {
+            m_seen.push_back(facts);
+            const std::vector<StatusAction> open = statusActions(m_facts);
+            if (m_seen.size() == 1) {
+                m_actions = open;
+            }
+            std::erase_if(m_actions,
+                          [&open](StatusAction action) { return std::ranges::find(open, action) == open.end(); });
+        }
+    }
+
+    [[nodiscard]] std::vector<StatusAction> actions() && { return std::move(m_actions); }
+
+private:
+    Document m_facts;
+    std::vector<std::pair<std::int16_t, std::int64_t>> m_seen;
+    std::vector<StatusAction> m_actions;
+};
+
 } // namespace
 
 void DocumentRows::load(Context& context, Instant today, const Calendar& calendar, std::optional<std::size_t> limit)
@@ -331,6 +384,29 @@ DocumentRows::Sum DocumentRows::sum(std::span<const std::uint32_t> places) const
         add(sum.due, row.currencyCode, row.dueMinorUnits);
     }
     return sum;
+}
+
+DocumentRows::Summary DocumentRows::summary(std::span<const std::uint32_t> places) const
+{
+    Summary summary;
+    CommonActions common(m_kind);
+    std::unordered_set<Key> clients;
+    summary.owesAll = !places.empty();
+    for (const std::uint32_t place : places) {
+        const Row& row = m_rows[place];
+        summary.statuses.at(static_cast<std::size_t>(row.status)) += 1;
+        clients.insert(row.client);
+        common.add(row);
+        summary.owesAll = summary.owesAll && row.dueMinorUnits > 0 && storedStatus(row.status) == DocumentStatus::sent;
+        if (row.dueDate) {
+            summary.firstDue = std::min(summary.firstDue.value_or(*row.dueDate), *row.dueDate);
+            summary.lastDue = std::max(summary.lastDue.value_or(*row.dueDate), *row.dueDate);
+        }
+    }
+    clients.erase(0);
+    summary.clients = clients.size();
+    summary.actions = std::move(common).actions();
+    return summary;
 }
 
 } // namespace Quillary

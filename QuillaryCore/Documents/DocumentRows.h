@@ -1,6 +1,7 @@
 #pragma once
 
 #include "QuillaryCore/Billing/DisplayStatus.h"
+#include "QuillaryCore/Billing/StatusActions.h"
 #include "QuillaryCore/Foundation/Calendar.h"
 #include "QuillaryCore/Foundation/Instant.h"
 #include "QuillaryCore/Model/DocumentKind.h"
@@ -107,6 +108,18 @@ public:
         std::map<std::string, std::int64_t, std::less<>> due;
     };
     [[nodiscard]] Sum sum(std::span<const std::uint32_t> places) const;
+
+    /// What several documents have in common.
+    struct Summary
+    {
+        std::array<std::size_t, allDisplayStatuses.size()> statuses{}; ///< by place in `allDisplayStatuses`
+        std::size_t clients = 0;                                       ///< how many different ones
+        std::optional<Instant> firstDue;
+        std::optional<Instant> lastDue;
+        std::vector<StatusAction> actions; ///< open to each of them, the usual next step first
+        bool owesAll = false;              ///< each is sent, and something is open on it
+    };
+    [[nodiscard]] Summary summary(std::span<const std::uint32_t> places) const;
 
 private:
     void

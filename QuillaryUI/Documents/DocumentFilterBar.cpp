@@ -171,6 +171,7 @@ void DocumentFilterBar::showChips()
 {
     for (QPushButton* chip : m_chips->findChildren<QPushButton*>()) {
         m_chips->layout()->removeWidget(chip);
+        chip->setObjectName({}); // it is on its way out
         chip->hide();
         chip->deleteLater(); // one of them may have been pressed just now
     }
@@ -196,6 +197,7 @@ void DocumentFilterBar::showChips()
         clear->setObjectName(QStringLiteral("clearFilters"));
         clear->setAccessibleName(tr("Take all filters away"));
         clear->setFlat(true);
+        clear->setStyleSheet(QStringLiteral("QPushButton { padding: 3px 10px; border: 1px solid transparent; }"));
         connect(clear, &QPushButton::clicked, this, [this] {
             setView({.sortColumn = m_view.sortColumn, .order = m_view.order});
         });

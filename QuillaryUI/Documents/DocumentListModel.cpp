@@ -216,14 +216,24 @@ std::optional<int> DocumentListModel::rowOf(DocumentRows::Key key) const
     return found == m_keys.end() ? std::nullopt : std::optional(int(found - m_keys.begin()));
 }
 
-DocumentRows::Sum DocumentListModel::sum(std::span<const int> rows) const
+std::vector<std::uint32_t> DocumentListModel::placesOf(std::span<const int> rows) const
 {
     std::vector<std::uint32_t> places;
     places.reserve(rows.size());
     for (const int row : rows) {
         places.push_back(m_places[static_cast<std::size_t>(row)]);
     }
-    return m_rows.sum(places);
+    return places;
+}
+
+DocumentRows::Sum DocumentListModel::sum(std::span<const int> rows) const
+{
+    return m_rows.sum(placesOf(rows));
+}
+
+DocumentRows::Summary DocumentListModel::summary(std::span<const int> rows) const
+{
+    return m_rows.summary(placesOf(rows));
 }
 
 void DocumentListModel::reload()

@@ -48,6 +48,7 @@ public:
     [[nodiscard]] DocumentRows::Key key(int row) const;
     [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;
     [[nodiscard]] DocumentRows::Sum sum(std::span<const int> rows) const;
+    [[nodiscard]] DocumentRows::Summary summary(std::span<const int> rows) const;
 
     /// The day that statuses are derived for is another one.
     void refreshDay() { reload(); }
@@ -62,6 +63,7 @@ private:
     void take(const ChangeSet& changes);
     void arrange();
     void place(std::vector<std::uint32_t> places);
+    [[nodiscard]] std::vector<std::uint32_t> placesOf(std::span<const int> rows) const;
     [[nodiscard]] QString text(const DocumentRows::Row& row, int column) const;
     [[nodiscard]] QVariant value(const DocumentRows::Row& row, int column) const;
 

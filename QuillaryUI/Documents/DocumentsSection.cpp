@@ -6,13 +6,16 @@
 #include "QuillaryUI/Documents/DocumentFilterBar.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/DocumentsRun.h"
 #include "QuillaryUI/Documents/SavedViewsButton.h"
+#include "QuillaryUI/Documents/SelectionPane.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -20,6 +23,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -74,17 +78,21 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_list(new QStackedWidget(this))
     , m_left(new QWidget(this))
     , m_footer(new QLabel(this))
+    , m_right(new QStackedWidget(this))
     , m_pane(new DocumentPane(library, this))
+    , m_run(new DocumentsRun(library, this))
+    , m_selection(new SelectionPane(library, kind, *m_run, this))
 {
     setObjectName(QStringLiteral("documents%1").arg(int(kind)));
     build();
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentsSection::choose);
-    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DocumentsSection::showSums);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DocumentsSection::showSelection);
     connect(m_table, &QTableView::activated, this, [this] { m_pane->beginEditing(); });
     connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
     connect(m_bar, &DocumentFilterBar::changed, this, &DocumentsSection::filter);
     connect(m_views, &SavedViewsButton::wanted, this, &DocumentsSection::setView);
     connect(m_views, &SavedViewsButton::failed, this, &DocumentsSection::failed);
+    connect(m_run, &DocumentsRun::told, this, &DocumentsSection::told);
     connect(m_pane, &DocumentPane::told, this, &DocumentsSection::told);
     connect(m_pane, &DocumentPane::failed, this, &DocumentsSection::failed);
     connect(m_pane, &DocumentPane::editingChanged, this, [this](bool isEditing) {
@@ -127,9 +135,12 @@ void DocumentsSection::build()
     column->setSpacing(0);
     column->addWidget(m_bar);
     column->addWidget(m_list, 1);
+    column->addWidget(m_run);
     column->addWidget(m_footer);
+    m_right->addWidget(m_pane);
+    m_right->addWidget(m_selection);
 
-    Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_pane, listWidth);
+    Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_right, listWidth);
 }
 
 QWidget* DocumentsSection::buildEmpty()
@@ -252,25 +263,55 @@ void DocumentsSection::restore()
     std::vector<int> all(static_cast<std::size_t>(m_model->rowCount()));
     std::iota(all.begin(), all.end(), 0);
     m_sumOfAll = m_model->sum(all);
-    showSums();
+    showSelection();
     m_views->refresh();
 }
 
-void DocumentsSection::showSums()
+std::vector<int> DocumentsSection::selectedRows() const
 {
-    const QModelIndexList chosen = m_table->selectionModel()->selectedRows();
     std::vector<int> rows;
-    for (const QModelIndex& index : chosen) {
-        rows.push_back(index.row());
+    for (const QItemSelectionRange& range : m_table->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            rows.push_back(row);
+        }
     }
-    const DocumentRows::Sum sum = chosen.size() > 1 ? m_model->sum(rows) : m_sumOfAll;
-    QString footer = chosen.size() > 1 ? tr("%1 selected").arg(sum.count)
-                     : sum.count == 1  ? tr("1 document")
-                                       : tr("%1 documents").arg(sum.count);
+    std::ranges::sort(rows); // in the order of the list, whichever was clicked first
+    return rows;
+}
+
+void DocumentsSection::showSelection()
+{
+    const std::vector<int> rows = selectedRows();
+    if (rows.size() < 2) {
+        m_right->setCurrentWidget(m_pane);
+        showFooter(m_sumOfAll, false);
+        return;
+    }
+    SelectionPane::Keys keys;
+    keys.reserve(rows.size());
+    for (const int row : rows) {
+        keys.push_back(m_model->key(row));
+    }
+    const DocumentRows::Sum sum = m_model->sum(rows);
+    m_selection->setDocuments(std::move(keys), sum, m_model->summary(rows));
+    m_right->setCurrentWidget(m_selection);
+    showFooter(sum, true);
+}
+
+void DocumentsSection::showFooter(const DocumentRows::Sum& sum, bool isOfSelection)
+{
+    QString footer = isOfSelection    ? tr("%1 selected").arg(sum.count)
+                     : sum.count == 1 ? tr("1 document")
+                                      : tr("%1 documents").arg(sum.count);
     if (sum.count > 0) {
         footer += QStringLiteral("  ·  ") + m_library.formats().sums(sum.totals);
     }
     m_footer->setText(footer);
+}
+
+QList<QAction*> DocumentsSection::documentActions() const
+{
+    return m_right->currentWidget() == m_selection ? m_selection->actions() : m_pane->documentActions();
 }
 
 void DocumentsSection::showDocument(std::int64_t key)

@@ -7,9 +7,13 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
 
+#include <QList>
+
 #include <cstdint>
 #include <string>
+#include <vector>
 
+class QAction;
 class QLabel;
 class QStackedWidget;
 class QTableView;
@@ -19,9 +23,11 @@ namespace Quillary {
 class DocumentFilterBar;
 class DocumentListModel;
 class DocumentPane;
+class DocumentsRun;
 class SavedViewsButton;
+class SelectionPane;
 
-/// The documents of one kind: the list with its filter, and the chosen one beside it.
+/// The documents of one kind: the list with its filter, and what is chosen beside it: a document, or several at once.
 class DocumentsSection : public Section
 {
     Q_OBJECT
@@ -31,6 +37,10 @@ public:
 
     [[nodiscard]] DocumentKind kind() const { return m_kind; }
     [[nodiscard]] DocumentPane& pane() { return *m_pane; }
+    [[nodiscard]] SelectionPane& selectionPane() { return *m_selection; }
+
+    /// What can be done to what is chosen, for the window's menu.
+    [[nodiscard]] QList<QAction*> documentActions() const;
 
     /// Shows a document of this kind, also when a filter hides it.
     void showDocument(std::int64_t key);
@@ -59,7 +69,9 @@ private:
     void filter();
     void choose();
     void restore();
-    void showSums();
+    void showSelection();
+    void showFooter(const DocumentRows::Sum& sum, bool isOfSelection);
+    [[nodiscard]] std::vector<int> selectedRows() const;
 
     LibraryAccess& m_library;
     DocumentKind m_kind;
@@ -70,7 +82,10 @@ private:
     QStackedWidget* m_list;
     QWidget* m_left;
     QLabel* m_footer;
+    QStackedWidget* m_right;
     DocumentPane* m_pane;
+    DocumentsRun* m_run;
+    SelectionPane* m_selection;
     std::int64_t m_chosen = 0;
     DocumentRows::Sum m_sumOfAll; ///< of what the list shows
     bool m_isRestoring = false;

@@ -1,14 +1,10 @@
 #include "QuillaryUI/Documents/ReminderSheet.h"
 
-#include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Documents/DocumentName.h"
-#include "QuillaryCore/Foundation/UserError.h"
-#include "QuillaryCore/Letters/LetterFileName.h"
-#include "QuillaryCore/Letters/ReminderLetter.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/ReminderWriting.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 
 #include <QComboBox>
@@ -19,48 +15,10 @@
 #include <QLocale>
 #include <QPointer>
 
+#include <filesystem>
+#include <variant>
+
 namespace Quillary {
-
-namespace {
-
-/// What goes on after the sheet has closed: the letter is written, and then the reminder recorded.
-struct Letter
-{
-    QPointer<LibraryAccess> library;
-    std::int64_t document;
-    ReminderNotice notice;
-    std::filesystem::path folder;
-    std::string name;
-};
-
-/// The sentence that says what became of it. Throws: `UserError`.
-QString record(const Letter& letter, const PrintResult& result)
-{
-    if (const auto* error = std::get_if<PrintError>(&result)) {
-        throw UserError(error->message());
-    }
-    const auto file = saveUniqueFile(letter.folder, letter.name, "pdf", std::get<PrintedPDF>(result).bytes);
-    const ReminderDetails& details = letter.notice.details;
-    const auto refusal = letter.library->perform(ReminderSheet::tr("Send Reminder"), [&] {
-        const Document* document = letter.library->context().find(Ref<Document>(letter.document));
-        if (document == nullptr) {
-            throw UserError("The invoice isn't there any more.");
-        }
-        addReminder(letter.library->context(),
-                    *document,
-                    details.level,
-                    details.feeMinorUnits,
-                    letter.notice.date,
-                    details.payBy);
-    });
-    if (refusal) {
-        std::filesystem::remove(file); // a letter of a reminder that there isn't
-        throw UserError(utf8(*refusal));
-    }
-    return ReminderSheet::tr("The reminder is recorded; its letter is %1").arg(text(file.string()));
-}
-
-} // namespace
 
 ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWidget* host)
     : Sheet(tr("Send Reminder"), tr("Write Letter"), host)
@@ -143,15 +101,6 @@ std::optional<QString> ReminderSheet::write()
 
 void ReminderSheet::print(const ReminderNotice& notice)
 {
-    Context& context = m_library.context();
-    const Document& document = *context.find(Ref<Document>(m_document));
-    const Calendar& calendar = m_library.formats().calendar();
-    const Letter letter{.library = &m_library,
-                        .document = m_document,
-                        .notice = notice,
-                        .folder = m_library.environment().printer().downloadsFolder(),
-                        .name = LetterFileName::ofReminder(
-                            context, document, m_library.business(), notice.details.level, notice.date, calendar)};
     // The sheet is gone by then; whoever opened it hears of the outcome through the pane.
     const QPointer<QWidget> pane = parentWidget();
     const auto tellFrom = [pane](const char* signal, const QString& sentence) {
@@ -159,17 +108,17 @@ void ReminderSheet::print(const ReminderNotice& notice)
             QMetaObject::invokeMethod(pane, signal, Q_ARG(QString, sentence));
         }
     };
-    m_library.press().press(pageJob(ReminderLetter::printed(context, document, m_library.business(), notice, calendar)),
-                            [letter, tellFrom](const PrintResult& result) {
-                                if (!letter.library || !letter.library->isOpen()) {
-                                    return;
-                                }
-                                try {
-                                    tellFrom("told", record(letter, result));
-                                } catch (const UserError& error) {
-                                    tellFrom("failed", text(error.message()));
-                                }
-                            });
+    ReminderWriting::write(m_library,
+                           {.document = m_document, .notice = notice},
+                           m_library.environment().printer().downloadsFolder(),
+                           [tellFrom](const ReminderWriting::Outcome& outcome) {
+                               if (const auto* file = std::get_if<std::filesystem::path>(&outcome)) {
+                                   tellFrom("told",
+                                            tr("The reminder is recorded; its letter is %1").arg(text(file->string())));
+                               } else {
+                                   tellFrom("failed", std::get<QString>(outcome));
+                               }
+                           });
 }
 
 } // namespace Quillary

@@ -66,7 +66,7 @@ void MainWindow::buildDocumentMenu(QMenu& menu)
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         menu.clear();
         if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
-            menu.addActions(documents->pane().documentActions());
+            menu.addActions(documents->documentActions());
         }
         if (menu.isEmpty()) {
             menu.addAction(tr("No document is chosen"))->setEnabled(false);

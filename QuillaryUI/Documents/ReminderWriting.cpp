@@ -1,0 +1,149 @@
+#include "QuillaryUI/Documents/ReminderWriting.h"
+
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
+#include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Letters/LetterFileName.h"
+#include "QuillaryCore/Letters/ReminderLetter.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Numbering/UniqueFilePath.h"
+#include "QuillaryCore/Store/Context.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+#include <string>
+#include <utility>
+
+namespace Quillary::ReminderWriting {
+
+namespace {
+
+/// What outlives whoever asked for the letter.
+struct Letter
+{
+    QPointer<LibraryAccess> library;
+    PlannedReminder planned;
+    std::filesystem::path folder;
+    std::string name;
+};
+
+QString translated(const char* english)
+{
+    return QCoreApplication::translate("ReminderWriting", english);
+}
+
+const Document* found(const LibraryAccess& library, std::int64_t key)
+{
+    return library.isOpen() ? library.context().find(Ref<Document>(key)) : nullptr;
+}
+
+/// Throws: `UserError`.
+void record(const Letter& letter)
+{
+    const ReminderDetails& details = letter.planned.notice.details;
+    const auto refusal = letter.library->perform(translated("Send Reminder"), [&] {
+        const Document* document = found(*letter.library, letter.planned.document);
+        if (document == nullptr) {
+            throw UserError(utf8(translated("The invoice isn't there any more.")));
+        }
+        addReminder(letter.library->context(),
+                    *document,
+                    details.level,
+                    details.feeMinorUnits,
+                    letter.planned.notice.date,
+                    details.payBy);
+    });
+    if (refusal) {
+        throw UserError(utf8(*refusal));
+    }
+}
+
+Outcome finish(const Letter& letter, const PrintResult& result)
+{
+    if (const auto* error = std::get_if<PrintError>(&result)) {
+        return text(error->message());
+    }
+    if (!letter.library) {
+        return translated("The library was closed before the letter was printed.");
+    }
+    if (const auto refused = refusal(*letter.library, letter.planned)) {
+        return *refused; // paid meanwhile, or reminded of
+    }
+    try {
+        auto file = saveUniqueFile(letter.folder, letter.name, "pdf", std::get<PrintedPDF>(result).bytes);
+        try {
+            record(letter);
+        } catch (...) {
+            std::error_code ignored;
+            std::filesystem::remove(file, ignored); // a letter of a reminder that there isn't
+            throw;
+        }
+        return file;
+    } catch (const UserError& error) {
+        return text(error.message());
+    }
+}
+
+} // namespace
+
+std::optional<PlannedReminder> next(const LibraryAccess& library, std::int64_t document)
+{
+    const Document* record = found(library, document);
+    if (record == nullptr) {
+        return std::nullopt;
+    }
+    const Calendar& calendar = library.formats().calendar();
+    const Instant today = calendar.storedDay(calendar.date(library.now()));
+    return PlannedReminder{
+        document,
+        {.details = nextReminder(library.context(), *record, library.business(), today, calendar), .date = today}};
+}
+
+std::optional<QString> refusal(const LibraryAccess& library, const PlannedReminder& planned)
+{
+    const Document* document = found(library, planned.document);
+    if (document == nullptr) {
+        return translated("The invoice isn't there any more.");
+    }
+    const auto sentence = checkReminder(
+        library.context(), *document, planned.notice.details, planned.notice.date, library.formats().calendar());
+    return sentence ? std::optional(text(*sentence)) : std::nullopt;
+}
+
+std::optional<PageJob> letter(const LibraryAccess& library, const PlannedReminder& planned)
+{
+    const Document* document = found(library, planned.document);
+    if (document == nullptr) {
+        return std::nullopt;
+    }
+    return pageJob(ReminderLetter::printed(
+        library.context(), *document, library.business(), planned.notice, library.formats().calendar()));
+}
+
+void write(LibraryAccess& library,
+           const PlannedReminder& planned,
+           const std::filesystem::path& folder,
+           std::function<void(const Outcome&)> reply)
+{
+    if (const auto refused = refusal(library, planned)) {
+        reply(*refused);
+        return;
+    }
+    const Document& document = *found(library, planned.document);
+    Letter waiting{.library = &library,
+                   .planned = planned,
+                   .folder = folder,
+                   .name = LetterFileName::ofReminder(library.context(),
+                                                      document,
+                                                      library.business(),
+                                                      planned.notice.details.level,
+                                                      planned.notice.date,
+                                                      library.formats().calendar())};
+    library.press().press(*letter(library, planned),
+                          [waiting = std::move(waiting), reply = std::move(reply)](const PrintResult& result) {
+                              reply(finish(waiting, result));
+                          });
+}
+
+} // namespace Quillary::ReminderWriting
