@@ -105,70 +105,8 @@ void nameClients(Context& context, std::vector<DocumentRows::Row>& rows)
     }
 }
 
-/// A day that isn't there lies in no bounds.
-bool isWithin(const std::optional<Instant>& day, const std::optional<Instant>& start, const std::optional<Instant>& end)
+void add(std::int64_t& sum, std::int64_t amount)
 {
-    return (!start || (day && *day >= *start)) && (!end || (day && *day < *end));
-}
-
-bool fits(const DocumentRows::Row& row,
-          const DocumentRows::Filter& filter,
-          std::span<const std::string> words,
-          const std::string& tagLine)
-{
-    // The cheap questions first.
-    return (!filter.client || row.client == *filter.client) && (!filter.project || row.project == *filter.project) &&
-           (filter.statuses.empty() || std::ranges::find(filter.statuses, row.status) != filter.statuses.end()) &&
-           isWithin(row.issueDate, filter.start, filter.end) && isWithin(row.dueDate, filter.dueStart, filter.dueEnd) &&
-           (filter.currencyCode.empty() || row.currencyCode == filter.currencyCode) &&
-           (tagLine.empty() || row.foldedTags.find(tagLine) != std::string::npos) &&
-           std::ranges::all_of(
-               words, [&row](const std::string& word) { return row.foldedText.find(word) != std::string::npos; });
-}
-
-std::vector<std::string> wordsOf(std::string_view text)
-{
-    std::vector<std::string> words;
-    const std::string whole = folded(text);
-    for (const std::string_view word : split(whole, ' ')) {
-        if (!word.empty()) {
-            words.emplace_back(word);
-        }
-    }
-    return words;
-}
-
-/// Sorts by what a column shows; `value` of equal rows leaves them as they are.
-template <class Value>
-void sortBy(std::vector<std::uint32_t>& places, DocumentRows::Order order, const Value& value)
-{
-    if (order == DocumentRows::Order::ascending) {
-        std::ranges::stable_sort(places, std::less{}, value);
-    } else {
-        std::ranges::stable_sort(places, std::greater{}, value);
-    }
-}
-
-/// The places of the clients in the order of their names, without regard to case and accents.
-std::unordered_map<DocumentRows::Key, std::size_t> clientRanks(std::span<const DocumentRows::Row> rows)
-{
-    std::unordered_map<DocumentRows::Key, std::size_t> ranks;
-    std::vector<std::pair<std::string, DocumentRows::Key>> names;
-    for (const DocumentRows::Row& row : rows) {
-        if (ranks.try_emplace(row.client, 0).second) {
-            names.emplace_back(folded(row.clientName), row.client);
-        }
-    }
-    std::ranges::sort(names);
-    for (std::size_t rank = 0; rank < names.size(); ++rank) {
-        ranks[names[rank].second] = rank;
-    }
-    return ranks;
-}
-
-void add(std::map<std::string, std::int64_t, std::less<>>& sums, const std::string& currency, std::int64_t amount)
-{
-    std::int64_t& sum = sums[currency];
     // Every stored amount is within `Limits`; only a foreign library could get there.
     if (__builtin_add_overflow(sum, amount, &sum)) {
         sum = amount < 0 ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
@@ -252,7 +190,11 @@ void DocumentRows::read(
         static_cast<std::int16_t>(m_kind),
         value);
     nameClients(context, rows);
-    std::ranges::move(rows, std::back_inserter(m_rows));
+    if (m_rows.empty()) {
+        m_rows = std::move(rows);
+    } else {
+        std::ranges::move(rows, std::back_inserter(m_rows));
+    }
 }
 
 bool DocumentRows::update(Context& context, const ChangeSet& changes, Instant today, const Calendar& calendar)
@@ -314,51 +256,6 @@ void DocumentRows::index()
     }
 }
 
-std::vector<std::uint32_t> DocumentRows::arranged(const Filter& filter, Column column, Order order) const
-{
-    const std::vector<std::string> words = wordsOf(filter.text);
-    const std::string tagLine = filter.tag.empty() ? "" : "\n" + folded(filter.tag) + "\n";
-    std::vector<std::uint32_t> places;
-    places.reserve(m_rows.size());
-    for (std::uint32_t place = 0; place < m_rows.size(); ++place) {
-        if (fits(m_rows[place], filter, words, tagLine)) {
-            places.push_back(place);
-        }
-    }
-    const auto by = [&](const auto& value) {
-        sortBy(places, order, [&](std::uint32_t place) -> decltype(auto) { return value(m_rows[place]); });
-    };
-    switch (column) {
-    case Column::number:
-        by([](const Row& row) -> const std::string& { return row.number; });
-        break;
-    case Column::title:
-        by([](const Row& row) -> const std::string& { return row.title; });
-        break;
-    case Column::client: {
-        const auto ranks = clientRanks(m_rows);
-        by([&ranks](const Row& row) { return ranks.at(row.client); });
-        break;
-    }
-    case Column::issueDate:
-        by([](const Row& row) { return row.issueDate; });
-        break;
-    case Column::dueDate:
-        by([](const Row& row) { return row.dueDate; });
-        break;
-    case Column::total:
-        by([](const Row& row) { return row.totalMinorUnits; });
-        break;
-    case Column::due:
-        by([](const Row& row) { return row.dueMinorUnits; });
-        break;
-    case Column::status:
-        by([](const Row& row) { return row.status; });
-        break;
-    }
-    return places;
-}
-
 std::optional<std::uint32_t> DocumentRows::place(Key key) const
 {
     const auto found = m_places.find(key);
@@ -377,11 +274,19 @@ std::array<std::size_t, allDisplayStatuses.size()> DocumentRows::counts() const
 DocumentRows::Sum DocumentRows::sum(std::span<const std::uint32_t> places) const
 {
     Sum sum;
+    const std::string* currency = nullptr; // mostly that of the row before
+    std::int64_t* total = nullptr;
+    std::int64_t* due = nullptr;
     for (const std::uint32_t place : places) {
         const Row& row = m_rows[place];
+        if (currency == nullptr || row.currencyCode != *currency) {
+            currency = &row.currencyCode;
+            total = &sum.totals[*currency];
+            due = &sum.due[*currency];
+        }
         sum.count += 1;
-        add(sum.totals, row.currencyCode, row.totalMinorUnits);
-        add(sum.due, row.currencyCode, row.dueMinorUnits);
+        add(*total, row.totalMinorUnits);
+        add(*due, row.dueMinorUnits);
     }
     return sum;
 }

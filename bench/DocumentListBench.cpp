@@ -1,0 +1,354 @@
+#include "QuillaryCore/Documents/DocumentRows.h"
+#include "QuillaryCore/Foundation/Calendar.h"
+#include "QuillaryCore/Foundation/Clock.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/DataModel.h"
+#include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/Store.h"
+#include "QuillaryUI/Documents/DocumentListModel.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Look/Lists.h"
+#include "QuillaryUI/Look/Theme.h"
+#include "bench/Support/LibraryGenerator.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QTableView>
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <malloc.h>
+#include <map>
+#include <memory>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+// The list of documents, from the library to the pixels. Budgets at 100,000 documents: sort 20 ms, counts 5 ms, a search
+// keystroke 3 ms, a screenful 1 ms, another list 50 ms, 60 MiB.
+
+namespace Quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Column = DocumentRows::Column;
+using Order = DocumentRows::Order;
+
+constexpr double mebibyte = 1024.0 * 1024.0;
+constexpr int screenWidth = 720;
+constexpr int screenHeight = 900;
+constexpr int rowHeight = 32;
+
+class NoPress final : public PagePress
+{
+public:
+    void press(PageJob /*job*/, PrintReply /*reply*/) override {}
+    PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
+    void warmUp() override {}
+};
+
+void startApplication()
+{
+    static int count = 1;
+    static char name[] = "bench";
+    static char* arguments[] = {name, nullptr};
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    static QApplication application(count, arguments);
+    static const bool isDressed = [] {
+        Theme::apply(application, Theme::Scheme::light, QColor(0xff1f5fbf));
+        return true;
+    }();
+    static_cast<void>(isDressed);
+}
+
+fs::path madeLibrary(std::int64_t documents)
+{
+    const fs::path folder = fs::temp_directory_path() / fmt::format("quillary-bench-list-{}", documents);
+    LibraryGenerator::makeLibrary(folder, {static_cast<int>(documents), static_cast<int>(documents / 10)});
+    return folder;
+}
+
+/// An open library as the windows see it.
+struct Library
+{
+    explicit Library(std::int64_t documents)
+        : folder(madeLibrary(documents))
+        , store(Store::Location::directory(folder), DataModel::records(), DataModel::history(), clock, uuids)
+        , context(store, clock, uuids)
+        , search(context)
+    {
+        access.open({.context = context,
+                     .business = context.first<Business>("")->ref,
+                     .host = nullptr,
+                     .assistantName = {},
+                     .clock = clock,
+                     .calendar = calendar,
+                     .locale = Locale("en_GB"),
+                     .search = &search});
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+    ~Library() { access.close(); }
+
+    fs::path folder;
+    FixedClock clock{LibraryGenerator::today};
+    CountingUUIDSource uuids{1'000'000'000};
+    Calendar calendar{"Europe/Berlin"};
+    Store store;
+    Context context;
+    LibrarySearch search;
+    NoPress press;
+    LibraryAccess access{press, Formats(Locale("en_GB"), calendar)};
+};
+
+/// One library a size for all benchmarks, and its list.
+struct Loaded
+{
+    explicit Loaded(std::int64_t documents)
+        : library(documents)
+    {
+        rows.load(library.context, library.access.today(), library.calendar);
+    }
+
+    Library library;
+    DocumentRows rows{DocumentKind::invoice};
+};
+
+Loaded& loaded(std::int64_t documents)
+{
+    startApplication(); // it outlives the libraries
+    static std::map<std::int64_t, std::unique_ptr<Loaded>> all;
+    std::unique_ptr<Loaded>& one = all[documents];
+    if (one == nullptr) {
+        one = std::make_unique<Loaded>(documents);
+    }
+    return *one;
+}
+
+void listLoad(benchmark::State& state)
+{
+    Library& library = loaded(state.range(0)).library;
+    for (auto _ : state) {
+        DocumentRows rows(DocumentKind::invoice);
+        rows.load(library.context, library.access.today(), library.calendar);
+        benchmark::DoNotOptimize(rows.size());
+    }
+}
+
+/// What a row needs from the file, copied as it is: no status, no names, no folded text, no order.
+struct BareRow
+{
+    std::int64_t figures[8];
+    std::string texts[4];
+};
+
+void listLoadFloor(benchmark::State& state)
+{
+    sqlite3* connection = nullptr;
+    const std::string file = (madeLibrary(state.range(0)) / "Library.sqlite").string();
+    sqlite3_open_v2(file.c_str(), &connection, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(connection,
+                       "SELECT id, statusRaw, dueDate, issueDate, cachedTotalMinorUnits, cachedPaidMinorUnits, "
+                       "cachedLateFeesMinorUnits, client, tags, number, title, currencyCode FROM Document "
+                       "WHERE kindRaw = 0",
+                       -1,
+                       &statement,
+                       nullptr);
+    for (auto _ : state) {
+        std::vector<BareRow> rows;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            BareRow& row = rows.emplace_back();
+            for (int column = 0; column < 8; ++column) {
+                row.figures[column] = sqlite3_column_int64(statement, column);
+            }
+            for (int column = 8; column < 12; ++column) {
+                const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+                row.texts[column - 8].assign(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+            }
+        }
+        sqlite3_reset(statement);
+        benchmark::DoNotOptimize(rows.data());
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(connection);
+}
+
+void memory(benchmark::State& state)
+{
+    Library& library = loaded(state.range(0)).library;
+    std::size_t used = 0;
+    for (auto _ : state) {
+        DocumentRows rows(DocumentKind::invoice);
+        malloc_trim(0);
+        const std::size_t before = mallinfo2().uordblks + mallinfo2().hblkhd;
+        rows.load(library.context, library.access.today(), library.calendar);
+        const std::vector<std::uint32_t> places = rows.arranged({}, Column::issueDate, Order::descending);
+        benchmark::DoNotOptimize(places.data());
+        used = mallinfo2().uordblks + mallinfo2().hblkhd - before;
+    }
+    state.counters["MiB"] = static_cast<double>(used) / mebibyte;
+}
+
+void sortBy(benchmark::State& state, Column column)
+{
+    const DocumentRows& rows = loaded(state.range(0)).rows;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(rows.arranged({}, column, Order::ascending).data());
+    }
+}
+
+void sortByNumber(benchmark::State& state)
+{
+    sortBy(state, Column::number);
+}
+
+void sortByClient(benchmark::State& state)
+{
+    sortBy(state, Column::client);
+}
+
+void sortByDate(benchmark::State& state)
+{
+    sortBy(state, Column::issueDate);
+}
+
+void sortByTotal(benchmark::State& state)
+{
+    sortBy(state, Column::total);
+}
+
+void sortByStatus(benchmark::State& state)
+{
+    sortBy(state, Column::status);
+}
+
+void counts(benchmark::State& state)
+{
+    const DocumentRows& rows = loaded(state.range(0)).rows;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(rows.counts());
+    }
+}
+
+void keystroke(benchmark::State& state)
+{
+    const DocumentRows& rows = loaded(state.range(0)).rows;
+    const std::string typed[] = {"w", "we", "web", "2024-0"};
+    std::size_t next = 0;
+    for (auto _ : state) {
+        const DocumentRows::Filter filter{.text = typed[next++ % std::size(typed)]};
+        benchmark::DoNotOptimize(rows.arranged(filter, Column::issueDate, Order::descending).data());
+    }
+}
+
+/// A letter in the window's own field, until the list, its footer and its selection have followed.
+void keystrokeInWindow(benchmark::State& state)
+{
+    startApplication();
+    DocumentsSection section(loaded(state.range(0)).library.access, DocumentKind::invoice);
+    section.resize(2 * screenWidth, screenHeight);
+    section.show();
+    QCoreApplication::processEvents();
+    auto* search = section.findChild<QLineEdit*>(QStringLiteral("listSearch"));
+    const QString typed[] = {QStringLiteral("w"), QStringLiteral("we"), QStringLiteral("web")};
+    std::size_t next = 0;
+    for (auto _ : state) {
+        search->setText(typed[next++ % std::size(typed)]);
+    }
+}
+
+/// A jump to another place and the picture of what stands there.
+void screenful(benchmark::State& state)
+{
+    startApplication();
+    DocumentListModel model(loaded(state.range(0)).library.access, DocumentKind::invoice);
+    QTableView table;
+    table.setModel(&model);
+    Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
+    table.resize(screenWidth, screenHeight);
+    table.show();
+    QCoreApplication::processEvents();
+    QImage picture(table.viewport()->size(), QImage::Format_RGB32);
+    int row = 0;
+    for (auto _ : state) {
+        row = (row + 7919) % model.rowCount();
+        table.verticalScrollBar()->setValue(row * rowHeight);
+        table.viewport()->render(&picture);
+    }
+}
+
+/// The row that comes in at the bottom when one scrolls.
+void scroll(benchmark::State& state)
+{
+    startApplication();
+    DocumentListModel model(loaded(state.range(0)).library.access, DocumentKind::invoice);
+    QTableView table;
+    table.setModel(&model);
+    Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
+    table.resize(screenWidth, screenHeight);
+    table.show();
+    QCoreApplication::processEvents();
+    QWidget& viewport = *table.viewport();
+    QImage picture(viewport.size(), QImage::Format_RGB32);
+    const QRegion last(0, viewport.height() - rowHeight, viewport.width(), rowHeight);
+    int row = 0;
+    for (auto _ : state) {
+        row = (row + 1) % model.rowCount();
+        table.verticalScrollBar()->setValue(row * rowHeight);
+        viewport.render(&picture, QPoint(0, viewport.height() - rowHeight), last);
+    }
+}
+
+/// From one list to the other, until it is drawn.
+void listSwitch(benchmark::State& state)
+{
+    startApplication();
+    LibraryAccess& access = loaded(state.range(0)).library.access;
+    QStackedWidget lists;
+    lists.addWidget(new DocumentsSection(access, DocumentKind::invoice));
+    lists.addWidget(new DocumentsSection(access, DocumentKind::quote));
+    lists.resize(2 * screenWidth, screenHeight);
+    lists.show();
+    QCoreApplication::processEvents();
+    for (auto _ : state) {
+        lists.setCurrentIndex(1 - lists.currentIndex());
+        QCoreApplication::processEvents();
+    }
+}
+
+void sizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(memory)->Apply(sizes)->Iterations(1);
+BENCHMARK(listLoadFloor)->Apply(sizes);
+BENCHMARK(listLoad)->Apply(sizes);
+BENCHMARK(sortByNumber)->Apply(sizes);
+BENCHMARK(sortByClient)->Apply(sizes);
+BENCHMARK(sortByDate)->Apply(sizes);
+BENCHMARK(sortByTotal)->Apply(sizes);
+BENCHMARK(sortByStatus)->Apply(sizes);
+BENCHMARK(counts)->Apply(sizes);
+BENCHMARK(keystroke)->Apply(sizes);
+BENCHMARK(keystrokeInWindow)->Apply(sizes);
+BENCHMARK(scroll)->Apply(sizes);
+BENCHMARK(screenful)->Apply(sizes);
+BENCHMARK(listSwitch)->Apply(sizes);
+
+} // namespace
+
+} // namespace Quillary
