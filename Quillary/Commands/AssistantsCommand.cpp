@@ -119,7 +119,9 @@ AssistantsCommand::AssistantsCommand(CLI::App& app)
     , m_forget(m_app->add_subcommand("forget", "Forgets an assistant: it will be asked about again."))
     , m_log(m_app->add_subcommand("log", "Lists what assistants did, the newest last."))
 {
-    app.add_flag("--show-assistants", m_isShown, "Prints what AI assistants may do, and how to connect them.");
+    app.add_flag("--show-assistants",
+                 m_isShown,
+                 "Shows what AI assistants may do: in the window, or as text where there is no screen.");
     m_app->require_subcommand(0, 1);
     m_app->add_option("--access", m_access, "What assistants may do: look, drafts or everything.")
         ->check(CLI::IsMember({"look", "drafts", "everything"}));
@@ -135,7 +137,7 @@ AssistantsCommand::AssistantsCommand(CLI::App& app)
 
 bool AssistantsCommand::wasGiven() const
 {
-    return m_app->parsed() || m_isShown;
+    return m_app->parsed() || (m_isShown && !AppEnvironment().hasDisplay());
 }
 
 bool AssistantsCommand::changesSomething() const

@@ -1,5 +1,6 @@
 #include "Quillary/Commands/RecurringCommand.h"
 
+#include "Quillary/AppEnvironment.h"
 #include "Quillary/Commands/CommandSession.h"
 #include "Quillary/Commands/RecurringList.h"
 #include "QuillaryCore/Assistant/Access/ShownText.h"
@@ -61,7 +62,9 @@ RecurringCommand::RecurringCommand(CLI::App& app)
     : m_app(app.add_subcommand("recurring", "Makes and lists recurring invoices, and what is due of them."))
 {
     m_app->require_subcommand(0, 1);
-    app.add_flag("--show-recurring", m_isShown, "Shows the recurring invoices.");
+    app.add_flag("--show-recurring",
+                 m_isShown,
+                 "Shows the recurring invoices: in the window, or as text where there is no screen.");
     CommandSession::addOutput(*m_app, m_output);
     add("list", "Lists them with their state and next date; also without this word.", listAll);
     add("run", "Makes the invoices that are due, at most 60.", [this](CommandSession& session) {
@@ -142,7 +145,7 @@ void RecurringCommand::addChoices(CLI::App& command)
 
 bool RecurringCommand::wasGiven() const
 {
-    return m_app->parsed() || m_isShown;
+    return m_app->parsed() || (m_isShown && !AppEnvironment().hasDisplay());
 }
 
 int RecurringCommand::run(const CommandSetting& setting) const

@@ -18,7 +18,7 @@ struct CommandAnswer;
 class CommandSession;
 
 /// `quillary recurring list|run|create|edit|pause|resume|delete`: the recurring invoices, and what is due of them.
-/// `--show-recurring` shows the list too: there is no window for it yet.
+/// `--show-recurring` shows the list too where there is no screen for the window.
 class RecurringCommand : public Command
 {
 public:

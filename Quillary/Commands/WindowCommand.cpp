@@ -14,7 +14,7 @@
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Lock/LockFile.h"
-#include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Look/DesktopLook.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -39,23 +39,27 @@ constexpr std::chrono::milliseconds patienceWithWindow{5'000};
 constexpr QRgb usualAccent = 0xff1f5fbf;
 
 /// Whether a Quillary with a window holds the library and has come to the front.
-bool isShownElsewhere(const fs::path& library)
+bool isShownElsewhere(const fs::path& library, const std::string& section)
 {
     std::optional<Descriptor> holder = ControlSocket::connect(library);
-    if (!holder || !ControlChannel::send(holder->number(), {.body = JSON::object({{"do", "show"}})})) {
+    if (!holder ||
+        !ControlChannel::send(holder->number(), {.body = JSON::object({{"do", "show"}, {"section", section}})})) {
         return false;
     }
     const std::optional<ControlMessage> answer = ControlChannel::receive(holder->number(), patienceWithWindow);
     return answer && answer->text("did") == "show";
 }
 
-void dress()
+QApplication& application()
 {
-    auto& application = *static_cast<QApplication*>(QCoreApplication::instance());
+    return *static_cast<QApplication*>(QCoreApplication::instance());
+}
+
+void introduce()
+{
     QCoreApplication::setOrganizationName(QStringLiteral("Quillary"));
     QCoreApplication::setApplicationName(QStringLiteral("quillary"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quillary.Quillary"));
-    Theme::apply(application, Theme::schemeOfDesktop(application), QColor(usualAccent));
 }
 
 ProgramPlaces places(const AppEnvironment& environment, PrintingHost& host)
@@ -99,16 +103,25 @@ int WindowCommand::run(const CommandSetting& setting) const
     return m_screenshots.empty() ? open(setting) : drawSections(setting);
 }
 
+std::string WindowCommand::wantedSection() const
+{
+    return m_app.count("--show-assistants") > 0  ? "settings/assistants"
+           : m_app.count("--show-recurring") > 0 ? "recurring"
+                                                 : "";
+}
+
 int WindowCommand::open(const CommandSetting& setting) const
 {
-    if (isShownElsewhere(setting.library)) {
+    const std::string section = wantedSection();
+    if (isShownElsewhere(setting.library, section)) {
         return 0;
     }
     AppEnvironment& environment = setting.environment;
     ErrorOutput::surviveBrokenPipes();
     PrintingHost host(environment);
     host.startApplication(PrintingHost::Windows::shown);
-    dress();
+    introduce();
+    DesktopLook look(application(), QColor(usualAccent));
     int status = 0;
     AssistantService* served = nullptr; // which needs the windows, as they need it
     ProgramPlaces around = places(environment, host);
@@ -116,6 +129,7 @@ int WindowCommand::open(const CommandSetting& setting) const
         served->restore(backup, std::move(done));
     };
     Desktop desktop(environment, host, std::move(around));
+    QObject::connect(&look, &DesktopLook::changed, &look, [&desktop] { desktop.window().refreshDay(); });
     try {
         AssistantService service({.library = setting.library,
                                   .socket = AssistantChannel::socketPath(environ),
@@ -134,7 +148,8 @@ int WindowCommand::open(const CommandSetting& setting) const
         service.claim();
         const StopSignals endings([] { QCoreApplication::quit(); });
         service.start();
-        desktop.show({});
+        desktop.show(section);
+        look.listen();
         QCoreApplication::exec();
         service.stop();
     } catch (const UserError& error) {
@@ -152,7 +167,7 @@ int WindowCommand::drawSections(const CommandSetting& setting) const
     }
     PrintingHost host(setting.environment);
     host.startApplication(PrintingHost::Windows::shown);
-    dress();
+    introduce();
     const int count = Screenshots::draw(fs::absolute(m_screenshots), host);
     fmt::print("{} pictures in {}\n", count, fs::absolute(m_screenshots).string());
     return 0;

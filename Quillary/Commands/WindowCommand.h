@@ -10,7 +10,7 @@ class App;
 
 namespace Quillary {
 
-/// `quillary` alone: the window. A second start brings the first one's window to the front. `--screenshots` draws every
+/// `quillary` alone: the window; `--show-recurring` and `--show-assistants` open it there. A second start brings the first one's window to the front. `--screenshots` draws every
 /// section of the sample library into a folder instead, and needs no screen.
 class WindowCommand : public Command
 {
@@ -24,6 +24,8 @@ public:
 
 private:
     [[nodiscard]] int open(const CommandSetting& setting) const;
+    /// What the window shows first: empty, or the name of a section and perhaps of a page of it.
+    [[nodiscard]] std::string wantedSection() const;
     [[nodiscard]] int drawSections(const CommandSetting& setting) const;
 
     CLI::App& m_app;

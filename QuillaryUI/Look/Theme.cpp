@@ -1,17 +1,18 @@
 #include "QuillaryUI/Look/Theme.h"
 
+#include "QuillaryUI/Look/TintedIcon.h"
+
 #include <QApplication>
 #include <QFile>
-#include <QPainter>
 #include <QPalette>
-#include <QPixmap>
-#include <QStyleFactory>
-#include <QSvgRenderer>
+#include <QProxyStyle>
+#include <QVariant>
 #include <QWidget>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 static void initializeResources()
 {
@@ -92,16 +93,60 @@ QPalette palette(const Colors& colors, const QColor& accent)
     return palette;
 }
 
-QPixmap drawn(const QByteArray& source, const QColor& color, int size)
+/// Those that change with the scheme and are set on single widgets: light, dark.
+constexpr std::array<std::pair<QRgb, QRgb>, 6> tints{{
+    {lightColors.quiet, darkColors.quiet},
+    {lightColors.text, darkColors.text},
+    {0xff1f5fbf, 0xff86b4ff}, // sent
+    {0xff8f5500, 0xfff0b35a}, // partly paid
+    {0xff1b7338, 0xff7ad196}, // paid
+    {0xffb92323, 0xffff8f85}, // wrong
+}};
+
+QColor counterpart(const QColor& color, Scheme scheme)
 {
-    QByteArray tinted = source;
-    tinted.replace("#000", color.name().toLatin1());
-    QSvgRenderer renderer(tinted);
-    QPixmap picture(size, size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    renderer.render(&painter);
-    return picture;
+    for (const auto& [light, dark] : tints) {
+        if (color.rgb() == light || color.rgb() == dark) {
+            return {scheme == Scheme::dark ? dark : light};
+        }
+    }
+    return color;
+}
+
+constexpr const char* tintProperty = "quillaryTint";
+
+/// Fusion, without its small movements where they are not wanted.
+class Style final : public QProxyStyle
+{
+public:
+    explicit Style(bool isStill)
+        : QProxyStyle(QStringLiteral("Fusion"))
+        , m_isStill(isStill)
+    {
+    }
+
+    int styleHint(StyleHint hint,
+                  const QStyleOption* option,
+                  const QWidget* widget,
+                  QStyleHintReturn* answer) const override
+    {
+        return m_isStill && hint == SH_Widget_Animation_Duration ? 0
+                                                                 : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+
+private:
+    bool m_isStill;
+};
+
+Colors colors(Scheme scheme, bool highContrast)
+{
+    Colors result = scheme == Scheme::dark ? darkColors : lightColors;
+    if (highContrast) {
+        result.text = scheme == Scheme::dark ? 0xffffffff : 0xff000000;
+        result.quiet = scheme == Scheme::dark ? 0xffdcdcdc : 0xff3a3a3c;
+        result.line = scheme == Scheme::dark ? 0xffa8a9ad : 0xff66666a;
+    }
+    return result;
 }
 
 } // namespace
@@ -111,11 +156,12 @@ Scheme schemeOfDesktop(const QApplication& application)
     return application.palette().color(QPalette::Window).lightness() < 128 ? Scheme::dark : Scheme::light;
 }
 
-void apply(QApplication& application, Scheme scheme, const QColor& accent)
+void apply(QApplication& application, Scheme scheme, const QColor& accent, const Needs& needs)
 {
     initializeResources();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setPalette(palette(scheme == Scheme::dark ? darkColors : lightColors, accent));
+    QApplication::setStyle(new Style(needs.lessMotion));
+    QApplication::setEffectEnabled(Qt::UI_General, !needs.lessMotion);
+    QApplication::setPalette(palette(colors(scheme, needs.highContrast), accent));
     application.setStyleSheet(QStringLiteral(
         "QToolTip { border: 1px solid palette(midlight); padding: 4px; }"
         "QHeaderView::section { background: palette(window); color: palette(placeholder-text); border: none;"
@@ -135,6 +181,11 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent)
         "QPushButton:disabled, QPushButton:default:disabled { background: palette(base); color: "
         "palette(placeholder-text); }"
         "QSplitter::handle { background: palette(midlight); }"));
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (const QVariant color = widget->property(tintProperty); color.isValid()) {
+            tint(*widget, counterpart(color.value<QColor>(), scheme));
+        }
+    }
 }
 
 Scheme scheme()
@@ -170,6 +221,7 @@ QColor errorColor()
 
 void tint(QWidget& label, const QColor& color)
 {
+    label.setProperty(tintProperty, color);
     label.setStyleSheet(QStringLiteral("color: %1").arg(color.name()));
 }
 
@@ -179,15 +231,7 @@ QIcon icon(const QString& name)
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    const QByteArray source = file.readAll();
-    const QPalette palette = QApplication::palette();
-    QIcon icon;
-    for (const int size : {24, 48}) {
-        icon.addPixmap(drawn(source, palette.color(QPalette::Text), size), QIcon::Normal);
-        icon.addPixmap(drawn(source, palette.color(QPalette::HighlightedText), size), QIcon::Selected);
-        icon.addPixmap(drawn(source, palette.color(QPalette::PlaceholderText), size), QIcon::Disabled);
-    }
-    return icon;
+    return QIcon(new TintedIcon(file.readAll()));
 }
 
 } // namespace Quillary::Theme

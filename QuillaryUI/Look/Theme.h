@@ -19,8 +19,18 @@ enum class Scheme { light, dark };
 /// What the desktop's palette says.
 [[nodiscard]] Scheme schemeOfDesktop(const QApplication& application);
 
+/// What a desktop may ask for besides its colours.
+struct Needs
+{
+    bool highContrast = false; ///< stronger letters and lines
+    bool lessMotion = false;   ///< nothing moves that needn't
+
+    friend bool operator==(const Needs&, const Needs&) = default;
+};
+
 /// Sets palette and style. `accent` marks what is chosen; one that can't be read on the ground is moved until it can.
-void apply(QApplication& application, Scheme scheme, const QColor& accent);
+/// Widgets that are there already follow.
+void apply(QApplication& application, Scheme scheme, const QColor& accent, const Needs& needs = {});
 
 /// The scheme that was applied last, as the palette shows it.
 [[nodiscard]] Scheme scheme();
