@@ -124,11 +124,12 @@ void AssistantService::catchUpIfDue()
         !m_recurring.isDue(now, calendar)) {
         return;
     }
-    if (RecurringCatchUp::run(m_library->context(), now, calendar)) {
+    const RecurringCatchUp::Outcome outcome = RecurringCatchUp::run(m_library->context(), now, calendar);
+    if (outcome.isComplete) {
         m_recurring.didRun(now, calendar);
     }
     if (m_options.windows != nullptr) {
-        m_options.windows->dayBegan();
+        m_options.windows->dayBegan(outcome.made);
     }
 }
 

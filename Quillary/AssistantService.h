@@ -19,12 +19,14 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Quillary {
 
@@ -61,7 +63,8 @@ public:
     virtual void willClose() = 0;
     /// A second start asks for the window; `section` is empty or names one.
     virtual void show(const std::string& section) = 0;
-    virtual void dayBegan() = 0;
+    /// Another day; `made` are the keys of the recurring invoices that were made for it.
+    virtual void dayBegan(const std::vector<std::int64_t>& made) = 0;
     /// An assistant has done something.
     virtual void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) = 0;
 };

@@ -6,7 +6,10 @@
 #include "QuillaryCore/Assistant/Access/AssistantClient.h"
 #include "QuillaryCore/Assistant/Tools/AssistantTool.h"
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Store/Context.h"
 
+#include <QRegularExpression>
 #include <QTimer>
 
 #include <utility>
@@ -17,6 +20,14 @@ namespace {
 
 /// The list is on the screen by then, and nothing else to do.
 constexpr int idleDelay = 300;
+/// The day's notices come when the window has long been there.
+constexpr int noticeDelay = 2'000;
+
+/// What an assistant wants the user to look at now.
+bool asksToShow(const AssistantTool& tool)
+{
+    return tool.name == "preview_document" || tool.name == "email_document";
+}
 
 } // namespace
 
@@ -46,6 +57,12 @@ MainWindow& Desktop::window()
 {
     if (m_window == nullptr) {
         m_window = std::make_unique<MainWindow>(m_library, m_places);
+        QObject::connect(m_window.get(), &MainWindow::unlocked, &m_teller, [this] { tellDay(); });
+        QObject::connect(&m_teller, &DueTeller::wantedDocument, m_window.get(), [this](std::int64_t key) {
+            m_window->present();
+            m_window->showDocument(key);
+        });
+        QObject::connect(&m_teller, &DueTeller::wantedOverview, m_window.get(), [this] { show("overview"); });
     }
     return *m_window;
 }
@@ -60,8 +77,18 @@ void Desktop::show(const std::string& section)
     QTimer::singleShot(idleDelay, &window, [this] { m_host.warmUp(); });
 }
 
-void Desktop::dayBegan()
+/// A locked window's notices would show what it hides: they wait.
+void Desktop::tellDay()
 {
+    if (m_window != nullptr && !m_window->isLocked()) {
+        m_teller.tell();
+    }
+}
+
+void Desktop::dayBegan(const std::vector<std::int64_t>& made)
+{
+    m_teller.addMade(made);
+    QTimer::singleShot(noticeDelay, &m_teller, [this] { tellDay(); });
     if (m_window != nullptr) {
         m_window->refreshDay();
     }
@@ -69,9 +96,22 @@ void Desktop::dayBegan()
 
 void Desktop::didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result)
 {
-    if (m_window != nullptr && !tool.readOnly && !result.isError) {
-        m_window->tell(MainWindow::tr("%1: %2").arg(text(client.displayName),
-                                                    text(result.summary.value_or(std::string(tool.title)))));
+    if (m_window == nullptr || result.isError || !m_library.isOpen()) {
+        return;
+    }
+    const Document* document = result.documentID ? m_library.context().find<Document>(*result.documentID) : nullptr;
+    const std::int64_t key = document == nullptr ? 0 : document->ref.key();
+    QString what = text(result.summary.value_or(std::string(tool.title)));
+    what.remove(QRegularExpression(QStringLiteral(" \\[[0-9A-F-]{36}\\]"))); // identifiers are for assistants
+    const QString sentence = QStringLiteral("%1: %2").arg(text(client.displayName), what);
+    if (asksToShow(tool) && key != 0 && !m_window->isBeingTypedIn()) {
+        m_window->showDocument(key);
+    } else if (key != 0 && (!tool.readOnly || asksToShow(tool))) {
+        m_window->tellOf(sentence, key);
+        return;
+    }
+    if (!tool.readOnly) {
+        m_window->tell(sentence);
     }
 }
 

@@ -4,10 +4,13 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Main/ApprovalDialog.h"
 #include "QuillaryUI/Main/MainWindow.h"
+#include "QuillaryUI/Notices/DueTeller.h"
 #include "QuillaryUI/Settings/ProgramPlaces.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Quillary {
 
@@ -23,7 +26,7 @@ public:
     void didOpen(OpenLibrary& library) override;
     void willClose() override;
     void show(const std::string& section) override;
-    void dayBegan() override;
+    void dayBegan(const std::vector<std::int64_t>& made) override;
     void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) override;
 
     [[nodiscard]] ApprovalAsker& asker() { return m_asker; }
@@ -33,10 +36,13 @@ public:
     [[nodiscard]] MainWindow& window();
 
 private:
+    void tellDay();
+
     AppEnvironment& m_environment;
     PrintingHost& m_host;
     ProgramPlaces m_places;
     LibraryAccess m_library;
+    DueTeller m_teller{m_library};
     std::unique_ptr<MainWindow> m_window;
     ApprovalDialog m_asker;
 };

@@ -27,12 +27,14 @@ void tell(std::string_view sentence)
 
 } // namespace
 
-bool RecurringCatchUp::run(Context& context, Instant now, const Calendar& calendar)
+RecurringCatchUp::Outcome RecurringCatchUp::run(Context& context, Instant now, const Calendar& calendar)
 {
     try {
         const RecurringInvoices::Run run =
             RecurringInvoices::catchUp(context, now, RecurringInvoices::mostPerRun, calendar);
+        Outcome outcome{.made = {}, .isComplete = run.isComplete};
         for (const Document* invoice : run.made) {
+            outcome.made.push_back(invoice->ref.key());
             const Client* client = context.find(invoice->client);
             tell(fmt::format("Made the recurring invoice {} for {}.",
                              invoice->number,
@@ -41,10 +43,10 @@ bool RecurringCatchUp::run(Context& context, Instant now, const Calendar& calend
         for (const RecurringError& failure : run.failures) {
             tell(failure.message());
         }
-        return run.isComplete;
+        return outcome;
     } catch (const UserError& error) {
         tell(fmt::format("The recurring invoices were not made: {}", error.message()));
-        return true;
+        return {};
     }
 }
 

@@ -2,6 +2,9 @@
 
 #include "QuillaryCore/Foundation/Calendar.h"
 
+#include <cstdint>
+#include <vector>
+
 namespace Quillary {
 
 class Context;
@@ -9,9 +12,15 @@ class Context;
 /// The recurring invoices, made by a program that runs by itself.
 namespace RecurringCatchUp {
 
+struct Outcome
+{
+    std::vector<std::int64_t> made; ///< the keys of the invoices
+    bool isComplete = true;         ///< false: more is due than one run makes
+};
+
 /// Makes what is due and tells about it on standard error, failures too: they end nothing, and are tried again on the
-/// next day. False: more is due than one run makes.
-bool run(Context& context, Instant now, const Calendar& calendar);
+/// next day.
+Outcome run(Context& context, Instant now, const Calendar& calendar);
 
 } // namespace RecurringCatchUp
 

@@ -10,6 +10,7 @@
 #include "QuillaryUI/Lock/LockPage.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/FirstStart.h"
+#include "QuillaryUI/Main/QuietNotice.h"
 #include "QuillaryUI/Main/SectionDeck.h"
 #include "QuillaryUI/Main/TrayIcon.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
@@ -71,6 +72,7 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     , m_lock(new LockKeeper(places.lock, places.now, this))
     , m_lockPage(new LockPage(*m_lock, this))
     , m_tray(new TrayIcon(this))
+    , m_notice(new QuietNotice(this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Quillary"));
@@ -79,6 +81,8 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     setCentralWidget(m_whole);
     addSections(places);
     addTimer();
+    m_deck->tail().addWidget(m_notice);
+    connect(m_notice, &QuietNotice::wantedDocument, this, &MainWindow::showDocument);
     connect(m_deck, &SectionDeck::leaving, this, &MainWindow::flush);
     connect(m_deck, &SectionDeck::wasMade, this, &MainWindow::listenTo);
     connect(&library, &LibraryAccess::closing, this, [this] { m_deck->setEnabled(false); });
@@ -153,8 +157,7 @@ void MainWindow::prepareLock()
 void MainWindow::lock()
 {
     if (!m_lock->lock()) {
-        showSection(QStringLiteral("settings"));
-        section(QStringLiteral("settings"))->showPage(QStringLiteral("security"));
+        showSection(QStringLiteral("settings/security"));
         tell(tr("Set a passphrase first: the lock asks for it."));
     }
 }
@@ -189,6 +192,7 @@ void MainWindow::uncover()
     if (m_covered == m_deck) {
         m_deck->current()->setFocus(Qt::OtherFocusReason);
     }
+    Q_EMIT unlocked();
 }
 
 Section* MainWindow::makeOverview()
@@ -273,7 +277,11 @@ void MainWindow::showFirstStart()
 
 void MainWindow::showSection(const QString& name)
 {
-    m_deck->show(name);
+    const qsizetype slash = name.indexOf(QLatin1Char('/'));
+    m_deck->show(slash < 0 ? name : name.first(slash));
+    if (slash >= 0) {
+        m_deck->current()->showPage(name.sliced(slash + 1));
+    }
 }
 
 Section* MainWindow::section(const QString& name) const
@@ -327,6 +335,17 @@ void MainWindow::tell(const QString& sentence)
     if (!isLocked()) {
         statusBar()->showMessage(sentence, noticeTime);
     }
+}
+
+void MainWindow::tellOf(const QString& sentence, std::int64_t document)
+{
+    m_notice->tell(sentence, document);
+}
+
+bool MainWindow::isBeingTypedIn() const
+{
+    const QWidget* focus = isActiveWindow() ? focusWidget() : nullptr;
+    return focus != nullptr && focus->testAttribute(Qt::WA_InputMethodEnabled);
 }
 
 void MainWindow::warn(const QString& sentence)

@@ -19,6 +19,7 @@ namespace Quillary {
 
 class LockKeeper;
 class LockPage;
+class QuietNotice;
 class Section;
 class SectionDeck;
 class TrayIcon;
@@ -32,7 +33,7 @@ public:
     MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    /// By its name, such as "invoices".
+    /// By its name, such as "invoices", or with one of its pages, such as "settings/assistants".
     void showSection(const QString& name);
     /// In front of whoever asks, wherever it was.
     void present();
@@ -57,8 +58,15 @@ public:
 
     /// A quiet line at the bottom, for a while.
     void tell(const QString& sentence);
+    /// The same about a document that somebody else made or changed, with a way to it.
+    void tellOf(const QString& sentence, std::int64_t document);
+    /// Whether somebody is typing here at this moment, so that nothing may come between.
+    [[nodiscard]] bool isBeingTypedIn() const;
     /// A bar across the top, until it is put away.
     void warn(const QString& sentence);
+
+Q_SIGNALS:
+    void unlocked();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -89,6 +97,7 @@ private:
     LockPage* m_lockPage;
     QWidget* m_covered = nullptr; ///< what the lock hides
     TrayIcon* m_tray;
+    QuietNotice* m_notice;
     bool m_isEnding = false;
 };
 

@@ -3,7 +3,6 @@
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Theme.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QStackedWidget>
@@ -27,6 +26,7 @@ SectionDeck::SectionDeck(QWidget* parent)
     , m_list(new QListWidget(this))
     , m_pages(new QStackedWidget(this))
     , m_head(new QVBoxLayout)
+    , m_tail(new QVBoxLayout)
     , m_foot(new QVBoxLayout)
 {
     m_list->setObjectName(QStringLiteral("sidebar"));
@@ -42,6 +42,7 @@ SectionDeck::SectionDeck(QWidget* parent)
     right->setSpacing(0);
     right->addLayout(m_head);
     right->addWidget(m_pages, 1);
+    right->addLayout(m_tail);
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
     columns->setSpacing(0);
@@ -52,7 +53,7 @@ SectionDeck::SectionDeck(QWidget* parent)
 
 void SectionDeck::add(const QString& name, const QString& title, const QString& icon, Maker make)
 {
-    m_entries.push_back({.name = name, .icon = icon, .make = std::move(make)});
+    m_entries.push_back({.name = name, .make = std::move(make)});
     auto* item = new QListWidgetItem(Theme::icon(icon), title, m_list);
     item->setSizeHint({sidebarWidth - iconSize, entryHeight});
 }
@@ -122,17 +123,6 @@ std::vector<Section*> SectionDeck::made() const
         }
     }
     return made;
-}
-
-/// The desktop has become dark, or light.
-void SectionDeck::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        for (int place = 0; place < count(); ++place) {
-            m_list->item(place)->setIcon(Theme::icon(m_entries[static_cast<std::size_t>(place)].icon));
-        }
-    }
 }
 
 } // namespace Quillary

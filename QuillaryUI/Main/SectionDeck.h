@@ -43,8 +43,9 @@ public:
     /// Those that are there already.
     [[nodiscard]] std::vector<Section*> made() const;
 
-    /// Above the sections, and below the list of them.
+    /// Above the sections, below them, and below the list of them.
     [[nodiscard]] QVBoxLayout& head() { return *m_head; }
+    [[nodiscard]] QVBoxLayout& tail() { return *m_tail; }
     [[nodiscard]] QVBoxLayout& foot() { return *m_foot; }
 
 Q_SIGNALS:
@@ -52,14 +53,10 @@ Q_SIGNALS:
     /// Another one is about to be shown.
     void leaving();
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     struct Entry
     {
         QString name;
-        QString icon;
         Maker make;
         Section* section = nullptr;
     };
@@ -70,6 +67,7 @@ private:
     QListWidget* m_list;
     QStackedWidget* m_pages;
     QVBoxLayout* m_head;
+    QVBoxLayout* m_tail;
     QVBoxLayout* m_foot;
     std::vector<Entry> m_entries;
 };
