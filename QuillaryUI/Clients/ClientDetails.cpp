@@ -3,7 +3,6 @@
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Operations/Operations.h"
 #include "QuillaryCore/Assistant/Operations/UnbilledTime.h"
-#include "QuillaryCore/Foundation/CheckedInteger.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
@@ -256,13 +255,9 @@ void ClientDetails::showBalance()
     }
     QStringList parts{m_open.isEmpty() ? tr("Nothing is open.") : tr("Open: %1").arg(m_open)};
     for (const UnbilledTime& time : unbilledTime(m_library.environment(), client->ref)) {
-        std::int64_t seconds = 0;
-        for (const UnbilledProject& project : time.projects) {
-            seconds = checkedAdd(seconds, project.seconds);
-        }
-        if (seconds > 0) {
+        if (time.seconds() > 0) {
             parts.push_back(tr("Unbilled time: %1 hours, %2")
-                                .arg(text(TimeMath::hoursAndMinutes(seconds)),
+                                .arg(text(TimeMath::hoursAndMinutes(time.seconds())),
                                      m_library.formats().money(time.value(), m_library.business().currencyCode)));
         }
     }

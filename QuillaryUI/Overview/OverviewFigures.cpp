@@ -1,6 +1,8 @@
 #include "QuillaryUI/Overview/OverviewFigures.h"
 
+#include "QuillaryCore/Foundation/UUID.h"
 #include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryCore/Store/StoreError.h"
@@ -8,6 +10,7 @@
 #include <algorithm>
 #include <functional>
 #include <set>
+#include <utility>
 
 namespace Quillary {
 
@@ -49,30 +52,47 @@ std::vector<std::string> currencies(const AssistantEnvironment& environment)
     return all;
 }
 
+OverviewFigures::Year readYear(const AssistantEnvironment& environment, std::string currencyCode)
+{
+    Context& context = environment.context;
+    const Calendar& calendar = environment.calendar;
+    const std::chrono::year year = thisYear(environment);
+    OverviewFigures::Year figures;
+    figures.thisYear = MonthlyIncome::make(context, year, calendar, currencyCode);
+    figures.lastYear = MonthlyIncome::make(context, year - std::chrono::years(1), calendar, currencyCode);
+    figures.aging = AgingReport::make(context, environment.clock.now(), calendar, currencyCode);
+    figures.currencyCode = std::move(currencyCode);
+    return figures;
+}
+
 } // namespace
 
-OverviewFigures OverviewFigures::read(const AssistantEnvironment& environment)
+OverviewFigures OverviewFigures::read(const AssistantEnvironment& environment, std::string_view wishedCurrency)
 {
     OverviewFigures figures;
     readWholly(environment, [&] {
         figures.money = MoneyOverview::of(environment);
         figures.currencies = Quillary::currencies(environment);
+        const bool isThere = std::ranges::find(figures.currencies, wishedCurrency) != figures.currencies.end();
+        figures.year = readYear(environment, isThere ? std::string(wishedCurrency) : figures.currencies.front());
     });
     return figures;
 }
 
-OverviewFigures::Year OverviewFigures::readYear(const AssistantEnvironment& environment, std::string_view currencyCode)
+OverviewFigures OverviewRequest::read() const
 {
-    Year figures;
-    Context& context = environment.context;
-    const Calendar& calendar = environment.calendar;
-    const std::chrono::year year = thisYear(environment);
-    readWholly(environment, [&] {
-        figures.thisYear = MonthlyIncome::make(context, year, calendar, currencyCode);
-        figures.lastYear = MonthlyIncome::make(context, year - std::chrono::years(1), calendar, currencyCode);
-        figures.aging = AgingReport::make(context, environment.clock.now(), calendar, currencyCode);
-    });
-    return figures;
+    Store store = Store::openReadOnly(Store::Location::directory(library), DataModel::records(), DataModel::history());
+    const FixedClock clock(now);
+    RandomUUIDSource uuids; // never asked: nothing is made
+    Context context(store, clock, uuids);
+    return OverviewFigures::read({.context = context,
+                                  .business = business,
+                                  .host = nullptr,
+                                  .assistantName = {},
+                                  .clock = clock,
+                                  .calendar = calendar,
+                                  .locale = locale},
+                                 wishedCurrency);
 }
 
 } // namespace Quillary

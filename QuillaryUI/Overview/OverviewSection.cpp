@@ -1,6 +1,9 @@
 #include "QuillaryUI/Overview/OverviewSection.h"
 
 #include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Schedules/TimeMath.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Overview/FigureButton.h"
@@ -11,12 +14,18 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QPromise>
 #include <QScrollArea>
+#include <QThreadPool>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 #include <map>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace Quillary {
 
@@ -50,6 +59,12 @@ QString invoices(std::size_t count)
     return count == 1 ? OverviewSection::tr("1 invoice") : OverviewSection::tr("%1 invoices").arg(count);
 }
 
+template <class Figures>
+std::vector<std::int64_t> amounts(const Figures& figures)
+{
+    return std::vector<std::int64_t>(std::begin(figures), std::end(figures));
+}
+
 /// A chart under its name and its sum.
 QWidget* card(QWidget* parent, const QString& name, QLabel& sum, BarChart& chart)
 {
@@ -70,6 +85,24 @@ QWidget* card(QWidget* parent, const QString& name, QLabel& sum, BarChart& chart
 }
 
 } // namespace
+
+/// What another thread has read.
+struct OverviewSection::Answer
+{
+    OverviewFigures figures;
+    std::string failure; ///< a sentence; empty: the figures count
+
+    [[nodiscard]] static std::shared_ptr<const Answer> to(const OverviewRequest& request)
+    {
+        auto answer = std::make_shared<Answer>();
+        try {
+            answer->figures = request.read();
+        } catch (const std::exception& error) { // on a thread where nobody else would hear of it
+            answer->failure = error.what();
+        }
+        return answer;
+    }
+};
 
 OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
@@ -92,12 +125,22 @@ OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     connect(&m_soon, &QTimer::timeout, this, &OverviewSection::refresh);
     connect(&library, &LibraryAccess::opened, this, &OverviewSection::setStale);
     connect(&library, &LibraryAccess::changed, this, &OverviewSection::setStale);
-    connect(m_currency, &QComboBox::activated, this, &OverviewSection::showYear);
+    connect(&library, &LibraryAccess::closing, this, &OverviewSection::leaveLibrary);
+    connect(&m_reading, &QFutureWatcher<std::shared_ptr<const Answer>>::finished, this, &OverviewSection::didRead);
+    connect(m_currency, &QComboBox::activated, this, [this] {
+        m_isStale = true;
+        refresh();
+    });
     connect(m_aging, &BarChart::chosen, this, [this](int bucket) {
         Q_EMIT wantedDocuments(DocumentKind::invoice,
                                bucket == 0 ? DisplayStatus::sent : DisplayStatus::overdue,
                                utf8(m_currency->currentText()));
     });
+}
+
+OverviewSection::~OverviewSection()
+{
+    m_reading.waitForFinished();
 }
 
 void OverviewSection::build()
@@ -184,31 +227,118 @@ void OverviewSection::showEvent(QShowEvent* event)
 
 void OverviewSection::refresh()
 {
-    if (!m_library.isOpen() || !isVisible()) {
+    if (!m_library.isOpen() || !isVisible() || m_reading.isRunning()) {
+        return; // what is being read is followed by what changed meanwhile
+    }
+    m_isStale = false;
+    if (!m_library.context().store().location().isInMemory()) {
+        readBeside();
         return;
     }
     OverviewFigures figures;
-    if (const auto failure = m_library.attempt([&] { figures = OverviewFigures::read(m_library.environment()); })) {
+    if (const auto failure = m_library.attempt(
+            [&] { figures = OverviewFigures::read(m_library.environment(), utf8(m_currency->currentText())); })) {
         showFailure(*failure);
         return;
     }
-    m_isStale = false;
+    showAll(figures);
+}
+
+void OverviewSection::readBeside()
+{
+    if (!m_isKnown) {
+        showWaiting();
+    }
+    const AssistantEnvironment& environment = m_library.environment();
+    OverviewRequest request{.library = environment.context.store().location().folder(),
+                            .business = environment.business,
+                            .now = m_library.now(),
+                            .calendar = environment.calendar,
+                            .locale = environment.locale,
+                            .wishedCurrency = utf8(m_currency->currentText())};
+    auto promise = std::make_shared<QPromise<std::shared_ptr<const Answer>>>();
+    promise->start(); // here, so that it counts as running before its thread begins
+    m_reading.setFuture(promise->future());
+    QThreadPool::globalInstance()->start([promise, request = std::move(request)] {
+        promise->addResult(Answer::to(request));
+        promise->finish();
+    });
+}
+
+void OverviewSection::didRead()
+{
+    if (!m_library.isOpen() || m_reading.future().resultCount() == 0) {
+        return;
+    }
+    const std::shared_ptr<const Answer> answer = m_reading.result();
+    if (answer->failure.empty()) {
+        showAll(answer->figures);
+    } else {
+        showFailure(text(answer->failure));
+    }
+    if (m_isStale) {
+        setStale();
+    }
+}
+
+/// Nobody reads a library that is given away, and what was read of it is no answer for the one that comes back.
+void OverviewSection::leaveLibrary()
+{
+    m_reading.waitForFinished();
+    m_reading.setFuture({});
+    m_isStale = true;
+}
+
+void OverviewSection::showAll(const OverviewFigures& figures)
+{
+    m_isKnown = true;
     m_failure->hide();
     m_whole->show();
     const QDate today = m_library.formats().qDate(m_library.now());
     m_day->setText(QLocale(text(m_library.formats().locale().identifier())).toString(today, QLocale::LongFormat));
     showMoney(figures.money);
     fillCurrencies(figures);
-    showYear();
+    showYear(figures);
+    showAging(figures);
 }
 
-void OverviewSection::showMoney(const std::vector<MoneyOverview>& money)
+/// The places of the figures, before they are known.
+void OverviewSection::showWaiting()
+{
+    const QString unknown = QStringLiteral("…");
+    m_failure->hide();
+    m_whole->show();
+    clearMoney();
+    for (QLabel* label : {m_owed, m_incomeSum, m_agingSum}) {
+        label->setText(unknown);
+    }
+    m_currency->hide();
+    auto* row = new QWidget(m_whole);
+    row->setObjectName(QStringLiteral("figures"));
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(gap);
+    for (const QString& name :
+         {tr("Overdue"), tr("Due within %1 days").arg(MoneyOverview::soonDays), tr("Drafts"), tr("Unbilled Time")}) {
+        auto* button = new FigureButton(name, unknown, QString(), row);
+        button->setEnabled(false);
+        line->addWidget(button, 1);
+    }
+    m_money->addWidget(row);
+}
+
+void OverviewSection::clearMoney()
 {
     const auto old = m_whole->findChildren<QWidget*>(QStringLiteral("figures"), Qt::FindDirectChildrenOnly);
     for (QWidget* row : old) {
         m_money->removeWidget(row);
         delete row;
     }
+}
+
+void OverviewSection::showMoney(const std::vector<MoneyOverview>& money)
+{
+    clearMoney();
     std::map<std::string, std::int64_t, std::less<>> owed;
     std::size_t count = 0;
     for (const MoneyOverview& one : money) {
@@ -265,9 +395,9 @@ QWidget* OverviewSection::figures(const MoneyOverview& money)
                             DisplayStatus::draft);
     lead(*draft, DisplayStatus::draft, money.currencyCode);
     if (money.currencyCode == m_library.business().currencyCode) {
-        const QString hours = money.unbilledThousandths == 0
+        const QString hours = money.unbilledSeconds == 0
                                   ? tr("No time is unbilled")
-                                  : tr("%1 hours").arg(formats.quantity(money.unbilledThousandths));
+                                  : tr("%1 hours").arg(text(TimeMath::hoursAndMinutes(money.unbilledSeconds)));
         auto* time = new FigureButton(tr("Unbilled Time"), amount(money.unbilledValue), hours, row);
         time->setObjectName(QStringLiteral("figureTime"));
         connect(time, &FigureButton::clicked, this, [this] { Q_EMIT wantedSection(QStringLiteral("time")); });
@@ -299,27 +429,18 @@ FigureButton* OverviewSection::addFigure(
 
 void OverviewSection::fillCurrencies(const OverviewFigures& figures)
 {
-    const QString before = m_currency->currentText();
     m_currency->clear();
     for (const std::string& code : figures.currencies) {
         m_currency->addItem(text(code));
     }
-    m_currency->setCurrentIndex(std::max(0, m_currency->findText(before)));
+    m_currency->setCurrentIndex(std::max(0, m_currency->findText(text(figures.year.currencyCode))));
     m_currency->setVisible(figures.currencies.size() > 1);
 }
 
-void OverviewSection::showYear()
+void OverviewSection::showYear(const OverviewFigures& figures)
 {
-    const std::string currency = utf8(m_currency->currentText());
-    OverviewFigures::Year year;
-    if (!m_library.isOpen()) {
-        return;
-    }
-    if (const auto failure =
-            m_library.attempt([&] { year = OverviewFigures::readYear(m_library.environment(), currency); })) {
-        showFailure(*failure);
-        return;
-    }
+    const OverviewFigures::Year& year = figures.year;
+    const std::string& currency = year.currencyCode;
     const Formats& formats = m_library.formats();
     const int now = formats.qDate(m_library.now()).year();
     const QLocale words(text(formats.locale().identifier()));
@@ -329,9 +450,6 @@ void OverviewSection::showYear()
     }
     QColor quiet = palette().color(QPalette::PlaceholderText);
     quiet.setAlphaF(float(quietBar));
-    const auto amounts = [](const auto& figures) {
-        return std::vector<std::int64_t>(std::begin(figures), std::end(figures));
-    };
     m_income->setBars(months,
                       {{QString::number(now - 1), quiet, amounts(year.lastYear.months)},
                        {QString::number(now), palette().color(QPalette::Link), amounts(year.thisYear.months)}},
@@ -340,7 +458,11 @@ void OverviewSection::showYear()
     m_incomeSum->setText(tr("%1 so far in %2, %3 in %4")
                              .arg(formats.money(year.thisYear.total(), currency), QString::number(now))
                              .arg(formats.money(year.lastYear.total(), currency), QString::number(now - 1)));
+}
 
+void OverviewSection::showAging(const OverviewFigures& figures)
+{
+    const OverviewFigures::Year& year = figures.year;
     const QStringList ages{tr("Not due"), tr("1–30"), tr("31–60"), tr("61–90"), tr("Over 90")}; // `allBuckets`
     const AgingReport::Amounts all = year.aging.totals();
     AgingReport::Amounts notDue{};
@@ -350,12 +472,12 @@ void OverviewSection::showYear()
     m_aging->setBars(ages,
                      {{tr("Not due yet"), Theme::statusColor(DisplayStatus::sent), amounts(notDue)},
                       {tr("Overdue"), Theme::statusColor(DisplayStatus::overdue), amounts(late)}},
-                     currency,
+                     year.currencyCode,
                      BarChart::Arrangement::onOneAnother);
-    m_agingSum->setText(
-        year.aging.rows.empty()
-            ? tr("Nothing is owed to you.")
-            : tr("%1 is owed to you, by days overdue").arg(formats.money(year.aging.total(), currency)));
+    m_agingSum->setText(year.aging.rows.empty()
+                            ? tr("Nothing is owed to you.")
+                            : tr("%1 is owed to you, by days overdue")
+                                  .arg(m_library.formats().money(year.aging.total(), year.currencyCode)));
 }
 
 void OverviewSection::showFailure(const QString& sentence)

@@ -6,8 +6,10 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
 
+#include <QFutureWatcher>
 #include <QTimer>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,13 +25,15 @@ struct OverviewFigures;
 
 /// What needs doing, with sums; income by month; receivables by age. Every figure leads to its list.
 ///
-/// Reads only while somebody looks: what changes meanwhile is read when it is shown again.
+/// Reads only while somebody looks: what changes meanwhile is read when it is shown again. A library with a file is read
+/// on another thread: a hundred thousand documents take longer than a window may stand still.
 class OverviewSection : public Section
 {
     Q_OBJECT
 
 public:
     explicit OverviewSection(LibraryAccess& library, QWidget* parent = nullptr);
+    ~OverviewSection() override;
 
     void makeNew() override;
     void refreshDay() override;
@@ -51,18 +55,28 @@ private:
     QWidget* buildCharts();
     void setStale();
     void refresh();
+    void readBeside();
+    void didRead();
+    void leaveLibrary();
+    void showAll(const OverviewFigures& figures);
+    void showWaiting();
+    void clearMoney();
     void showMoney(const std::vector<MoneyOverview>& money);
     QWidget* figures(const MoneyOverview& money);
     FigureButton*
     addFigure(QWidget& row, const QString& name, const QString& figure, const QString& detail, DisplayStatus status);
     void lead(FigureButton& button, DisplayStatus status, const std::string& currencyCode);
     void fillCurrencies(const OverviewFigures& figures);
-    void showYear();
+    void showYear(const OverviewFigures& figures);
+    void showAging(const OverviewFigures& figures);
     void showFailure(const QString& sentence);
 
     LibraryAccess& m_library;
     QTimer m_soon; ///< many changes at once are read once
     bool m_isStale = true;
+    bool m_isKnown = false; ///< figures are on the screen
+    struct Answer;
+    QFutureWatcher<std::shared_ptr<const Answer>> m_reading;
     QLabel* m_day;
     QLabel* m_owed;
     QLabel* m_failure;

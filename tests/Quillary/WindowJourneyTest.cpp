@@ -19,6 +19,7 @@
 #include "QuillaryUI/Settings/DataPage.h"
 #include "tests/Support/TempFolder.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAbstractItemView>
 #include <QApplication>
@@ -36,6 +37,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -158,6 +160,27 @@ protected:
     std::unique_ptr<Desktop> desktop;
     std::unique_ptr<AssistantService> service;
 };
+
+TEST_F(WindowJourneyTest, readsTheFiguresBesideTheWindowAndFollowsTheLibrary)
+{
+    putOffFirstStart();
+    const auto shown = [this] {
+        const auto* figure = desktop->window().findChild<QAbstractButton*>("figure3");
+        return figure == nullptr ? QString() : figure->accessibleName();
+    };
+    desktop->window().showSection("overview");
+    EXPECT_EQ(shown(), QString()); // nothing has been read while the section was being shown
+    EXPECT_TRUE(comesTrue([&] { return shown().contains("Nothing is overdue"); }));
+    static_cast<void>(desktop->library().perform("Late invoice", [&] {
+        Document& invoice = context().insert<Document>();
+        invoice.statusRaw = static_cast<std::int16_t>(DocumentStatus::sent);
+        invoice.currencyCode = "USD";
+        invoice.cachedTotalMinorUnits = 11900;
+        invoice.dueDate = desktop->library().now() - std::chrono::days(12);
+    }));
+    EXPECT_TRUE(comesTrue([&] { return shown() == "Overdue: $119.00, 1 invoice"; }));
+    desktop->library().close(); // as when a command borrows it; a reading that goes on is waited for
+}
 
 TEST_F(WindowJourneyTest, restoresABackupAndKeepsTheLibraryAsItWas)
 {

@@ -53,6 +53,7 @@ public:
         for (const UnbilledTime& time : unbilledTime(m_environment, std::nullopt)) {
             MoneyOverview& overview = of(m_environment.ownBusiness().currencyCode);
             overview.unbilledThousandths = checkedAdd(overview.unbilledThousandths, time.hoursThousandths());
+            overview.unbilledSeconds = checkedAdd(overview.unbilledSeconds, time.seconds());
             overview.unbilledValue = checkedAdd(overview.unbilledValue, time.value());
         }
     }

@@ -34,7 +34,8 @@ struct MoneyOverview
     std::int64_t dueSoonTotal = 0;
     std::size_t overdueCount = 0;         ///< the first so many of `open`
     std::size_t dueSoonCount = 0;         ///< so many behind them: due today or within `soonDays`
-    std::int64_t unbilledThousandths = 0; ///< hours
+    std::int64_t unbilledThousandths = 0; ///< hours, each project's cut off as on its line
+    std::int64_t unbilledSeconds = 0;     ///< the same time to the second
     std::int64_t unbilledValue = 0;
 
     /// The business's currency first, then by code. A currency in which nothing waits is left out.

@@ -43,6 +43,15 @@ std::int64_t UnbilledTime::hoursThousandths() const
     return sum;
 }
 
+std::int64_t UnbilledTime::seconds() const
+{
+    std::int64_t sum = 0;
+    for (const UnbilledProject& project : projects) {
+        sum = checkedAdd(sum, project.seconds);
+    }
+    return sum;
+}
+
 std::int64_t UnbilledTime::value(const UnbilledProject& project) const
 {
     return Totals::amount(project.hoursThousandths(), hourlyRate);

@@ -29,6 +29,7 @@ struct UnbilledTime
     std::int64_t runningSeconds = 0;       ///< of timers that still run; in none of the projects
 
     [[nodiscard]] std::int64_t hoursThousandths() const;
+    [[nodiscard]] std::int64_t seconds() const; ///< of all projects
 
     /// Minor units of the business's currency, in which hourly rates are kept: what the lines would add up to.
     [[nodiscard]] std::int64_t value() const;
