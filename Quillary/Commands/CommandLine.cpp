@@ -10,6 +10,7 @@
 #include "Quillary/Commands/EmailTemplateCommand.h"
 #include "Quillary/Commands/ExampleCommand.h"
 #include "Quillary/Commands/ImportCommand.h"
+#include "Quillary/Commands/ManualPage.h"
 #include "Quillary/Commands/OverdueCommand.h"
 #include "Quillary/Commands/RecordCommand.h"
 #include "Quillary/Commands/RecurringCommand.h"
@@ -51,6 +52,7 @@ struct Flags
     bool buildInfo = false;
     bool assistantTools = false;
     bool initializeCloudKitSchema = false;
+    bool manual = false;
 };
 
 void addFlags(CLI::App& app, Flags& flags)
@@ -59,6 +61,7 @@ void addFlags(CLI::App& app, Flags& flags)
         ->type_name("FOLDER");
     app.add_flag("--print-build-info", flags.buildInfo, "Prints the version and what it was built with.");
     app.add_flag("--print-assistant-tools", flags.assistantTools, "Prints the tools/list answer as JSON.");
+    app.add_flag("--print-manual", flags.manual, "Prints the manual page, in the language of man.")->group("");
     app.add_flag("--initialize-cloudkit-schema", flags.initializeCloudKitSchema, "Prepares the cloud mirror's schema.");
 }
 
@@ -130,6 +133,10 @@ int run(const CommandList& commands, const Flags& flags, const CLI::App& app)
     }
     if (flags.assistantTools) {
         fmt::print("{}\n", toolListing());
+        return 0;
+    }
+    if (flags.manual) {
+        fmt::print("{}", manualPage(app, version()));
         return 0;
     }
     if (flags.initializeCloudKitSchema) {
