@@ -122,6 +122,21 @@ QList<Field> reminderFields()
             choice("late_fee_from_level", tr("Beginning with"), levels)};
 }
 
+/// A pattern, and where its series continues: that is no setting of the business and kept by the numbering.
+QList<Field> numberingFields()
+{
+    const QString from = tr("Counting on from");
+    return {line("invoice_number_format", tr("Invoices")),
+            {.name = QStringLiteral("next_invoice"), .label = from},
+            line("quote_number_format", tr("Quotes")),
+            {.name = QStringLiteral("next_quote"), .label = from},
+            line("credit_note_number_format", tr("Credit notes")),
+            {.name = QStringLiteral("next_credit_note"), .label = from},
+            line("client_number_format", tr("Clients")),
+            {.name = QStringLiteral("next_client"), .label = from},
+            line("file_name_format", tr("File names"))};
+}
+
 } // namespace
 
 QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
@@ -135,12 +150,10 @@ QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
          bankFields()},
         {QStringLiteral("numbering"),
          tr("Numbering"),
-         tr("How numbers and file names are made."),
-         {line("invoice_number_format", tr("Invoices")),
-          line("quote_number_format", tr("Quotes")),
-          line("credit_note_number_format", tr("Credit notes")),
-          line("client_number_format", tr("Clients")),
-          line("file_name_format", tr("File names"))}},
+         tr("How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the "
+            "counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, "
+            "month and day."),
+         numberingFields()},
         {QStringLiteral("taxes"),
          tr("Taxes"),
          tr("The rates themselves are in the catalog."),

@@ -10,6 +10,7 @@
 #include "QuillaryUI/Settings/DataPage.h"
 #include "QuillaryUI/Settings/EmailTextsPage.h"
 #include "QuillaryUI/Settings/LogoRow.h"
+#include "QuillaryUI/Settings/NumberingForm.h"
 #include "QuillaryUI/Settings/ProgramPage.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
 
@@ -73,11 +74,10 @@ SettingsSection::SettingsSection(LibraryAccess& library, ProgramPlaces places, Q
         flush();
         m_pages->setCurrentIndex(place);
     });
-    for (Section* page :
-         {static_cast<Section*>(m_assistants),
-          static_cast<Section*>(m_security),
-          static_cast<Section*>(m_data),
-          static_cast<Section*>(m_emails)}) {
+    for (Section* page : {static_cast<Section*>(m_assistants),
+                          static_cast<Section*>(m_security),
+                          static_cast<Section*>(m_data),
+                          static_cast<Section*>(m_emails)}) {
         connect(page, &Section::told, this, &SettingsSection::told);
         connect(page, &Section::failed, this, &SettingsSection::failed);
     }
@@ -97,6 +97,9 @@ void SettingsSection::addGroups()
         }
         if (group.name == QLatin1String("look")) {
             form->addRow(tr("Logo"), m_logo);
+        }
+        if (group.name == QLatin1String("numbering")) {
+            m_numbering = new NumberingForm(m_library, *form);
         }
         connect(form, &FieldForm::saved, this, &SettingsSection::refresh);
         m_forms.push_back(form);
@@ -208,6 +211,7 @@ void SettingsSection::refresh()
         }
     }
     showWhatCounts();
+    m_numbering->refresh();
     m_logo->refresh();
 }
 
@@ -244,6 +248,10 @@ QString SettingsSection::stored(const QString& name, const QString& value) const
 std::optional<QString> SettingsSection::save(const QString& name, const QString& value)
 {
     return m_library.perform(tr("Change Settings"), [&] {
+        if (const auto series = NumberingForm::seriesKind(name)) {
+            m_numbering->continueWith(*series, value);
+            return;
+        }
         BusinessSettings::set(m_library.environment(), utf8(name), utf8(stored(name, value)));
     });
 }

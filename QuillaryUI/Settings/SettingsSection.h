@@ -19,6 +19,7 @@ class EmailTextsPage;
 class FieldForm;
 class LogoRow;
 class SecurityPage;
+class NumberingForm;
 
 /// What the documents of the business are made with, who else may use the library, and where it lies. Groups at the
 /// left, the form of the chosen one beside them; every change is saved by itself and can be taken back.
@@ -52,6 +53,7 @@ private:
     std::vector<FieldForm*> m_forms;
     LogoRow* m_logo;
     SecurityPage* m_security;
+    NumberingForm* m_numbering = nullptr;
     AssistantsPage* m_assistants;
     DataPage* m_data;
     EmailTextsPage* m_emails;

@@ -63,6 +63,15 @@ TEST_F(SettingsSectionTest, changesOneByOneAndTellsWhatFollows)
     EXPECT_TRUE(child<QLabel>(section, "error_invoice_number_format").text().isEmpty());
     EXPECT_TRUE(child<QLabel>(section, "note_invoice_number_format").text().startsWith("Next number: R-"));
 
+    child<QLineEdit>(section, "field_invoice_number_format").setText("");
+    QTest::keyClicks(&child<QLineEdit>(section, "field_invoice_number_format"), "{##}/A"); // before it is saved
+    EXPECT_EQ(child<QLabel>(section, "note_invoice_number_format").text(), "Next number: 01/A");
+    section.flush();
+    type("field_next_invoice", "0");
+    EXPECT_FALSE(child<QLabel>(section, "error_next_invoice").text().isEmpty());
+    type("field_next_invoice", "42");
+    EXPECT_EQ(child<QLabel>(section, "note_invoice_number_format").text(), "Next number: 42/A");
+
     auto& exempt = child<QCheckBox>(section, "field_tax_exempt");
     const bool wasExempt = library.business().taxExempt;
     exempt.click();
