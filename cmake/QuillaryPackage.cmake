@@ -7,8 +7,8 @@ set(CPACK_PACKAGE_DESCRIPTION
 pages in several designs and six languages, with payment codes that banking apps read. It follows overdue invoices,
 repeats others on schedules, bills tracked time and makes the reports that a tax return needs.
 .
-Everything stays in one library on this computer. Every operation is in the window, on the command line and, as far as the
-user allows it, open to AI assistants.")
+Everything stays in one library on this computer. It works in a window and on the command line and, as far as the user
+allows it, with AI assistants.")
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_GENERATOR DEB)
