@@ -10,6 +10,7 @@
 #include "QuillaryUI/Settings/DataPage.h"
 #include "QuillaryUI/Settings/EmailTextsPage.h"
 #include "QuillaryUI/Settings/LogoRow.h"
+#include "QuillaryUI/Settings/LookPage.h"
 #include "QuillaryUI/Settings/NumberingForm.h"
 #include "QuillaryUI/Settings/ProgramPage.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
@@ -103,6 +104,11 @@ void SettingsSection::addGroups()
         }
         connect(form, &FieldForm::saved, this, &SettingsSection::refresh);
         m_forms.push_back(form);
+        if (group.name == QLatin1String("look")) {
+            m_look = new LookPage(m_library, *form);
+            addPage(group.name, group.title, group.explanation, m_look)->setMaximumWidth(widestPair);
+            continue;
+        }
         addPage(group.name, group.title, group.explanation, form);
         if (group.name == QLatin1String("texts")) {
             addEmails();
@@ -212,6 +218,7 @@ void SettingsSection::refresh()
     }
     showWhatCounts();
     m_numbering->refresh();
+    m_look->refresh();
     m_logo->refresh();
 }
 

@@ -18,6 +18,7 @@ class DataPage;
 class EmailTextsPage;
 class FieldForm;
 class LogoRow;
+class LookPage;
 class SecurityPage;
 class NumberingForm;
 
@@ -52,6 +53,7 @@ private:
     QStackedWidget* m_pages;
     std::vector<FieldForm*> m_forms;
     LogoRow* m_logo;
+    LookPage* m_look = nullptr;
     SecurityPage* m_security;
     NumberingForm* m_numbering = nullptr;
     AssistantsPage* m_assistants;
