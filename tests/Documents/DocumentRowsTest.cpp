@@ -208,6 +208,24 @@ TEST(DraftLinesTest, movesALineWithItsSubLines)
     DraftLines::move(library.context, draft, 2, 0);
     EXPECT_EQ(titles(), "b b1 a c ");
     EXPECT_THROW(DraftLines::move(library.context, draft, 4, 0), DocumentError);
+
+    // Into the line above and out of it: nothing changes its place on the page.
+    const auto levels = [&] {
+        std::string text;
+        for (const LineItem* line : linesInOrder(library.context, draft)) {
+            text += line->parent ? "-" + line->title + " " : line->title + " ";
+        }
+        return text;
+    };
+    DraftLines::nest(library.context, draft, 2);
+    EXPECT_EQ(levels(), "b -b1 -a c ");
+    DraftLines::unnest(library.context, draft, 1); // what stands below it becomes its own
+    EXPECT_EQ(levels(), "b b1 -a c ");
+    DraftLines::nest(library.context, draft, 1);
+    EXPECT_EQ(levels(), "b -b1 -a c ");
+    EXPECT_THROW(DraftLines::nest(library.context, draft, 0), DocumentError);
+    EXPECT_THROW(DraftLines::nest(library.context, draft, 1), DocumentError);
+    EXPECT_THROW(DraftLines::unnest(library.context, draft, 3), DocumentError);
     library.context.edit(draft).statusRaw = std::int16_t(DocumentStatus::sent);
     EXPECT_THROW(DraftLines::move(library.context, draft, 0, 2), DocumentError);
 }
