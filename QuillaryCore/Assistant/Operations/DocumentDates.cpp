@@ -40,6 +40,22 @@ void DocumentSession::applyDates(const Arguments& arguments)
     }
 }
 
+void DocumentSession::applyValidity(const Arguments& arguments)
+{
+    const std::optional<CalendarDate> until = arguments.date("valid_until");
+    if (!until) {
+        return;
+    }
+    if (!isQuote(m_document)) {
+        arguments.refuse("valid_until", "belongs to quotes.");
+    }
+    const Instant day = m_environment.calendar.storedDay(*until);
+    if (m_document.issueDate && day < *m_document.issueDate) {
+        arguments.refuse("valid_until", "is before the quote's own date.");
+    }
+    m_document.validUntil = day;
+}
+
 void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
 {
     if (!asksForPayment() || !m_document.issueDate) {

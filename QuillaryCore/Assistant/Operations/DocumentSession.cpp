@@ -113,6 +113,7 @@ void DocumentSession::apply(const Arguments& arguments)
     applyTexts(arguments);
     applyCurrency(arguments, oldClient);
     applyDates(arguments);
+    applyValidity(arguments);
     applyDueDate(oldIssueDate, oldTerms);
     applyServiceDate(arguments);
     applyTaxTreatment(arguments);
@@ -122,6 +123,7 @@ void DocumentSession::apply(const Arguments& arguments)
     }
     applyLines(arguments);
     applyDiscount(arguments);
+    applyFees(arguments);
     if (client() != nullptr && client() == oldClient) {
         rememberAnswers(arguments);
     }

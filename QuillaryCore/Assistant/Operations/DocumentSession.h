@@ -17,6 +17,7 @@ namespace Quillary {
 
 struct Client;
 struct Document;
+struct Fee;
 struct LineItem;
 struct Project;
 struct TimeEntry;
@@ -35,7 +36,9 @@ public:
     /// is a recurring template, which counts no number and is sent to nobody.
     [[nodiscard]] static DocumentSession open(const AssistantEnvironment& environment, const Document& document);
 
-    /// Applies all arguments, numbers the document and brings its figures up to date.
+    /// Applies all arguments, numbers the document and brings its figures up to date. Beside those that are offered to
+    /// assistants, the window uses "valid_until" (a quote's last day) and "add_fees", "change_fees" and "remove_fees",
+    /// made like those of lines: "fee" is its number, "title", "amount" and "tax_rate" say what it is.
     void apply(const Arguments& arguments);
 
     /// Which tracked time of the client goes on the document, and how.
@@ -77,6 +80,9 @@ private:
     void rememberAnswers(const Arguments& arguments);
     void applyLines(const Arguments& arguments);
     void applyDiscount(const Arguments& arguments);
+    void applyValidity(const Arguments& arguments);
+    void applyFees(const Arguments& arguments);
+    void fillFee(Fee& fee, const Arguments& arguments);
     void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
 
     void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);

@@ -95,7 +95,8 @@ DocumentReview::businessProblems(const Business& business, std::string_view coun
     std::vector<ReviewProblem> problems;
     const auto add = [&](std::string problem) {
         problems.push_back({.problem = std::move(problem),
-                            .fix = "Set it once with update_business_profile, or in Quillary › Settings › Business."});
+                            .fix = "Set it once with update_business_profile, or in Quillary › Settings › Business.",
+                            .field = "update_business_profile"});
     };
     if (business.name.empty()) {
         add("Your business name is missing.");

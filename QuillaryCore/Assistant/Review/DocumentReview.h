@@ -40,6 +40,8 @@ struct ReviewProblem
 {
     std::string problem;
     std::string fix;
+    std::string field =
+        {}; ///< where it is mended, for a window: as `ReviewQuestion::field`, or "update_business_profile"
 
     friend bool operator==(const ReviewProblem&, const ReviewProblem&) = default;
 };

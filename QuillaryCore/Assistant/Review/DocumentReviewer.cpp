@@ -137,9 +137,9 @@ DocumentReview DocumentReviewer::review()
     return std::move(m_result);
 }
 
-void DocumentReviewer::tell(std::string problem, std::string_view fix)
+void DocumentReviewer::tell(std::string problem, std::string_view fix, std::string_view field)
 {
-    m_result.problems.push_back({.problem = std::move(problem), .fix = std::string(fix)});
+    m_result.problems.push_back({.problem = std::move(problem), .fix = std::string(fix), .field = std::string(field)});
 }
 
 bool DocumentReviewer::isInvoice() const
@@ -185,18 +185,22 @@ void DocumentReviewer::checkBusiness()
 void DocumentReviewer::checkDocument()
 {
     if (!m_document.issueDate) {
-        tell(fmt::format("The {} has no date.", noun()), "Set issue_date with update_document.");
+        tell(fmt::format("The {} has no date.", noun()), "Set issue_date with update_document.", "issue_date");
     }
     if (m_document.number.empty() && m_client != nullptr && m_kind != DocumentKind::recurring) {
         tell(fmt::format("The {} has no number.", noun()),
-             "Give it one in Quillary, or change it with update_document.");
+             "Give it one in Quillary, or change it with update_document.",
+             "client");
     }
     if (isQuote() && m_document.validUntil && *m_document.validUntil < m_today) {
-        tell("The quote's last day of validity has passed.", "Set issue_date to today with update_document.");
+        tell("The quote's last day of validity has passed.",
+             "Set issue_date to today with update_document.",
+             "valid_until");
     }
     if (isInvoice() && m_document.cachedTotalMinorUnits < 0) {
         tell(fmt::format("The {}'s total is negative.", noun()),
-             "Change its lines or its discount: money that goes back is a credit note.");
+             "Change its lines or its discount: money that goes back is a credit note.",
+             "change_lines");
     }
     const bool namesInvoice = m_document.sourceDocumentID || !m_document.introText.empty();
     if (m_kind == DocumentKind::creditNote && m_home.isInEU() && !namesInvoice) {
@@ -215,12 +219,13 @@ void DocumentReviewer::checkClient()
         return;
     }
     if (trimmed(m_client->name).empty() && trimmed(m_client->firstName + m_client->lastName).empty()) {
-        tell("The client has no name.", "Give the client a name in Quillary › Clients.");
+        tell("The client has no name.", "Give the client a name in Quillary › Clients.", "update_client name");
     }
     const bool hasAddress = !m_client->addressLine.empty() && !m_client->city.empty();
     if (isInvoice() && m_home.isInEU() && !hasAddress && !isSmall()) {
         tell(fmt::format("{}'s address is missing; invoices must show it.", clientName()),
-             "Ask for it and set it with update_client, or add it in Quillary › Clients.");
+             "Ask for it and set it with update_client, or add it in Quillary › Clients.",
+             "update_client address_line");
     }
 }
 

@@ -57,7 +57,7 @@ private:
     void askForOutsideEU(const VATArea& away);
 
     void ask(ReviewQuestion question) { m_result.questions.push_back(std::move(question)); }
-    void tell(std::string problem, std::string_view fix);
+    void tell(std::string problem, std::string_view fix, std::string_view field);
 
     /// Invoices and the templates they are made from; a kind that can't be read counts as one.
     [[nodiscard]] bool isInvoice() const;

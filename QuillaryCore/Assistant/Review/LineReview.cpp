@@ -94,7 +94,8 @@ bool DocumentReviewer::checkLine(const LineItem& line, std::size_t number)
     // A quote may show what more would cost.
     if (line.unitPriceMinorUnits != 0 && line.quantityThousandths == 0 && !isQuote()) {
         tell(fmt::format("Line {} (“{}”) has the quantity 0, so it bills nothing.", number, nameOf(line)),
-             "Set its quantity with change_lines, or take it out with remove_lines.");
+             "Set its quantity with change_lines, or take it out with remove_lines.",
+             "change_lines");
         return false;
     }
     return true;
@@ -160,7 +161,8 @@ void DocumentReviewer::checkTaxRates()
     }
     if (m_business.taxExempt) {
         tell(fmt::format("The {} is taxed, but {} no {}.", noun(), bearing(numbers), taxWord()),
-             "Set tax_exempt to true with update_document, or the tax_rate of each with change_lines.");
+             "Set tax_exempt to true with update_document, or the tax_rate of each with change_lines.",
+             "tax_exempt");
     } else {
         askForTaxRate(usual->basisPoints, numbers);
     }

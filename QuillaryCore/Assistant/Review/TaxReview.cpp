@@ -64,7 +64,8 @@ void DocumentReviewer::checkUntaxed(TaxTreatment treatment)
     }
     if (trimmed(m_document.taxExemptNote).empty()) {
         tell(fmt::format("The {} is tax-exempt but doesn't say why.", noun()),
-             "Set tax_exempt_note to the reason, as your tax rules word it.");
+             "Set tax_exempt_note to the reason, as your tax rules word it.",
+             "tax_exempt_note");
     }
     if (treatment == TaxTreatment::reverseCharge) {
         checkReverseCharge();
@@ -84,18 +85,24 @@ void DocumentReviewer::checkReverseCharge()
         tell(fmt::format("Reverse charge needs a client in another EU country; {} is in {}.",
                          clientName(),
                          m_away->name(m_locale)),
-             "Set reverse_charge to false with update_document, or correct the country with update_client.");
+             "Set reverse_charge to false with update_document, or correct the country with update_client.",
+             "tax_exempt");
         return;
     }
     const std::string_view member = memberOfVATID(m_client->vatID);
     if (member.empty()) {
-        tell(fmt::format("Reverse charge needs {}'s VAT ID.", clientName()), setWithUpdateClient);
+        tell(fmt::format("Reverse charge needs {}'s VAT ID.", clientName()),
+             setWithUpdateClient,
+             "update_client vat_id");
     } else if (member == m_home.member) {
-        tell(fmt::format("Reverse charge needs {}'s VAT ID of another EU country.", clientName()), setWithUpdateClient);
+        tell(fmt::format("Reverse charge needs {}'s VAT ID of another EU country.", clientName()),
+             setWithUpdateClient,
+             "update_client vat_id");
     }
     if (m_business.vatID.empty()) {
         tell("Reverse charge needs your VAT ID.",
-             "Set it once with update_business_profile, or in Quillary › Settings › Business.");
+             "Set it once with update_business_profile, or in Quillary › Settings › Business.",
+             "update_business_profile");
     }
 }
 
@@ -105,7 +112,8 @@ void DocumentReviewer::checkOutsideEU()
     if (m_client != nullptr && m_away && m_away->isInEU() && isOurNote) {
         tell(fmt::format(
                  "The note says that the client is outside the EU; {} is in {}.", clientName(), m_away->name(m_locale)),
-             "Set outside_eu to false with update_document, or correct the country with update_client.");
+             "Set outside_eu to false with update_document, or correct the country with update_client.",
+             "tax_exempt");
     }
 }
 
