@@ -1,5 +1,7 @@
 #include "QuillaryUI/Documents/DocumentPane.h"
 
+#include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Billing/Reminders.h"
@@ -18,6 +20,7 @@
 #include "QuillaryUI/Documents/ClientSheet.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Documents/EmailSheet.h"
+#include "QuillaryUI/Documents/MakeRecurringSheet.h"
 #include "QuillaryUI/Documents/PaymentSheet.h"
 #include "QuillaryUI/Documents/ReminderSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
@@ -71,6 +74,7 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     , m_split(new QSplitter(Qt::Horizontal, this))
     , m_name(label(this, "documentName", 1.3, true))
     , m_status(label(this, "documentStatus", 1.0, true))
+    , m_related(label(this, "relatedDocuments", 1.0, false))
     , m_locked(label(this, "documentLocked", 1.0, false))
     , m_edit(new QPushButton(this))
     , m_next(new QPushButton(this))
@@ -83,6 +87,13 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     setObjectName(QStringLiteral("documentPane"));
     build();
     connect(m_editor, &DraftEditor::wantedClient, this, &DocumentPane::askForClient);
+    connect(m_editor, &DraftEditor::pageChanged, m_page, &LivePage::refresh);
+    connect(m_editor, &DraftEditor::wantedClientRecord, this, &DocumentPane::wantedClient);
+    connect(m_editor, &DraftEditor::wantedSettings, this, [this] { Q_EMIT wantedSection(QStringLiteral("settings")); });
+    connect(m_editor, &DraftEditor::failed, this, &DocumentPane::failed);
+    connect(m_related, &QLabel::linkActivated, this, [this](const QString& key) {
+        Q_EMIT wantedDocument(key.toLongLong());
+    });
     connect(&library, &LibraryAccess::changed, this, &DocumentPane::reload);
     connect(&library, &LibraryAccess::opened, this, &DocumentPane::reload);
     setDocument(0);
@@ -109,11 +120,16 @@ void DocumentPane::buildActions()
         addAction(tr("Print…"), QStringLiteral("print"), QKeySequence(QStringLiteral("Ctrl+P")), &DocumentPane::print);
     m_duplicate = addAction(
         tr("Duplicate"), QStringLiteral("duplicate"), QKeySequence(QStringLiteral("Ctrl+D")), &DocumentPane::duplicate);
+    m_repeat = addAction(tr("New Invoice Like the Client's Last"),
+                         QStringLiteral("repeatLast"),
+                         QKeySequence(QStringLiteral("Ctrl+Shift+D")),
+                         &DocumentPane::repeatLast);
     m_toInvoice = addAction(tr("Make Invoice"),
                             QStringLiteral("makeInvoice"),
                             QKeySequence(QStringLiteral("Ctrl+I")),
                             &DocumentPane::makeInvoice);
     m_credit = addAction(tr("Make Credit Note"), QStringLiteral("makeCreditNote"), {}, &DocumentPane::makeCreditNote);
+    m_recurring = addAction(tr("Make Recurring…"), QStringLiteral("makeRecurring"), {}, &DocumentPane::makeRecurring);
     m_remove = addAction(tr("Delete Draft…"), QStringLiteral("deleteDraft"), {}, &DocumentPane::removeDraft);
     for (QAction* action : std::as_const(m_actions)) {
         m_menu->addAction(action);
@@ -140,6 +156,7 @@ void DocumentPane::buildHead()
     names->setSpacing(2);
     names->addWidget(m_name);
     names->addWidget(m_status);
+    names->addWidget(m_related);
     auto* head = new QHBoxLayout(m_head);
     head->setContentsMargins(border, border, border, border / 2);
     head->addLayout(names, 1);
@@ -152,6 +169,9 @@ void DocumentPane::build()
 {
     buildActions();
     buildHead();
+    m_related->setTextFormat(Qt::RichText);
+    m_related->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    m_related->setWordWrap(true);
     m_locked->setWordWrap(true);
     m_locked->setContentsMargins(border, 0, border, border / 2);
     Theme::tint(*m_locked, palette().color(QPalette::PlaceholderText));
@@ -203,8 +223,15 @@ void DocumentPane::setDocument(std::int64_t key)
     }
     endEditing();
     m_document = key;
-    m_page->show(documentPage(m_library, key));
+    m_page->show([this] { return page(); });
     reload();
+}
+
+/// With what is being typed, before it is saved.
+std::optional<PageJob> DocumentPane::page()
+{
+    std::optional<PageJob> typed = m_isEditing ? m_editor->typedPage() : std::nullopt;
+    return typed ? std::move(typed) : documentPage(m_library, m_document)();
 }
 
 void DocumentPane::flush()
@@ -284,6 +311,7 @@ void DocumentPane::reload()
         tr("This document has been sent, so it stays as it is. To correct it, take it back to draft under "
            "More ▸ Status, or credit it."));
     fillActions(*document);
+    fillRelated(*document);
     m_page->refresh();
 }
 
@@ -311,7 +339,37 @@ void DocumentPane::fillActions(const Document& document)
     m_remind->setVisible(isInvoice && canSendReminder(m_library.context(), document));
     m_toInvoice->setVisible(kind == DocumentKind::quote);
     m_credit->setVisible(isInvoice && !isDraft);
+    m_repeat->setVisible(document.client.key() != 0);
+    m_recurring->setVisible(isInvoice);
     m_remove->setVisible(isDraft);
+}
+
+/// What the document was made from, and what was made from it, each a click away.
+void DocumentPane::fillRelated(const Document& document)
+{
+    const auto link = [this](const Document& other) {
+        const DisplayStatus shown = displayStatus(other, m_library.today(), m_library.formats().calendar());
+        const bool isTemplate = kind(other) == DocumentKind::recurring;
+        const QString name = isTemplate && !other.title.empty() ? text(other.title) : text(documentName(other));
+        const QString words = isTemplate ? name : tr("%1 (%2)").arg(name, StatusText::word(shown, kind(other)));
+        return QStringLiteral("<a href=\"%1\">%2</a>").arg(other.ref.key()).arg(words.toHtmlEscaped());
+    };
+    Context& context = m_library.context();
+    QStringList parts;
+    const Document* source = document.sourceDocumentID ? context.find<Document>(*document.sourceDocumentID) : nullptr;
+    if (source != nullptr) {
+        parts.push_back(
+            (kind(document) == DocumentKind::creditNote ? tr("Credits %1") : tr("From %1")).arg(link(*source)));
+    }
+    QStringList made;
+    for (const Document* derived : derivedDocuments(context, document)) {
+        made.push_back(link(*derived));
+    }
+    if (!made.empty()) {
+        parts.push_back(tr("Led to %1").arg(made.join(QStringLiteral(", "))));
+    }
+    m_related->setText(parts.join(QStringLiteral(" &nbsp;·&nbsp; ")));
+    m_related->setVisible(!parts.empty());
 }
 
 void DocumentPane::showResult(const std::optional<QString>& refusal, const QString& success)
@@ -349,6 +407,39 @@ void DocumentPane::make(const QString& name, const std::function<const Document&
         Q_EMIT told(name);
         Q_EMIT wantedDocument(made);
     }
+}
+
+/// The client's last invoice again, as a draft of today with its texts and terms as they are now.
+void DocumentPane::repeatLast()
+{
+    const Client* client = m_library.context().find(record()->client);
+    if (client == nullptr) {
+        return;
+    }
+    std::int64_t made = 0;
+    const auto refusal = m_library.perform(tr("New Invoice"), [&] {
+        const JSON wish = JSON::object({{"client", Lookup::idText(client->uuid)}, {"copy_last_invoice", true}});
+        DocumentSession session = DocumentSession::create(m_library.environment(), "invoice");
+        session.apply(Arguments(wish));
+        made = session.document().ref.key();
+    });
+    showResult(refusal, tr("A draft like the client's last invoice was made."));
+    if (!refusal) {
+        Q_EMIT wantedDocument(made);
+        if (m_document == made) {
+            beginEditing();
+        }
+    }
+}
+
+void DocumentPane::makeRecurring()
+{
+    auto* sheet = new MakeRecurringSheet(m_library, m_document, this);
+    connect(sheet, &MakeRecurringSheet::made, this, [this](std::int64_t key) {
+        Q_EMIT told(tr("The recurring invoice was made."));
+        Q_EMIT wantedDocument(key);
+    });
+    sheet->begin();
 }
 
 void DocumentPane::duplicate()

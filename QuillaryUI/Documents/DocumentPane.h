@@ -48,6 +48,8 @@ public:
 Q_SIGNALS:
     /// Another document is to be shown, such as the copy that was just made.
     void wantedDocument(std::int64_t key);
+    void wantedClient(std::int64_t key);
+    void wantedSection(const QString& name);
     void editingChanged(bool isEditing);
     /// Something went well, in a sentence.
     void told(const QString& sentence);
@@ -66,6 +68,8 @@ private:
     QAction* addAction(const QString& text, const QString& name, const QKeySequence& keys, void (DocumentPane::*run)());
     void reload();
     void fillActions(const Document& document);
+    void fillRelated(const Document& document);
+    [[nodiscard]] std::optional<PageJob> page();
     void applyStatus(StatusAction action);
     void runNext();
     void showResult(const std::optional<QString>& refusal, const QString& success);
@@ -75,6 +79,8 @@ private:
     void askForReminder();
     void askForClient(const QString& name);
     void duplicate();
+    void repeatLast();
+    void makeRecurring();
     void makeInvoice();
     void makeCreditNote();
     void savePDF();
@@ -92,6 +98,7 @@ private:
     QSplitter* m_split;
     QLabel* m_name;
     QLabel* m_status;
+    QLabel* m_related;
     QLabel* m_locked;
     QPushButton* m_edit;
     QPushButton* m_next;
@@ -105,7 +112,9 @@ private:
     QAction* m_pay = nullptr;
     QAction* m_remind = nullptr;
     QAction* m_duplicate = nullptr;
+    QAction* m_repeat = nullptr;
     QAction* m_toInvoice = nullptr;
+    QAction* m_recurring = nullptr;
     QAction* m_credit = nullptr;
     QAction* m_save = nullptr;
     QAction* m_print = nullptr;

@@ -102,6 +102,8 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
         }
     });
     connect(m_pane, &DocumentPane::wantedDocument, this, &DocumentsSection::wantedDocument);
+    connect(m_pane, &DocumentPane::wantedClient, this, &DocumentsSection::wantedClient);
+    connect(m_pane, &DocumentPane::wantedSection, this, &DocumentsSection::wantedSection);
     restore();
 }
 

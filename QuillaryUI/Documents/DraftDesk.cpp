@@ -3,10 +3,9 @@
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 #include "QuillaryCore/Documents/DraftLines.h"
 #include "QuillaryCore/Foundation/JSON.h"
-#include "QuillaryCore/Model/DeliveryKind.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/WindowWords.h"
 
 #include <utility>
 
@@ -19,11 +18,12 @@ const Document* DraftDesk::document() const
 
 std::optional<QString> DraftDesk::change(const QString& name, const JSON& arguments) const
 {
-    return m_library.perform(name, [&] {
+    const std::optional<QString> refusal = m_library.perform(name, [&] {
         if (const Document* draft = document()) {
             DocumentSession::open(m_library.environment(), *draft).apply(Arguments(arguments));
         }
     });
+    return refusal ? std::optional(WindowWords::refusal(*refusal)) : std::nullopt;
 }
 
 std::optional<QString> DraftDesk::change(const QString& name, std::string_view field, JSON value) const
@@ -41,16 +41,39 @@ std::optional<QString> DraftDesk::moveLine(int from, int before) const
     });
 }
 
-std::optional<QString> DraftDesk::clearServiceDate() const
+std::optional<QString> DraftDesk::changeLine(const QString& name, int line, LineChange work) const
 {
-    return m_library.perform(QObject::tr("Change Document"), [&] {
-        if (const Document* draft = document(); draft != nullptr && status(*draft) == DocumentStatus::draft) {
-            Document& edited = m_library.context().edit(*draft);
-            edited.deliveryKindRaw = std::int16_t(DeliveryKind::none);
-            edited.deliveryStart.reset();
-            edited.deliveryEnd.reset();
+    return m_library.perform(name, [&] {
+        if (const Document* draft = document()) {
+            work(m_library.context(), *draft, static_cast<std::size_t>(line));
         }
     });
+}
+
+std::optional<QString> DraftDesk::nestLine(int line) const
+{
+    return changeLine(QObject::tr("Make Sub-Line"), line, &DraftLines::nest);
+}
+
+std::optional<QString> DraftDesk::unnestLine(int line) const
+{
+    return changeLine(QObject::tr("Take Out of Line"), line, &DraftLines::unnest);
+}
+
+bool DraftDesk::preview(const JSON& arguments, const std::function<void(const Document&)>& look) const
+{
+    const Document* draft = document();
+    if (draft == nullptr) {
+        return false;
+    }
+    bool isSeen = false;
+    m_library.tryOut([&] {
+        DocumentSession session = DocumentSession::open(m_library.environment(), *draft);
+        session.apply(Arguments(arguments));
+        look(session.document());
+        isSeen = true;
+    });
+    return isSeen;
 }
 
 } // namespace Quillary

@@ -4,7 +4,9 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -37,10 +39,17 @@ public:
     /// Moves a top-level line, with its sub-lines, before another one. Counted from 0 in print order.
     [[nodiscard]] std::optional<QString> moveLine(int from, int before) const;
 
-    /// The document says nothing any more about when the work was done.
-    [[nodiscard]] std::optional<QString> clearServiceDate() const;
+    /// A top-level line becomes a sub-line of the one above it; a sub-line becomes a top-level line again.
+    [[nodiscard]] std::optional<QString> nestLine(int line) const;
+    [[nodiscard]] std::optional<QString> unnestLine(int line) const;
+
+    /// Shows the draft as the arguments would make it, and changes nothing. False: they would be refused.
+    bool preview(const JSON& arguments, const std::function<void(const Document&)>& look) const;
 
 private:
+    using LineChange = void (*)(Context& context, const Document& draft, std::size_t line);
+    [[nodiscard]] std::optional<QString> changeLine(const QString& name, int line, LineChange work) const;
+
     LibraryAccess& m_library;
     std::int64_t m_document = 0;
 };

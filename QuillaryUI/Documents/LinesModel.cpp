@@ -9,9 +9,8 @@
 #include "QuillaryCore/Money/Money.h"
 #include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Money/Quantity.h"
+#include "QuillaryUI/Documents/PastedLines.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
-
-#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -152,7 +151,10 @@ QString LinesModel::editText(const Line& line, int column) const
 QVariant LinesModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal) {
-        return {};
+        const bool isLine = section < lineCount();
+        return role == Qt::DisplayRole   ? QVariant(isLine ? QString::number(section + 1) : QStringLiteral("+"))
+               : role == Qt::ToolTipRole ? QVariant(isLine ? tr("Drag the number to move the line.") : QString())
+                                         : QVariant();
     }
     if (role == Qt::TextAlignmentRole) {
         return QVariant(Qt::AlignVCenter | (isNumber(section) ? Qt::AlignRight : Qt::AlignLeft));
@@ -186,29 +188,67 @@ Qt::ItemFlags LinesModel::flags(const QModelIndex& index) const
     return index.column() == amount ? flags : flags | Qt::ItemIsEditable;
 }
 
+/// As `update_document` takes one changed cell. No value: no number.
+std::optional<JSON> LinesModel::changeOf(int row, int column, const QString& typed) const
+{
+    std::optional<std::string> plain =
+        TypedNumber::cell(typed, column, m_currencyCode, m_desk.library().formats().locale());
+    if (!plain) {
+        return std::nullopt;
+    }
+    JSON line = JSON::object({{fieldOf(column), *std::move(plain)}});
+    if (row == lineCount()) {
+        return JSON::object({{"add_lines", JSON::array({std::move(line)})}});
+    }
+    line.set("line", row + 1);
+    return JSON::object({{"change_lines", JSON::array({std::move(line)})}});
+}
+
 bool LinesModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::EditRole || !index.isValid()) {
         return false;
     }
+    m_typing.reset();
     const QString typed = value.toString();
     const bool isNew = index.row() == lineCount();
     if ((isNew && typed.trimmed().isEmpty()) ||
         (!isNew && typed == editText(m_lines[std::size_t(index.row())], index.column()))) {
         return false;
     }
-    const std::optional<std::string> plain =
-        TypedNumber::cell(typed, index.column(), m_currencyCode, m_desk.library().formats().locale());
-    if (!plain) {
+    const std::optional<JSON> change = changeOf(index.row(), index.column(), typed);
+    if (!change) {
         Q_EMIT refused(tr("“%1” is no number. Write it as 1250.50, or as a sum such as 3*12.50.").arg(typed));
         return false;
     }
-    JSON line = JSON::object({{fieldOf(index.column()), *plain}});
-    if (isNew) {
-        return !apply(tr("Add Line"), JSON::object({{"add_lines", JSON::array({std::move(line)})}}));
+    return !apply(isNew ? tr("Add Line") : tr("Change Line"), *change);
+}
+
+void LinesModel::setTyping(int row, int column, const QString& text)
+{
+    m_typing = {row, column, text};
+    Q_EMIT typing();
+}
+
+void LinesModel::addTyping(JSON& arguments) const
+{
+    if (!m_typing || (m_typing->row == lineCount() && m_typing->text.trimmed().isEmpty())) {
+        return;
     }
-    line.set("line", index.row() + 1);
-    return !apply(tr("Change Line"), JSON::object({{"change_lines", JSON::array({std::move(line)})}}));
+    if (const auto change = changeOf(m_typing->row, m_typing->column, m_typing->text)) {
+        for (const auto& [name, value] : *change->object()) {
+            arguments.set(name, value);
+        }
+    }
+}
+
+/// What is no number yet ("3*") waits until the cell is left: only then is it worth a word.
+void LinesModel::saveTyping()
+{
+    if (const std::optional<Typing> typed = std::exchange(m_typing, std::nullopt);
+        typed && typed->row <= lineCount() && changeOf(typed->row, typed->column, typed->text)) {
+        setData(index(typed->row, typed->column), typed->text);
+    }
 }
 
 std::optional<QString> LinesModel::apply(const QString& name, const JSON& arguments)
@@ -221,14 +261,13 @@ std::optional<QString> LinesModel::apply(const QString& name, const JSON& argume
 
 void LinesModel::takeItem(int row, const QString& itemID)
 {
+    m_typing.reset();
     JSON item = JSON::object({{"catalog_item", utf8(itemID)}});
-    if (row < lineCount()) {
-        // A line that says something already keeps what was typed beside its name.
-        JSON named = JSON::object({{"line", row + 1}, {"title", utf8(itemID)}});
-        static_cast<void>(apply(tr("Change Line"), JSON::object({{"change_lines", JSON::array({std::move(named)})}})));
-        return;
+    JSON arguments = JSON::object({{"add_lines", JSON::array({std::move(item)})}});
+    if (row + 1 == lineCount()) {
+        arguments.set("remove_lines", JSON::array({row + 1}));
     }
-    static_cast<void>(apply(tr("Add Line"), JSON::object({{"add_lines", JSON::array({std::move(item)})}})));
+    static_cast<void>(apply(tr("Add Line"), arguments));
 }
 
 void LinesModel::removeLines(std::vector<int> rows)
@@ -246,34 +285,68 @@ void LinesModel::removeLines(std::vector<int> rows)
 
 bool LinesModel::paste(const QString& text)
 {
-    if (!text.contains(QChar(u'\t')) && !text.contains(QChar(u'\n'))) {
+    const bool isTable = text.contains(QChar(u'\t')) || text.trimmed().contains(QChar(u'\n'));
+    if (!isTable || m_desk.document() == nullptr) {
         return false;
     }
-    const Locale& locale = m_desk.library().formats().locale();
-    constexpr std::array order = {title, quantity, unit, price};
-    JSON::Array lines;
-    for (const QString& row : text.split(QChar(u'\n'), Qt::SkipEmptyParts)) {
-        const QStringList cells = row.split(QChar(u'\t'));
-        JSON line = JSON::object({});
-        for (std::size_t cell = 0; cell < order.size() && cell < std::size_t(cells.size()); ++cell) {
-            const QString typed = cells[qsizetype(cell)].trimmed();
-            const auto plain = TypedNumber::cell(typed, order.at(cell), m_currencyCode, locale);
-            if (!typed.isEmpty() && plain) {
-                line.set(fieldOf(order.at(cell)), *plain);
-            }
-        }
-        if (!line.object()->empty()) {
-            lines.push_back(std::move(line));
-        }
-    }
+    const AssistantEnvironment& environment = m_desk.library().environment();
+    const UnitLibrary units(environment.context, environment.ownBusiness());
+    JSON::Array lines = PastedLines::lines(
+        utf8(text), {.units = units, .locale = m_desk.library().formats().locale(), .currencyCode = m_currencyCode});
     return !lines.empty() && !apply(tr("Paste Lines"), JSON::object({{"add_lines", std::move(lines)}}));
+}
+
+void LinesModel::arrange(const std::optional<QString>& refusal)
+{
+    Q_EMIT refused(refusal.value_or(QString()));
+    reload();
 }
 
 void LinesModel::moveLine(int from, int before)
 {
-    const std::optional<QString> refusal = m_desk.moveLine(from, before);
-    Q_EMIT refused(refusal.value_or(QString()));
-    reload();
+    arrange(m_desk.moveLine(from, before));
+}
+
+void LinesModel::nest(int row)
+{
+    arrange(m_desk.nestLine(row));
+}
+
+void LinesModel::unnest(int row)
+{
+    arrange(m_desk.unnestLine(row));
+}
+
+bool LinesModel::isSubLine(int row) const
+{
+    return row >= 0 && row < lineCount() && m_lines[static_cast<std::size_t>(row)].isChild;
+}
+
+/// The row after a line and its sub-lines.
+int LinesModel::levelEnd(int row) const
+{
+    int end = row + 1;
+    while (!isSubLine(row) && isSubLine(end)) {
+        end += 1;
+    }
+    return end;
+}
+
+int LinesModel::shiftLine(int row, int by)
+{
+    if (row < 0 || row >= lineCount()) {
+        return row;
+    }
+    int other = by > 0 ? levelEnd(row) : row - 1;
+    while (by < 0 && !isSubLine(row) && isSubLine(other)) {
+        other -= 1;
+    }
+    if (other < 0 || other >= lineCount() || isSubLine(other) != isSubLine(row)) {
+        return row; // it is the first or the last of its level
+    }
+    const int size = levelEnd(other) - other;
+    moveLine(row, by > 0 ? other + 1 : other);
+    return by > 0 ? row + size : other;
 }
 
 } // namespace Quillary

@@ -4,6 +4,7 @@
 
 #include <QAbstractTableModel>
 
+#include <optional>
 #include <vector>
 
 namespace Quillary {
@@ -33,15 +34,30 @@ public:
     /// The number of lines; the row of this number is the empty one.
     [[nodiscard]] int lineCount() const { return int(m_lines.size()); }
 
-    /// Puts a catalog item into a row: a new line at the end, or the item's details, unit, price and tax in place.
+    /// A new line of a catalog item, in place of the one at the end when that has just been begun.
     void takeItem(int row, const QString& itemID);
     void removeLines(std::vector<int> rows);
-    /// Rows with tabs between their cells, as spreadsheets copy them: title, quantity, unit, price. False: nothing of
-    /// the kind.
+    /// Rows as spreadsheets copy them; `PastedLines` tells how they are read. False: nothing of the kind.
     bool paste(const QString& text);
+
+    /// Moves a line, with its sub-lines, before another row.
     void moveLine(int from, int before);
+    /// Moves it past the next one of its level, up (-1) or down (1). Returns where it stands then.
+    int shiftLine(int row, int by);
+    /// A line becomes a sub-line of the one above, or a line of its own again.
+    void nest(int row);
+    void unnest(int row);
+    [[nodiscard]] bool isSubLine(int row) const;
+
+    /// Somebody is typing into a cell. It is saved when they stop for a moment, or leave it.
+    void setTyping(int row, int column, const QString& text);
+    [[nodiscard]] bool isTyping() const { return m_typing.has_value(); }
+    /// What is being typed, as `update_document` takes it, added to what stands there.
+    void addTyping(JSON& arguments) const;
+    void saveTyping();
 
 Q_SIGNALS:
+    void typing();
     /// Why a cell kept its value; empty when all is well.
     void refused(const QString& sentence);
 
@@ -58,12 +74,23 @@ private:
         bool isChild = false;
     };
 
+    struct Typing
+    {
+        int row = 0;
+        int column = 0;
+        QString text;
+    };
+
     [[nodiscard]] QString text(const Line& line, int column) const;
     [[nodiscard]] QString editText(const Line& line, int column) const;
+    [[nodiscard]] std::optional<JSON> changeOf(int row, int column, const QString& typed) const;
+    [[nodiscard]] int levelEnd(int row) const;
+    void arrange(const std::optional<QString>& refusal);
     [[nodiscard]] std::optional<QString> apply(const QString& name, const JSON& arguments);
 
     DraftDesk& m_desk;
     std::vector<Line> m_lines;
+    std::optional<Typing> m_typing;
     std::string m_currencyCode;
 };
 

@@ -13,12 +13,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCompleter>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
+#include <QMenu>
+#include <QPersistentModelIndex>
 #include <QStringList>
 #include <QStyledItemDelegate>
+#include <QTimer>
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +32,8 @@ namespace Quillary {
 namespace {
 
 constexpr int lineHeight = 32;
+constexpr int numberWidth = 28;
+constexpr char beganEmpty[] = "beganEmpty"; ///< whether an editor was opened in the row that is no line yet
 
 QStringList catalogNames(Context& context)
 {
@@ -84,6 +89,7 @@ public:
             completer->setFilterMode(Qt::MatchContains);
             editor->setCompleter(completer);
         }
+        watch(*editor, index);
         return editor;
     }
 
@@ -98,13 +104,14 @@ public:
         }
     }
 
-    /// The name of a catalog item in the empty row brings the item; elsewhere it is a text like any other.
+    /// The name of a catalog item in a new row brings the item; elsewhere it is a text like any other.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override
     {
         auto& lines = static_cast<LinesModel&>(*model);
         const QString typed = static_cast<QLineEdit*>(editor)->text();
-        const bool isItem = index.column() == LinesModel::title && index.row() == lines.lineCount() &&
-                            m_library.isOpen() && m_library.context().count<CatalogItem>("name = ?", utf8(typed)) == 1;
+        const bool isNew = editor->property(beganEmpty).toBool() && index.row() + 1 >= lines.lineCount();
+        const bool isItem = index.column() == LinesModel::title && isNew && m_library.isOpen() &&
+                            m_library.context().count<CatalogItem>("name = ?", utf8(typed)) == 1;
         if (isItem) {
             lines.takeItem(index.row(), typed);
         } else {
@@ -113,6 +120,18 @@ public:
     }
 
 private:
+    /// What is typed shows on the page before the cell is left.
+    static void watch(QLineEdit& editor, const QModelIndex& index)
+    {
+        // The model is the one that this delegate was made for.
+        auto* lines = const_cast<LinesModel*>(static_cast<const LinesModel*>(index.model()));
+        editor.setProperty(beganEmpty, index.row() == lines->lineCount());
+        connect(
+            &editor, &QLineEdit::textEdited, lines, [lines, at = QPersistentModelIndex(index)](const QString& text) {
+                lines->setTyping(at.row(), at.column(), text);
+            });
+    }
+
     [[nodiscard]] QStringList wordsFor(int column) const
     {
         switch (column) {
@@ -146,7 +165,16 @@ LinesTable::LinesTable(LibraryAccess& library, LinesModel& model, QWidget* paren
     setTabKeyNavigation(true);
     setWordWrap(false);
     setAlternatingRowColors(true);
-    verticalHeader()->hide();
+    verticalHeader()->setFixedWidth(numberWidth);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->setSectionsMovable(true);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setAccessibleName(tr("Line numbers"));
+    connect(verticalHeader(), &QHeaderView::sectionMoved, this, [this](int line, int from, int to) {
+        if (line == from) { // else it is being put back
+            QTimer::singleShot(0, this, [this, from, to] { dropLine(from, to); });
+        }
+    });
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(lineHeight);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
@@ -184,17 +212,57 @@ void LinesTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
 
 void LinesTable::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Paste) && m_lines.paste(QApplication::clipboard()->text())) {
-        return;
-    }
-    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+    const bool isAlt = event->modifiers() == Qt::AltModifier;
+    if (event->matches(QKeySequence::Paste)) {
+        paste();
+    } else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
         removeChosen();
-    } else if (event->modifiers() == Qt::AltModifier && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)) {
+    } else if (isAlt && (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)) {
         moveChosen(event->key() == Qt::Key_Up ? -1 : 1);
+    } else if (isAlt && (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left)) {
+        nestChosen(event->key() == Qt::Key_Right);
     } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid()) {
         edit(currentIndex());
     } else {
         QTableView::keyPressEvent(event);
+    }
+}
+
+/// Rows become lines; what is no more than a cell goes into the cell.
+void LinesTable::paste()
+{
+    const QString text = QApplication::clipboard()->text();
+    if (!m_lines.paste(text) && currentIndex().isValid() && !text.trimmed().isEmpty()) {
+        m_lines.setData(currentIndex(), text.trimmed());
+    }
+}
+
+void LinesTable::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QModelIndex at = indexAt(event->pos());
+    if (!at.isValid() || at.row() >= m_lines.lineCount()) {
+        return;
+    }
+    setCurrentIndex(at);
+    QMenu menu;
+    menu.addAction(tr("Move Up") + QStringLiteral("\tAlt+↑"), this, [this] { moveChosen(-1); });
+    menu.addAction(tr("Move Down") + QStringLiteral("\tAlt+↓"), this, [this] { moveChosen(1); });
+    const bool isDeeper = !m_lines.isSubLine(at.row());
+    menu.addAction(isDeeper ? tr("Make It a Sub-Line") + QStringLiteral("\tAlt+→")
+                            : tr("Take It Out of Its Line") + QStringLiteral("\tAlt+←"),
+                   this,
+                   [this, isDeeper] { nestChosen(isDeeper); });
+    menu.addSeparator();
+    menu.addAction(tr("Remove") + QStringLiteral("\tDel"), this, &LinesTable::removeChosen);
+    menu.exec(event->globalPos());
+}
+
+/// The header has moved its section; the line moves in the document, and the sections lie in the model's order again.
+void LinesTable::dropLine(int from, int to)
+{
+    verticalHeader()->moveSection(to, from);
+    if (from < m_lines.lineCount()) {
+        m_lines.moveLine(from, std::min(to > from ? to + 1 : to, m_lines.lineCount()));
     }
 }
 
@@ -212,10 +280,16 @@ void LinesTable::removeChosen()
 void LinesTable::moveChosen(int by)
 {
     const QModelIndex at = currentIndex();
-    const int goal = at.row() + by;
-    if (at.isValid() && at.row() < m_lines.lineCount() && goal >= 0 && goal < m_lines.lineCount()) {
-        m_lines.moveLine(at.row(), by > 0 ? goal + 1 : goal);
-        setCurrentIndex(m_lines.index(goal, at.column()));
+    if (at.isValid()) {
+        setCurrentIndex(m_lines.index(m_lines.shiftLine(at.row(), by), at.column()));
+    }
+}
+
+void LinesTable::nestChosen(bool isDeeper)
+{
+    const int row = currentIndex().row();
+    if (row >= 0 && row < m_lines.lineCount() && m_lines.isSubLine(row) != isDeeper) {
+        isDeeper ? m_lines.nest(row) : m_lines.unnest(row);
     }
 }
 

@@ -8,7 +8,8 @@ class LibraryAccess;
 class LinesModel;
 
 /// Types lines like a spreadsheet: Enter goes down and makes a line at the end, Tab goes on, Delete removes the chosen
-/// rows, Alt with the arrows moves one, and pasted rows become lines.
+/// rows, and pasted rows become lines. A line is moved by its number, or with Alt and the arrows: up and down, and right
+/// and left into the line above and out of it.
 class LinesTable : public QTableView
 {
     Q_OBJECT
@@ -21,11 +22,15 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
     void removeChosen();
     void moveChosen(int by);
+    void nestChosen(bool isDeeper);
+    void paste();
+    void dropLine(int from, int to);
 
     LinesModel& m_lines;
 };

@@ -4,6 +4,7 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Store/Context.h"
 
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <utility>
@@ -21,6 +22,9 @@ void LibraryAccess::open(AssistantEnvironment environment)
 {
     m_environment = std::make_unique<AssistantEnvironment>(std::move(environment));
     m_subscription = context().onChanged([this](const ChangeSet& changes) {
+        if (m_isTrying) {
+            return; // what was told of is as it was before
+        }
         m_untold.push_back(changes);
         if (m_untold.size() == 1) {
             QTimer::singleShot(0, this, &LibraryAccess::tell);
@@ -69,6 +73,19 @@ std::optional<QString> LibraryAccess::attempt(const std::function<void()>& work)
         return std::nullopt;
     } catch (const UserError& error) {
         return text(error.message());
+    }
+}
+
+void LibraryAccess::tryOut(const std::function<void()>& work)
+{
+    if (!isOpen()) {
+        return;
+    }
+    const QScopedValueRollback trying(m_isTrying, true);
+    try {
+        const auto scope = context().beginScope({});
+        work();
+    } catch (const UserError&) { // NOLINT(bugprone-empty-catch): it would be refused, and nothing was to stay
     }
 }
 

@@ -49,6 +49,9 @@ public:
     /// The same for an operation that has a scope of its own.
     [[nodiscard]] std::optional<QString> attempt(const std::function<void()>& work) const;
 
+    /// Does work that is taken back at once, whatever it did: to see what would be. Nobody is told.
+    void tryOut(const std::function<void()>& work);
+
 Q_SIGNALS:
     void opened();
     void closing();
@@ -62,6 +65,7 @@ private:
     Formats m_formats;
     std::unique_ptr<AssistantEnvironment> m_environment; ///< null: the library is away
     Subscription m_subscription;
+    bool m_isTrying = false;
     std::vector<ChangeSet> m_untold;
 };
 

@@ -1,4 +1,4 @@
-#include "QuillaryUI/Schedules/ProjectBox.h"
+#include "QuillaryUI/Library/ProjectBox.h"
 
 #include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Store/Context.h"

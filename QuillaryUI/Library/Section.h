@@ -39,6 +39,8 @@ Q_SIGNALS:
     /// A document, or a client, is to be shown in its own section.
     void wantedDocument(std::int64_t key);
     void wantedClient(std::int64_t key);
+    /// Another section is to be shown, by its name.
+    void wantedSection(const QString& name);
 };
 
 } // namespace Quillary

@@ -198,7 +198,6 @@ void MainWindow::uncover()
 Section* MainWindow::makeOverview()
 {
     auto* overview = new OverviewSection(m_library, this);
-    connect(overview, &OverviewSection::wantedSection, this, &MainWindow::showSection);
     connect(overview, &OverviewSection::wantedDocuments, this, &MainWindow::showDocuments);
     connect(overview, &OverviewSection::wantedDue, this, [this](int days, const std::string& currencyCode) {
         showSection(sectionName(DocumentKind::invoice));
@@ -259,6 +258,7 @@ void MainWindow::listenTo(Section* section)
     connect(section, &Section::failed, this, &MainWindow::warn);
     connect(section, &Section::wantedDocument, this, &MainWindow::showDocument);
     connect(section, &Section::wantedClient, this, &MainWindow::showClient);
+    connect(section, &Section::wantedSection, this, &MainWindow::showSection);
 }
 
 void MainWindow::showFirstStart()

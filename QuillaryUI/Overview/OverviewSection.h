@@ -43,8 +43,6 @@ Q_SIGNALS:
     void wantedDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);
     /// The open invoices of a currency that are due within so many days are to be shown.
     void wantedDue(int days, const std::string& currencyCode);
-    /// Another section is to be shown, such as "time".
-    void wantedSection(const QString& name);
     void wantedNew(DocumentKind kind);
 
 protected:

@@ -6,10 +6,29 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <tuple>
 #include <utility>
 #include <variant>
 
 namespace Quillary {
+
+namespace {
+
+bool isSamePage(const PageJob& job, const PageJob& other)
+{
+    const auto sizes = [](const PageGeometry& geometry) {
+        return std::tuple(geometry.width,
+                          geometry.height,
+                          geometry.marginTop,
+                          geometry.marginRight,
+                          geometry.marginBottom,
+                          geometry.marginLeft);
+    };
+    return job.html == other.html && sizes(job.geometry) == sizes(other.geometry) && job.pageLabel == other.pageLabel &&
+           job.labelFamily == other.labelFamily && job.title == other.title && job.languageCode == other.languageCode;
+}
+
+} // namespace
 
 LivePage::LivePage(PagePress& press, PaperView& view)
     : QObject(&view)
@@ -23,6 +42,7 @@ void LivePage::show(Source source)
 {
     m_source = std::move(source);
     m_turn += 1;
+    m_lastJob.reset();
     m_view.clear();
     refresh();
 }
@@ -49,9 +69,10 @@ void LivePage::startIfSeen()
     }
     m_isStale = false;
     std::optional<PageJob> job = m_source();
-    if (!job) {
+    if (!job || (m_lastJob && isSamePage(*job, *m_lastJob))) {
         return;
     }
+    m_lastJob = job;
     m_isPrinting = true;
     m_press.press(*std::move(job), [self = QPointer(this), turn = m_turn](PrintResult result) {
         if (self) {
@@ -69,6 +90,7 @@ void LivePage::finish(std::uint64_t turn, PrintResult result)
             m_shownTurn = turn;
             m_view.setPDF(std::move(pdf->bytes), pdf->pageCount, place);
         } else {
+            m_lastJob.reset();
             m_view.setNotice(QString::fromStdString(std::get<PrintError>(result).message()));
         }
     }

@@ -14,7 +14,7 @@ class PaperView;
 
 /// The page of one document as it is now, in a view: printed anew whenever somebody asks, one job at a time. While one is
 /// printed only the newest wish waits, so that fast typing never queues up pages that nobody will see; and while the view
-/// is hidden nothing is printed at all.
+/// is hidden nothing is printed at all. What would be the same page again isn't printed either.
 class LivePage : public QObject
 {
     Q_OBJECT
@@ -44,6 +44,7 @@ private:
     Source m_source;
     std::uint64_t m_turn = 0; ///< of the document that is shown
     std::uint64_t m_shownTurn = 0;
+    std::optional<PageJob> m_lastJob; ///< that of the page in the view, or of the one that is being printed
     bool m_isPrinting = false;
     bool m_isStale = false;
 };

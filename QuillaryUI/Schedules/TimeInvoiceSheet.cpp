@@ -14,7 +14,7 @@
 #include "QuillaryCore/Schedules/TimeMath.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
-#include "QuillaryUI/Schedules/ProjectBox.h"
+#include "QuillaryUI/Library/ProjectBox.h"
 
 #include <QComboBox>
 #include <QCoreApplication>

@@ -8,7 +8,7 @@
 #include "QuillaryCore/Schedules/WorkTimes.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
-#include "QuillaryUI/Schedules/ProjectBox.h"
+#include "QuillaryUI/Library/ProjectBox.h"
 #include "QuillaryUI/Schedules/TimeText.h"
 
 #include <QCheckBox>

@@ -8,6 +8,7 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
+#include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
@@ -23,7 +24,9 @@
 #include <QAbstractItemModelTester>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -34,6 +37,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -347,6 +351,76 @@ TEST_F(WindowJourneyTest, takesAQuoteToAnEmailAnInvoiceAndPaper)
     dialog.printer()->setOutputFileName(text((folder / "paper.pdf").string()));
     dialog.done(QDialog::Accepted); // as its button does after it has asked the printer's own questions
     EXPECT_TRUE(comingFile("paper.pdf").starts_with("%PDF"));
+}
+
+TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
+{
+    putOffFirstStart();
+    desktop->show("quotes");
+    QWidget* quotes = desktop->window().section(QStringLiteral("quotes"));
+    desktop->window().section(QStringLiteral("quotes"))->makeNew();
+    const Ref<Document> quote = context().first<Document>("")->ref;
+    const auto net = [&] {
+        return context().find(quote)->cachedNetMinorUnits;
+    };
+    const auto place = [&](const char* title) {
+        return context().first<LineItem>("title = ?", std::string(title))->sortIndex;
+    };
+
+    auto& table = find<QTableView>("lines", quotes);
+    table.setCurrentIndex(table.model()->index(0, 0));
+    QApplication::clipboard()->setText(QStringLiteral("Pos\tBezeichnung\tMenge\tEinheit\tPreis\n"
+                                                      "1\tKonzept\t2\tStunden\t95,50 €\n"
+                                                      "2\tSatz\t1\tStunde\t1.250,00\n"));
+    QTest::keySequence(&table, QKeySequence::Paste);
+    EXPECT_EQ(net(), 144'100);
+    table.setCurrentIndex(table.model()->index(1, 0));
+    QTest::keyClick(&table, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_LT(place("Satz"), place("Konzept"));
+    auto* numbers = table.verticalHeader(); // dragged below the next one
+    numbers->moveSection(0, 1);
+    EXPECT_TRUE(comesTrue([&] { return place("Konzept") < place("Satz"); }));
+    EXPECT_EQ(numbers->visualIndex(1), 1);
+    table.setCurrentIndex(table.model()->index(1, 0));
+    QTest::keyClick(&table, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(context().count<LineItem>("title = 'Satz' AND parent <> 0"), 1);
+
+    // A cell that is being typed into is safe, too.
+    table.setCurrentIndex(table.model()->index(2, 0));
+    table.edit(table.currentIndex());
+    QTest::keyClicks(table.findChildren<QLineEdit*>().back(), QStringLiteral("Druck"));
+    EXPECT_TRUE(comesTrue([&] { return context().count<LineItem>("title = 'Druck'") == 1; }));
+    EXPECT_FALSE(table.findChildren<QLineEdit*>().empty());
+    QTest::keyClick(table.findChildren<QLineEdit*>().back(), Qt::Key_Escape);
+    EXPECT_EQ(context().count<LineItem>(""), 3);
+
+    auto& fees = find<QTableView>("fees", quotes);
+    fees.model()->setData(fees.model()->index(0, 0), QStringLiteral("Shipping"));
+    fees.model()->setData(fees.model()->index(0, 1), QStringLiteral("12,50"));
+    EXPECT_EQ(net(), 145'350);
+
+    // The page shows what is typed before it is saved, and looking changes nothing.
+    auto& editor = find<DraftEditor>("draftEditor", quotes);
+    const auto lastStep = context().undoName();
+    QTest::keyClicks(&find<QLineEdit>("title", quotes), QStringLiteral("Relaunch"));
+    const std::optional<PageJob> page = editor.typedPage();
+    ASSERT_TRUE(page);
+    EXPECT_NE(page->html.find("Relaunch"), std::string::npos);
+    EXPECT_EQ(context().find(quote)->title, "");
+    EXPECT_EQ(context().undoName(), lastStep);
+    find<QToolButton>("moreFields", quotes).click();
+    QTest::keyClicks(&find<QLineEdit>("tags", quotes), QStringLiteral("web, print"));
+    EXPECT_TRUE(comesTrue([&] { return context().find(quote)->tags == "web,print"; }));
+    EXPECT_EQ(context().find(quote)->title, "Relaunch");
+
+    find<QWidget>("documentPane", quotes).findChild<QAction*>(QStringLiteral("makeInvoice"))->trigger();
+    const Document* invoice = context().first<Document>("kindRaw = 0");
+    ASSERT_NE(invoice, nullptr);
+    EXPECT_EQ(invoice->cachedNetMinorUnits, 145'350);
+    auto& related = find<QLabel>("relatedDocuments", invoices());
+    EXPECT_TRUE(related.text().contains(QStringLiteral("Quote")));
+    Q_EMIT related.linkActivated(QString::number(quote.key()));
+    EXPECT_TRUE(quotes->isVisible());
 }
 
 TEST_F(WindowJourneyTest, goesOnAfterAFailureInTheEventLoop)

@@ -1,0 +1,56 @@
+#include "QuillaryUI/Documents/FeesTable.h"
+
+#include "QuillaryUI/Documents/FeesModel.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+
+namespace Quillary {
+
+namespace {
+
+constexpr int lineHeight = 32;
+constexpr int amountWidth = 104;
+constexpr int taxWidth = 64;
+
+} // namespace
+
+FeesTable::FeesTable(FeesModel& model, QWidget* parent)
+    : QTableView(parent)
+    , m_fees(model)
+{
+    setModel(&model);
+    setEditTriggers(AnyKeyPressed | DoubleClicked | SelectedClicked | EditKeyPressed);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionBehavior(SelectItems);
+    setWordWrap(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(lineHeight);
+    horizontalHeader()->hide();
+    horizontalHeader()->setSectionResizeMode(FeesModel::title, QHeaderView::Stretch);
+    setColumnWidth(FeesModel::amount, amountWidth);
+    setColumnWidth(FeesModel::tax, taxWidth);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, &FeesTable::fitHeight);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, &FeesTable::fitHeight);
+    fitHeight();
+}
+
+void FeesTable::fitHeight()
+{
+    constexpr int border = 4;
+    setFixedHeight((m_fees.rowCount() * lineHeight) + border);
+}
+
+void FeesTable::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+        m_fees.removeFee(currentIndex().row());
+    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid()) {
+        edit(currentIndex());
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+} // namespace Quillary

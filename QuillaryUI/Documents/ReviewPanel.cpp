@@ -1,0 +1,114 @@
+#include "QuillaryUI/Documents/ReviewPanel.h"
+
+#include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+#include "QuillaryCore/Assistant/Review/DocumentReview.h"
+#include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/WindowWords.h"
+
+namespace Quillary {
+
+namespace {
+
+constexpr char newClient[] = "create_client";
+
+QString link(const QString& target, const QString& words)
+{
+    return QStringLiteral("<a href=\"%1\">%2</a>").arg(target.toHtmlEscaped(), words.toHtmlEscaped());
+}
+
+bool isAboutClient(const std::string& field)
+{
+    return field.starts_with("update_client");
+}
+
+} // namespace
+
+ReviewPanel::ReviewPanel(DraftDesk& desk, QWidget* parent)
+    : QLabel(parent)
+    , m_desk(desk)
+{
+    setObjectName(QStringLiteral("review"));
+    setWordWrap(true);
+    setTextFormat(Qt::RichText);
+    setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    connect(this, &QLabel::linkActivated, this, &ReviewPanel::follow);
+}
+
+void ReviewPanel::reload()
+{
+    const AssistantEnvironment& environment = m_desk.library().environment();
+    const DocumentReview review = DocumentReview::review(environment.context,
+                                                         *m_desk.document(),
+                                                         environment.ownBusiness(),
+                                                         m_desk.library().today(),
+                                                         environment.locale);
+    m_answers.clear();
+    QString list;
+    for (const ReviewQuestion& question : review.questions) {
+        QString entry = link(Quillary::text(question.field), Quillary::text(question.text));
+        for (const ReviewOption& option : question.options) {
+            const bool isNew = option.value.string() != nullptr && *option.value.string() == newClient;
+            entry += QStringLiteral(" &nbsp; ") + link(QStringLiteral("answer:%1").arg(m_answers.size()),
+                                                       isNew ? tr("Someone new…") : Quillary::text(option.label));
+            m_answers.push_back({question.field, Quillary::text(option.value.dump())});
+        }
+        list += QStringLiteral("<li>%1</li>").arg(entry);
+    }
+    for (const ReviewProblem& problem : review.problems) {
+        const QString place = problem.field == "update_business_profile" ? tr(" (in the settings)")
+                              : isAboutClient(problem.field)             ? tr(" (with the client)")
+                                                                         : QString();
+        list += QStringLiteral("<li>%1%2</li>")
+                    .arg(link(Quillary::text(problem.field), Quillary::text(problem.problem)), place);
+    }
+    setText(list.isEmpty() ? tr("Nothing is missing.") : tr("<b>What's missing</b><ul>%1</ul>").arg(list));
+}
+
+void ReviewPanel::follow(const QString& target)
+{
+    const Document* draft = m_desk.document();
+    if (draft == nullptr) {
+        return;
+    }
+    if (const qsizetype colon = target.indexOf(QChar(u':')); target.startsWith(QLatin1String("answer:"))) {
+        const std::size_t index = target.mid(colon + 1).toULongLong();
+        if (index < m_answers.size()) {
+            give(Answer(m_answers[index])); // the list is made anew on the way
+        }
+    } else if (target == QLatin1String("update_business_profile")) {
+        Q_EMIT wantedSettings();
+    } else if (isAboutClient(utf8(target))) {
+        Q_EMIT wantedClient(draft->client.key());
+    } else {
+        Q_EMIT wantedField(WindowWords::field(target));
+    }
+}
+
+void ReviewPanel::give(const Answer& answer)
+{
+    const JSON value = JSON::parse(utf8(answer.value)).value_or(JSON());
+    if (value.string() != nullptr && *value.string() == newClient) {
+        Q_EMIT wantedNewClient();
+        return;
+    }
+    std::optional<QString> refusal;
+    if (isAboutClient(answer.field)) {
+        const Client* client = m_desk.library().context().find(m_desk.document()->client);
+        const std::string field = answer.field.substr(answer.field.find(' ') + 1);
+        const JSON arguments = JSON::object({{"client", Lookup::idText(client->uuid)}, {field, value}});
+        AssistantActions(m_desk.library().environment())
+            .call("update_client", arguments, [&](const ToolResult& result) {
+                refusal = result.isError ? std::optional(Quillary::text(result.text)) : std::nullopt;
+            });
+    } else {
+        refusal = m_desk.change(tr("Answer"), answer.field, value);
+    }
+    if (refusal) {
+        Q_EMIT failed(*refusal);
+    }
+}
+
+} // namespace Quillary
