@@ -18,18 +18,24 @@
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
+#include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 
 #include <fmt/format.h>
 
 #include <chrono>
+#include <cstdint>
+#include <utility>
 
 namespace Quillary::Screenshots {
 
@@ -145,7 +151,29 @@ void save(const fs::path& folder, const std::string& name, Theme::Scheme scheme,
     }
 }
 
-int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library)
+/// A draft in its editor, and what slides in above it.
+int drawEditor(const fs::path& folder, Theme::Scheme scheme, std::int64_t invoice, MainWindow& window)
+{
+    window.showDocument(invoice);
+    DocumentPane& pane = dynamic_cast<DocumentsSection&>(*window.section(QStringLiteral("invoices"))).pane();
+    const auto run = [&pane](const char* action) {
+        pane.findChild<QAction*>(QString::fromLatin1(action))->trigger();
+    };
+    run("duplicate");
+    pane.beginEditing();
+    save(folder, "editor", scheme, window);
+    int count = 1;
+    for (const auto& [action, name] : {std::pair("email", "email"), std::pair("makeRecurring", "make-recurring")}) {
+        run(action);
+        save(folder, name, scheme, window);
+        pane.findChild<Sheet*>(QStringLiteral("sheet"))->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        count += 1;
+    }
+    return count;
+}
+
+int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library, std::int64_t invoice)
 {
     Theme::apply(*static_cast<QApplication*>(QCoreApplication::instance()), scheme, QColor(accent));
     MainWindow window(library, {});
@@ -162,7 +190,7 @@ int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& libr
         }
         count += 1;
     }
-    return count;
+    return count + drawEditor(folder, scheme, invoice, window);
 }
 
 } // namespace
@@ -189,7 +217,7 @@ int draw(const fs::path& folder, PrintingHost& host)
     fillOut(library.environment());
     int count = 0;
     for (const Theme::Scheme scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
-        count += drawScheme(folder, scheme, library);
+        count += drawScheme(folder, scheme, library, samples.samples().front().document->ref.key());
     }
     library.close();
     return count;

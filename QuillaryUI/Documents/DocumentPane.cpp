@@ -41,6 +41,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -254,7 +255,12 @@ void DocumentPane::beginEditing()
     m_isEditing = true;
     reload();
     Q_EMIT editingChanged(true);
-    m_split->setSizes({width() / 2, width() / 2});
+    // Once the list has given way: a page that has too little room gets half of it, else the user's own border stays.
+    QTimer::singleShot(0, this, [this] {
+        if (m_paper->width() < m_split->width() * 2 / 5) {
+            m_split->setSizes({m_split->width() / 2, m_split->width() / 2});
+        }
+    });
     m_editor->begin();
 }
 

@@ -41,6 +41,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -91,6 +93,25 @@ std::vector<std::string> tagsOf(const QString& typed)
         tags.push_back(utf8(tag.trimmed()));
     }
     return tags;
+}
+
+/// One column of labels over several forms.
+void alignLabels(std::initializer_list<QFormLayout*> forms)
+{
+    std::vector<QWidget*> labels;
+    int width = 0;
+    for (const QFormLayout* form : forms) {
+        for (int row = 0; row < form->rowCount(); ++row) {
+            const QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole);
+            if (item != nullptr && item->widget() != nullptr) {
+                labels.push_back(item->widget());
+                width = std::max(width, item->widget()->sizeHint().width());
+            }
+        }
+    }
+    for (QWidget* label : labels) {
+        label->setMinimumWidth(width);
+    }
 }
 
 } // namespace
@@ -320,6 +341,7 @@ void DraftEditor::buildMore(QVBoxLayout& column)
     });
     m_fields->addRow(*form, tr("Tags"), "tags", m_tags);
     buildPrintedIn(*form);
+    alignLabels({m_head, m_texts, form});
     column.addWidget(m_more, 0, Qt::AlignLeft);
     column.addWidget(folded);
 }

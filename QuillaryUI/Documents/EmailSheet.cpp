@@ -130,17 +130,13 @@ void EmailSheet::begin()
     offerRecipients();
     m_attachment->setText(text(shownFileName(environment, document)) + QStringLiteral(".pdf"));
     const bool isDraft = status(document) == DocumentStatus::draft;
-    const bool isComplete =
+    m_isComplete =
         !isDraft || DocumentReview::review(
                         environment.context, document, environment.ownBusiness(), m_library.today(), environment.locale)
                         .canBeSent();
     m_markSent->setVisible(isDraft);
-    m_markSent->setChecked(isDraft && isComplete);
+    m_markSent->setChecked(isDraft && m_isComplete);
     fillWords();
-    if (!isComplete) {
-        m_notes->setText(tr("Something is still missing in it; “Edit” shows what. ") + m_notes->text());
-    }
-    m_notes->setVisible(!m_notes->text().isEmpty());
     open(m_to->text().isEmpty() ? static_cast<QWidget*>(m_to) : m_body);
 }
 
@@ -194,6 +190,9 @@ void EmailSheet::fillWords()
             m_body->document()->setModified(false);
         }
         QStringList notes;
+        if (!m_isComplete) {
+            notes.push_back(tr("Something is missing in the document; its editor says what."));
+        }
         for (const std::string& note : mail.notes) {
             notes.push_back(text(note));
         }

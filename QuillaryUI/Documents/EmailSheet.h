@@ -40,6 +40,7 @@ private:
     QLabel* m_attachment;
     QLabel* m_notes;
     QCheckBox* m_markSent;
+    bool m_isComplete = true;
 };
 
 } // namespace Quillary

@@ -19,6 +19,13 @@ QString link(const QString& target, const QString& words)
     return QStringLiteral("<a href=\"%1\">%2</a>").arg(target.toHtmlEscaped(), words.toHtmlEscaped());
 }
 
+/// An entry leads on, but isn't one of the answers.
+QString entryLink(const std::string& field, const std::string& words)
+{
+    return QStringLiteral("<a href=\"%1\" style=\"text-decoration: none\">%2</a>")
+        .arg(text(field).toHtmlEscaped(), text(words).toHtmlEscaped());
+}
+
 bool isAboutClient(const std::string& field)
 {
     return field.starts_with("update_client");
@@ -48,11 +55,12 @@ void ReviewPanel::reload()
     m_answers.clear();
     QString list;
     for (const ReviewQuestion& question : review.questions) {
-        QString entry = link(Quillary::text(question.field), Quillary::text(question.text));
+        QString entry = entryLink(question.field, question.text);
         for (const ReviewOption& option : question.options) {
             const bool isNew = option.value.string() != nullptr && *option.value.string() == newClient;
-            entry += QStringLiteral(" &nbsp; ") + link(QStringLiteral("answer:%1").arg(m_answers.size()),
-                                                       isNew ? tr("Someone new…") : Quillary::text(option.label));
+            entry +=
+                QStringLiteral(" &nbsp;·&nbsp; ") + link(QStringLiteral("answer:%1").arg(m_answers.size()),
+                                                         isNew ? tr("Someone new…") : Quillary::text(option.label));
             m_answers.push_back({question.field, Quillary::text(option.value.dump())});
         }
         list += QStringLiteral("<li>%1</li>").arg(entry);
@@ -61,8 +69,7 @@ void ReviewPanel::reload()
         const QString place = problem.field == "update_business_profile" ? tr(" (in the settings)")
                               : isAboutClient(problem.field)             ? tr(" (with the client)")
                                                                          : QString();
-        list += QStringLiteral("<li>%1%2</li>")
-                    .arg(link(Quillary::text(problem.field), Quillary::text(problem.problem)), place);
+        list += QStringLiteral("<li>%1%2</li>").arg(entryLink(problem.field, problem.problem), place);
     }
     setText(list.isEmpty() ? tr("Nothing is missing.") : tr("<b>What's missing</b><ul>%1</ul>").arg(list));
 }

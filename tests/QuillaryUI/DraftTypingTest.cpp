@@ -19,7 +19,7 @@ TEST(DraftTypingTest, readsRowsAsSpreadsheetsCopyThem)
         {"Design\t2\t95.50\n", R"([{"quantity":"2","unit_price":"95.50","title":"Design"}])"},
         {"Design\t1.250,00 €", R"([{"unit_price":"1250.00","title":"Design"}])"}, // a single number is the price
         {"1\tDesign\t2\thours\t95,5\t191,00\t19 %",                               // position and amount are reckoned
-         R"([{"unit":"hour","tax_rate":"19.00","quantity":"2","unit_price":"95.50","title":"Design"}])"},
+         R"([{"unit":"hours","tax_rate":"19.00","quantity":"2","unit_price":"95.50","title":"Design"}])"},
         {"Item\tQty\tPrice\r\nA4 paper\t10\t4\r\n", R"([{"quantity":"10","unit_price":"4.00","title":"A4 paper"}])"},
         {"Design\tas discussed\t-12.50", R"([{"unit_price":"-12.50","title":"Design","details":"as discussed"}])"},
         {"First\nSecond\n", R"([{"title":"First"},{"title":"Second"}])"},

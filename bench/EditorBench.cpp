@@ -1,0 +1,218 @@
+// The editor of a draft as somebody at the desk waits for it: a key until the page on the screen shows it, a document
+// until it stands there, a change until it is on the disk. The library, the form and the page engine are the real ones;
+// only the screen is missing. The floor of a key is the same page printed and drawn, with nothing around it.
+
+#include "Quillary/AppEnvironment.h"
+#include "Quillary/Desktop.h"
+#include "Quillary/PrintingHost.h"
+#include "QuillaryCore/Assistant/Operations/DocumentSession.h"
+#include "QuillaryCore/Assistant/Operations/PageJobs.h"
+#include "QuillaryCore/Billing/DocumentAmounts.h"
+#include "QuillaryCore/Foundation/JSON.h"
+#include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Model/DocumentContents.h"
+#include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Documents/DraftEditor.h"
+#include "QuillaryUI/Paper/PaperView.h"
+
+#include <QCoreApplication>
+#include <QPlainTextEdit>
+#include <QTest>
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace Quillary {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int onePage = 8;
+constexpr int tenPages = 240;
+
+/// A user of their own, with one draft of each length. Made once: the engine starts but once in a process.
+class Desk
+{
+public:
+    static Desk& shared()
+    {
+        static Desk desk;
+        return desk;
+    }
+
+    ~Desk()
+    {
+        service->stop();
+        service.reset();
+        desktop.reset();
+        host.reset();
+        fs::remove_all(folder);
+    }
+
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    Context& context() { return desktop->library().context(); }
+    const AssistantEnvironment& tools() { return desktop->library().environment(); }
+    const Document& draft(int lines) { return *context().first<Document>("title = ?", std::to_string(lines)); }
+    auto& section() { return *dynamic_cast<DocumentsSection*>(desktop->window().section(QStringLiteral("invoices"))); }
+    auto& paper() { return *section().findChild<PaperView*>(); }
+
+    void edit(int lines)
+    {
+        section().showDocument(draft(lines).ref.key());
+        section().pane().beginEditing();
+        awaitPage({});
+    }
+
+    /// Until the page is another, and drawn.
+    void awaitPage(const Bytes& before)
+    {
+        while (paper().pdf() == before || paper().pdf().empty()) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
+        }
+        paper().viewport()->repaint();
+    }
+
+    fs::path folder = fs::temp_directory_path() / fmt::format("quillary-bench-{}", std::rand());
+    std::unique_ptr<AppEnvironment> environment;
+    std::unique_ptr<PrintingHost> host;
+    std::unique_ptr<Desktop> desktop;
+    std::unique_ptr<AssistantService> service;
+
+private:
+    Desk()
+    {
+        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"}) {
+            setenv(name, (folder / name).c_str(), 1);
+        }
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        environment = std::make_unique<AppEnvironment>();
+        host = std::make_unique<PrintingHost>(*environment);
+        host->startApplication(PrintingHost::Windows::shown);
+        desktop = std::make_unique<Desktop>(*environment, *host, ProgramPlaces());
+        service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
+                                                                               .socket = folder / "socket",
+                                                                               .settings = folder / "assistants.json",
+                                                                               .log = folder / "log",
+                                                                               .asker = &desktop->asker(),
+                                                                               .windows = desktop.get()},
+                                                     *environment,
+                                                     *host,
+                                                     [](int) {});
+        service->claim();
+        service->start();
+        makeDraft(onePage);
+        makeDraft(tenPages);
+        context().edit(desktop->library().business()).name = "Atelier Lindqvist";
+        context().save();
+        desktop->show("invoices");
+    }
+
+    void makeDraft(int lines)
+    {
+        JSON::Array items;
+        for (int line = 1; line <= lines; ++line) {
+            items.push_back(JSON::object({{"title", fmt::format("Gestaltung {}", line)},
+                                          {"quantity", "2.5"},
+                                          {"unit_price", fmt::format("{}.50", 90 + line)}}));
+        }
+        auto scope = context().beginScope("draft");
+        DocumentSession session = DocumentSession::create(tools(), "invoice");
+        const JSON wish = JSON::object({{"title", std::to_string(lines)}, {"add_lines", std::move(items)}});
+        session.apply(Arguments(wish));
+        scope.commit();
+    }
+};
+
+/// A letter typed into the introduction, until the page shows it.
+void key(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    desk.edit(int(state.range(0)));
+    auto* intro = desk.section().findChild<QPlainTextEdit*>(QStringLiteral("intro"));
+    QTest::keyClick(intro, Qt::Key_A);
+    desk.awaitPage(Bytes(desk.paper().pdf()));
+    for (auto _ : state) {
+        const Bytes before = desk.paper().pdf();
+        QTest::keyClick(intro, Qt::Key_A);
+        desk.awaitPage(before);
+    }
+    desk.section().flush();
+}
+
+void keyFloor(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    desk.edit(int(state.range(0)));
+    const AssistantEnvironment& tools = desk.tools();
+    const PageJob job = pageJob(tools.context, desk.draft(int(state.range(0))), tools.ownBusiness(), tools.calendar);
+    const int width = desk.paper().viewport()->width() - 48; // as the view draws it
+    for (auto _ : state) {
+        const PagePicture drawn = desk.host->picture(desk.host->printAndWait(job), 0, width);
+        benchmark::DoNotOptimize(drawn.width);
+    }
+}
+
+/// A price changed and the totals worked out, not yet saved.
+void line(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    std::int64_t price = 0;
+    for (auto _ : state) {
+        desk.desktop->library().tryOut([&] {
+            JSON changed = JSON::object({{"line", 1}, {"unit_price", std::to_string(100 + (price++ % 50))}});
+            const JSON wish = JSON::object({{"change_lines", JSON::array({std::move(changed)})}});
+            DocumentSession session = DocumentSession::open(desk.tools(), desk.draft(int(state.range(0))));
+            session.apply(Arguments(wish));
+            benchmark::DoNotOptimize(calculateTotals(desk.context(), session.document()));
+        });
+    }
+}
+
+/// The same as a step that can be undone, on the disk.
+void save(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    std::int64_t price = 0;
+    for (auto _ : state) {
+        static_cast<void>(desk.desktop->library().perform(QStringLiteral("Change"), [&] {
+            JSON changed = JSON::object({{"line", 1}, {"unit_price", std::to_string(100 + (price++ % 50))}});
+            const JSON wish = JSON::object({{"change_lines", JSON::array({std::move(changed)})}});
+            DocumentSession::open(desk.tools(), desk.draft(int(state.range(0)))).apply(Arguments(wish));
+        }));
+    }
+}
+
+/// Another draft into the form; the page follows on its own.
+void open(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    desk.edit(onePage);
+    auto* editor = desk.section().findChild<DraftEditor*>();
+    const std::int64_t one = desk.draft(onePage).ref.key();
+    for (auto _ : state) {
+        editor->setDocument(0);
+        editor->setDocument(one);
+    }
+}
+
+BENCHMARK(key)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(keyFloor)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(line)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMicrosecond);
+BENCHMARK(save)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMicrosecond)->UseRealTime()->Iterations(300);
+BENCHMARK(open)->Unit(benchmark::kMicrosecond)->Iterations(300);
+
+} // namespace
+
+} // namespace Quillary
