@@ -55,6 +55,8 @@ public:
     /// What is being typed, as `update_document` takes it, added to what stands there.
     void addTyping(JSON& arguments) const;
     void saveTyping();
+    /// Somebody thought better of it.
+    void dropTyping() { m_typing.reset(); }
 
 Q_SIGNALS:
     void typing();

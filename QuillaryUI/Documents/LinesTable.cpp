@@ -204,6 +204,9 @@ void LinesTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
 {
     const QModelIndex at = currentIndex();
     QTableView::closeEditor(editor, hint);
+    if (hint == QAbstractItemDelegate::RevertModelCache) {
+        m_lines.dropTyping();
+    }
     if (hint == QAbstractItemDelegate::SubmitModelCache && at.isValid()) {
         const int next = std::min(at.row() + 1, m_lines.lineCount());
         setCurrentIndex(m_lines.index(next, next == m_lines.lineCount() ? int(LinesModel::title) : at.column()));

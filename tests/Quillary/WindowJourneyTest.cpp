@@ -363,6 +363,9 @@ TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
     const auto net = [&] {
         return context().find(quote)->cachedNetMinorUnits;
     };
+    const auto editor = [&]() -> DraftEditor& {
+        return find<DraftEditor>("draftEditor", quotes);
+    };
     const auto place = [&](const char* title) {
         return context().first<LineItem>("title = ?", std::string(title))->sortIndex;
     };
@@ -393,6 +396,11 @@ TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
     EXPECT_FALSE(table.findChildren<QLineEdit*>().empty());
     QTest::keyClick(table.findChildren<QLineEdit*>().back(), Qt::Key_Escape);
     EXPECT_EQ(context().count<LineItem>(""), 3);
+    table.edit(table.model()->index(2, 0)); // and what is taken back isn't saved
+    QTest::keyClicks(table.findChildren<QLineEdit*>().back(), QStringLiteral("Nothing"));
+    QTest::keyClick(table.findChildren<QLineEdit*>().back(), Qt::Key_Escape);
+    editor().flush();
+    EXPECT_EQ(context().count<LineItem>("title = 'Druck'"), 1);
 
     auto& fees = find<QTableView>("fees", quotes);
     fees.model()->setData(fees.model()->index(0, 0), QStringLiteral("Shipping"));
@@ -400,10 +408,9 @@ TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
     EXPECT_EQ(net(), 145'350);
 
     // The page shows what is typed before it is saved, and looking changes nothing.
-    auto& editor = find<DraftEditor>("draftEditor", quotes);
     const auto lastStep = context().undoName();
     QTest::keyClicks(&find<QLineEdit>("title", quotes), QStringLiteral("Relaunch"));
-    const std::optional<PageJob> page = editor.typedPage();
+    const std::optional<PageJob> page = editor().typedPage();
     ASSERT_TRUE(page);
     EXPECT_NE(page->html.find("Relaunch"), std::string::npos);
     EXPECT_EQ(context().find(quote)->title, "");
