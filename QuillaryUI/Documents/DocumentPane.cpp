@@ -255,10 +255,12 @@ void DocumentPane::beginEditing()
     m_isEditing = true;
     reload();
     Q_EMIT editingChanged(true);
-    // Once the list has given way: a page that has too little room gets half of it, else the user's own border stays.
+    // Once the list has given way: a page that has too little room gets two fifths of it, else the user's own border
+    // stays.
     QTimer::singleShot(0, this, [this] {
-        if (m_paper->width() < m_split->width() * 2 / 5) {
-            m_split->setSizes({m_split->width() / 2, m_split->width() / 2});
+        const int least = m_split->width() * 2 / 5;
+        if (m_paper->width() < least) {
+            m_split->setSizes({m_split->width() - least, least});
         }
     });
     m_editor->begin();

@@ -180,12 +180,12 @@ LinesTable::LinesTable(LibraryAccess& library, LinesModel& model, QWidget* paren
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setSectionResizeMode(LinesModel::title, QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
-    constexpr std::pair<int, int> widths[] = {{LinesModel::details, 110},
-                                              {LinesModel::quantity, 74},
-                                              {LinesModel::unit, 80},
-                                              {LinesModel::price, 96},
-                                              {LinesModel::tax, 58},
-                                              {LinesModel::amount, 104}};
+    constexpr std::pair<int, int> widths[] = {{LinesModel::details, 84},
+                                              {LinesModel::quantity, 68},
+                                              {LinesModel::unit, 66},
+                                              {LinesModel::price, 86},
+                                              {LinesModel::tax, 52},
+                                              {LinesModel::amount, 92}};
     for (const auto& [column, width] : widths) {
         setColumnWidth(column, width);
     }
