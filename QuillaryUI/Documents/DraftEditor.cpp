@@ -487,7 +487,7 @@ void DraftEditor::begin()
         m_client->setFocus(Qt::OtherFocusReason);
     } else {
         m_table->setFocus(Qt::OtherFocusReason);
-        m_table->setCurrentIndex(m_lines->index(m_lines->lineCount(), LinesModel::title));
+        m_table->setCurrentIndex(m_lines->index(m_lines->lineCount(), LinesModel::description));
     }
 }
 

@@ -59,11 +59,11 @@ QVariant FeesModel::data(const QModelIndex& index, int role) const
         return {};
     }
     if (role == Qt::TextAlignmentRole) {
-        return QVariant(Qt::AlignVCenter | (index.column() == title ? Qt::AlignLeft : Qt::AlignRight));
+        return QVariant(Qt::AlignVCenter | (index.column() == description ? Qt::AlignLeft : Qt::AlignRight));
     }
     if (index.row() == feeCount()) {
-        return role == Qt::DisplayRole && index.column() == title ? QVariant(tr("Add a fee, such as shipping…"))
-                                                                  : QVariant();
+        return role == Qt::DisplayRole && index.column() == description ? QVariant(tr("Add a fee, such as shipping…"))
+                                                                        : QVariant();
     }
     return role == Qt::DisplayRole || role == Qt::EditRole
                ? QVariant(text(m_fees[std::size_t(index.row())], index.column(), role))
@@ -73,7 +73,7 @@ QVariant FeesModel::data(const QModelIndex& index, int role) const
 QString FeesModel::text(const Entry& fee, int column, int role) const
 {
     const Formats& formats = m_desk.library().formats();
-    if (column == title) {
+    if (column == description) {
         return fee.title;
     }
     if (column == tax) {
@@ -99,7 +99,7 @@ bool FeesModel::setData(const QModelIndex& index, const QVariant& value, int rol
         return false;
     }
     constexpr std::pair<const char*, int> cells[] = {
-        {"title", LinesModel::title}, {"amount", LinesModel::price}, {"tax_rate", LinesModel::tax}};
+        {"title", LinesModel::description}, {"amount", LinesModel::price}, {"tax_rate", LinesModel::tax}};
     const auto& [name, column] = cells[index.column()];
     const auto plain = TypedNumber::cell(typed, column, m_currencyCode, m_desk.library().formats().locale());
     if (!plain) {

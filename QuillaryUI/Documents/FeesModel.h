@@ -14,7 +14,7 @@ class FeesModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { title, amount, tax };
+    enum Column { description, charge, tax };
     static constexpr int columns = tax + 1;
 
     explicit FeesModel(DraftDesk& desk, QObject* parent = nullptr);

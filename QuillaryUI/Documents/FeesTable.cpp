@@ -28,8 +28,8 @@ FeesTable::FeesTable(FeesModel& model, QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(lineHeight);
     horizontalHeader()->hide();
-    horizontalHeader()->setSectionResizeMode(FeesModel::title, QHeaderView::Stretch);
-    setColumnWidth(FeesModel::amount, amountWidth);
+    horizontalHeader()->setSectionResizeMode(FeesModel::description, QHeaderView::Stretch);
+    setColumnWidth(FeesModel::charge, amountWidth);
     setColumnWidth(FeesModel::tax, taxWidth);
     connect(&model, &QAbstractItemModel::rowsInserted, this, &FeesTable::fitHeight);
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &FeesTable::fitHeight);

@@ -23,7 +23,7 @@ namespace {
 bool isNumber(int column)
 {
     return column == LinesModel::quantity || column == LinesModel::price || column == LinesModel::tax ||
-           column == LinesModel::amount;
+           column == LinesModel::sum;
 }
 
 /// What a cell is called among a line's arguments.
@@ -95,7 +95,7 @@ QVariant LinesModel::data(const QModelIndex& index, int role) const
         return QVariant(Qt::AlignVCenter | (isNumber(index.column()) ? Qt::AlignRight : Qt::AlignLeft));
     }
     if (index.row() == lineCount()) {
-        return role == Qt::DisplayRole && index.column() == title ? QVariant(tr("Add a line…")) : QVariant();
+        return role == Qt::DisplayRole && index.column() == description ? QVariant(tr("Add a line…")) : QVariant();
     }
     const Line& line = m_lines[static_cast<std::size_t>(index.row())];
     switch (role) {
@@ -114,13 +114,13 @@ QString LinesModel::text(const Line& line, int column) const
 {
     const Formats& formats = m_desk.library().formats();
     switch (column) {
-    case title:
+    case description:
         return line.isChild ? QStringLiteral("    ") + line.title : line.title;
     case details:
         return line.details.section(QChar(u'\n'), 0, 0);
     case price:
         return formats.money(line.unitPriceMinorUnits, m_currencyCode);
-    case amount:
+    case sum:
         return formats.money(line.amountMinorUnits, m_currencyCode);
     default:
         return editText(line, column);
@@ -131,7 +131,7 @@ QString LinesModel::editText(const Line& line, int column) const
 {
     const Formats& formats = m_desk.library().formats();
     switch (column) {
-    case title:
+    case description:
         return line.title;
     case details:
         return line.details;
@@ -163,7 +163,7 @@ QVariant LinesModel::headerData(int section, Qt::Orientation orientation, int ro
         return {};
     }
     switch (section) {
-    case title:
+    case description:
         return tr("Description");
     case details:
         return tr("Details");
@@ -175,7 +175,7 @@ QVariant LinesModel::headerData(int section, Qt::Orientation orientation, int ro
         return tr("Price");
     case tax:
         return tr("Tax");
-    case amount:
+    case sum:
         return tr("Amount");
     default:
         return {};
@@ -185,7 +185,7 @@ QVariant LinesModel::headerData(int section, Qt::Orientation orientation, int ro
 Qt::ItemFlags LinesModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
-    return index.column() == amount ? flags : flags | Qt::ItemIsEditable;
+    return index.column() == sum ? flags : flags | Qt::ItemIsEditable;
 }
 
 /// As `update_document` takes one changed cell. No value: no number.

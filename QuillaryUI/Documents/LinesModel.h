@@ -16,8 +16,8 @@ class LinesModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    enum Column { title, details, quantity, unit, price, tax, amount };
-    static constexpr int columns = amount + 1;
+    enum Column { description, details, quantity, unit, price, tax, sum };
+    static constexpr int columns = sum + 1;
 
     explicit LinesModel(DraftDesk& desk, QObject* parent = nullptr);
 

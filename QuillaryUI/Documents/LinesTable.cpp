@@ -110,7 +110,7 @@ public:
         auto& lines = static_cast<LinesModel&>(*model);
         const QString typed = static_cast<QLineEdit*>(editor)->text();
         const bool isNew = editor->property(beganEmpty).toBool() && index.row() + 1 >= lines.lineCount();
-        const bool isItem = index.column() == LinesModel::title && isNew && m_library.isOpen() &&
+        const bool isItem = index.column() == LinesModel::description && isNew && m_library.isOpen() &&
                             m_library.context().count<CatalogItem>("name = ?", utf8(typed)) == 1;
         if (isItem) {
             lines.takeItem(index.row(), typed);
@@ -135,7 +135,7 @@ private:
     [[nodiscard]] QStringList wordsFor(int column) const
     {
         switch (column) {
-        case LinesModel::title:
+        case LinesModel::description:
             return catalogNames(m_library.context());
         case LinesModel::unit:
             return unitNames(m_library);
@@ -178,14 +178,14 @@ LinesTable::LinesTable(LibraryAccess& library, LinesModel& model, QWidget* paren
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(lineHeight);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    horizontalHeader()->setSectionResizeMode(LinesModel::title, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(LinesModel::description, QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
     constexpr std::pair<int, int> widths[] = {{LinesModel::details, 84},
                                               {LinesModel::quantity, 68},
                                               {LinesModel::unit, 66},
                                               {LinesModel::price, 86},
                                               {LinesModel::tax, 52},
-                                              {LinesModel::amount, 92}};
+                                              {LinesModel::sum, 92}};
     for (const auto& [column, width] : widths) {
         setColumnWidth(column, width);
     }
@@ -209,7 +209,7 @@ void LinesTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
     }
     if (hint == QAbstractItemDelegate::SubmitModelCache && at.isValid()) {
         const int next = std::min(at.row() + 1, m_lines.lineCount());
-        setCurrentIndex(m_lines.index(next, next == m_lines.lineCount() ? int(LinesModel::title) : at.column()));
+        setCurrentIndex(m_lines.index(next, next == m_lines.lineCount() ? int(LinesModel::description) : at.column()));
     }
 }
 

@@ -254,7 +254,7 @@ TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
     QTest::keyClick(&find<QLineEdit>("client_city"), Qt::Key_Return);
     ASSERT_TRUE(comesTrue([&] { return context().count<Client>("name = 'Nordwind AG' AND city = 'Hamburg'") == 1; }));
 
-    typeCell(0, LinesModel::title, QStringLiteral("Website design"));
+    typeCell(0, LinesModel::description, QStringLiteral("Website design"));
     typeCell(0, LinesModel::quantity, QStringLiteral("3*4"));
     typeCell(0, LinesModel::price, QStringLiteral("nothing")); // kept out, and told
     EXPECT_TRUE(find<QLabel>("linesError", invoices()).text().contains(QStringLiteral("nothing")));
