@@ -38,7 +38,7 @@ struct ClientsSectionTest : testing::Test, WindowLibrary
     }
 
     /// Types into a field of the form instead of what stands there, and goes on.
-    void type(const char* field, const char* text)
+    void type(const char* field, const char* text) const
     {
         auto& line = child<QLineEdit>(section, field);
         line.setFocus();
