@@ -65,7 +65,8 @@ void startApplication()
     static char name[] = "bench";
     static char* arguments[] = {name, nullptr};
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    static QApplication application(count, arguments);
+    // Never destroyed: at the end of the process what it needs is gone.
+    static QApplication& application = *std::make_unique<QApplication>(count, arguments).release();
     static const bool isDressed = [] {
         Theme::apply(application, Theme::Scheme::light, QColor(0xff1f5fbf));
         return true;
