@@ -2,11 +2,11 @@
 
 #include "Quillary/AppEnvironment.h"
 #include "Quillary/Commands/LetterFiles.h"
-#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "Quillary/Commands/LetterReport.h"
 #include "Quillary/OpenLibrary.h"
 #include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Business.h"

@@ -1,8 +1,8 @@
 #include "Quillary/Commands/LetterReport.h"
 
 #include "Quillary/Commands/LetterFiles.h"
-#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "QuillaryCore/Assistant/Tools/AssistantEnvironment.h"
 #include "QuillaryCore/Assistant/Tools/PlainText.h"
 #include "QuillaryCore/Billing/DisplayStatus.h"
