@@ -24,6 +24,7 @@
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Look/Translation.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
@@ -195,24 +196,27 @@ int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& libr
 
 } // namespace
 
-int draw(const fs::path& folder, PrintingHost& host)
+int draw(const fs::path& folder, PrintingHost& host, const Locale& words)
 {
     std::error_code failure;
     fs::create_directories(folder, failure);
     if (failure) {
         throw UserError(fmt::format("{} couldn't be made: {}", folder.string(), failure.message()));
     }
-    SampleLibrary samples(DocumentLanguage::english);
+    const DocumentLanguage language = documentLanguage(words.languageCode());
+    const Locale locale = language == DocumentLanguage::english ? Locale("en_GB") : words;
+    Translation::install(*QCoreApplication::instance(), words, locale);
+    SampleLibrary samples(language);
     addTime(samples);
     LibrarySearch search(samples.context());
-    LibraryAccess library(host, Formats(Locale("en_GB"), samples.calendar()));
+    LibraryAccess library(host, Formats(locale, samples.calendar()));
     library.open({.context = samples.context(),
                   .business = samples.business().ref,
                   .host = &host,
                   .assistantName = {},
                   .clock = samples.context().clock(),
                   .calendar = samples.calendar(),
-                  .locale = Locale("en_GB"),
+                  .locale = locale,
                   .search = &search});
     fillOut(library.environment());
     int count = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "QuillaryCore/Foundation/Locale.h"
+
 #include <filesystem>
 
 namespace Quillary {
@@ -9,8 +11,8 @@ class PrintingHost;
 /// Pictures of the windows with the sample library, for looking at them all.
 namespace Screenshots {
 
-/// Draws every section in light and dark as PNG. Returns how many. Throws: `UserError`.
-int draw(const std::filesystem::path& folder, PrintingHost& host);
+/// Draws every section in light and dark as PNG, in the language of `words`. Returns how many. Throws: `UserError`.
+int draw(const std::filesystem::path& folder, PrintingHost& host, const Locale& words);
 
 } // namespace Screenshots
 

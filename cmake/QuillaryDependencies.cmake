@@ -13,6 +13,8 @@ if(QUILLARY_BUILD_UI)
     find_package(CLI11 2.1 REQUIRED)
     find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Widgets PrintSupport Svg Charts WebEngineCore Pdf Test)
     pkg_check_modules(QPDF REQUIRED IMPORTED_TARGET libqpdf)
+    # Qt's CMake package of its translators' tools draws its designer in; the programs alone do.
+    find_program(QUILLARY_LRELEASE lrelease HINTS "${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS}" NO_DEFAULT_PATH REQUIRED)
 endif()
 if(QUILLARY_BUILD_TESTS)
     find_package(GTest REQUIRED)

@@ -9,12 +9,14 @@
 #include "Quillary/PrintingHost.h"
 #include "Quillary/Screenshots.h"
 #include "Quillary/StopSignals.h"
+#include "Quillary/WordsLocale.h"
 #include "QuillaryChannel/AssistantChannel.h"
 #include "QuillaryCore/Assistant/Access/ActivityLog.h"
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Lock/LockFile.h"
 #include "QuillaryUI/Look/DesktopLook.h"
+#include "QuillaryUI/Look/Translation.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -55,11 +57,17 @@ QApplication& application()
     return *static_cast<QApplication*>(QCoreApplication::instance());
 }
 
-void introduce()
+Locale desktopWords()
+{
+    return wordsLocale([](const char* name) { return qgetenv(name).toStdString(); });
+}
+
+void introduce(const AppEnvironment& environment)
 {
     QCoreApplication::setOrganizationName(QStringLiteral("Quillary"));
     QCoreApplication::setApplicationName(QStringLiteral("quillary"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quillary.Quillary"));
+    Translation::install(application(), desktopWords(), environment.locale());
 }
 
 ProgramPlaces places(const AppEnvironment& environment, PrintingHost& host)
@@ -120,7 +128,7 @@ int WindowCommand::open(const CommandSetting& setting) const
     ErrorOutput::surviveBrokenPipes();
     PrintingHost host(environment);
     host.startApplication(PrintingHost::Windows::shown);
-    introduce();
+    introduce(environment);
     DesktopLook look(application(), QColor(usualAccent));
     int status = 0;
     AssistantService* served = nullptr; // which needs the windows, as they need it
@@ -167,8 +175,8 @@ int WindowCommand::drawSections(const CommandSetting& setting) const
     }
     PrintingHost host(setting.environment);
     host.startApplication(PrintingHost::Windows::shown);
-    introduce();
-    const int count = Screenshots::draw(fs::absolute(m_screenshots), host);
+    introduce(setting.environment);
+    const int count = Screenshots::draw(fs::absolute(m_screenshots), host, desktopWords());
     fmt::print("{} pictures in {}\n", count, fs::absolute(m_screenshots).string());
     return 0;
 }

@@ -132,11 +132,7 @@ QWidget* RecordPanel::buildForm()
     column->addWidget(m_form);
     column->addWidget(m_remove, 0, Qt::AlignLeft);
     column->addStretch();
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(page);
-    return scroll;
+    return Lists::scrolled(page, this);
 }
 
 void RecordPanel::reload()

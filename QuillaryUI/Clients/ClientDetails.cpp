@@ -133,10 +133,7 @@ void ClientDetails::build()
     column->addSpacing(8);
     column->addWidget(m_form);
     column->addStretch();
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(page);
+    auto* scroll = Lists::scrolled(page, this);
 
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
@@ -173,7 +170,8 @@ void ClientDetails::addFields()
     line("postal_code", tr("Postal code"));
     line("city", tr("City"));
     line("state", tr("State"));
-    choice("country", tr("Country"), Choices::withNone(tr("Not given"), Choices::countries()));
+    choice(
+        "country", tr("Country"), Choices::withNone(tr("Not given"), Choices::countries(m_library.formats().locale())));
     m_form->addHeading(tr("Invoicing"));
     line("vat_id", tr("VAT ID"), tr("Such as DE123456789, or “none”"));
     line("tax_id", tr("Tax number"));

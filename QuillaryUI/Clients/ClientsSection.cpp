@@ -34,7 +34,7 @@ constexpr int border = 12;
 constexpr int listWidth = 560;
 constexpr int openColumn = 3;
 /// Some hundred thousand clients; keeps a wrong file from filling the memory.
-constexpr std::size_t largestFile = 100'000'000;
+constexpr auto largestFile = std::size_t{100'000'000};
 
 QString askForFile(QWidget* parent)
 {

@@ -1,6 +1,7 @@
 #include "QuillaryUI/Clients/ImportRowsModel.h"
 
 #include "QuillaryCore/Model/ClientName.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Formats.h"
 #include "QuillaryUI/Look/Theme.h"
 
@@ -28,10 +29,10 @@ QString remarksOn(const ClientImport::Row& row)
 {
     QStringList sentences;
     if (row.match) {
-        sentences.push_back(text(sentence(*row.match)));
+        sentences.push_back(CoreText::sentence(sentence(*row.match)));
     }
     for (const ImportWarning& warning : row.read.warnings) {
-        sentences.push_back(text(warning.message));
+        sentences.push_back(CoreText::sentence(warning.message));
     }
     return sentences.join(QChar(u' '));
 }

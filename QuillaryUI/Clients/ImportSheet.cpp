@@ -26,8 +26,8 @@ namespace {
 constexpr int widest = 1040;
 constexpr int columnsWidth = 336;
 constexpr int tableHeight = 420;
-constexpr int precision = 30;            ///< rows that a column's width is taken from
-constexpr std::size_t mostColumns = 100; ///< a list with more is no list of clients
+constexpr int precision = 30;                  ///< rows that a column's width is taken from
+constexpr auto mostColumns = std::size_t{100}; ///< a list with more is no list of clients
 
 QString fieldTitle(ClientField field)
 {

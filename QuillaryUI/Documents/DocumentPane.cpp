@@ -25,6 +25,7 @@
 #include "QuillaryUI/Documents/ReminderSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Library/DocumentPage.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperPrinting.h"
@@ -308,8 +309,9 @@ void DocumentPane::reload()
         return;
     }
     const Client* client = m_library.context().find(document->client);
-    m_name->setText(client != nullptr ? tr("%1 · %2").arg(text(documentName(*document)), text(displayName(*client)))
-                                      : text(documentName(*document)));
+    m_name->setText(client != nullptr
+                        ? tr("%1 · %2").arg(CoreText::sentence(documentName(*document)), text(displayName(*client)))
+                        : CoreText::sentence(documentName(*document)));
     const Calendar& calendar = m_library.formats().calendar();
     const DisplayStatus shown = displayStatus(*document, m_library.today(), calendar);
     m_status->setText(
@@ -532,7 +534,7 @@ void DocumentPane::print()
     dialog->setObjectName(QStringLiteral("printDialog"));
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange |
                        QAbstractPrintDialog::PrintCollateCopies);
-    PaperPrinting::prepare(*dialog->printer(), job.geometry, text(documentName(document)));
+    PaperPrinting::prepare(*dialog->printer(), job.geometry, CoreText::sentence(documentName(document)));
     connect(dialog, &QDialog::rejected, dialog, &QObject::deleteLater);
     connect(dialog, &QDialog::accepted, this, [this, dialog, job] {
         m_library.press().press(job, [self = QPointer(this), asked = QPointer(dialog)](const PrintResult& result) {
@@ -565,7 +567,7 @@ void DocumentPane::email()
 
 void DocumentPane::removeDraft()
 {
-    const QString name = text(documentName(*record()));
+    const QString name = CoreText::sentence(documentName(*record()));
     QMessageBox question(QMessageBox::Question, tr("Delete Draft"), tr("Delete %1?").arg(name), {}, this);
     question.setInformativeText(tr("Time that it billed becomes free again. Undo brings it back."));
     QPushButton* yes = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);

@@ -10,6 +10,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QAction>
@@ -125,8 +126,8 @@ void EmailSheet::begin()
 {
     const Document& document = *documentOf(m_library, m_document);
     const AssistantEnvironment& environment = m_library.environment();
-    setExplanation(
-        tr("A draft with %1 for your mail program. Nothing is sent from here.").arg(text(documentName(document))));
+    setExplanation(tr("A draft with %1 for your mail program. Nothing is sent from here.")
+                       .arg(CoreText::sentence(documentName(document))));
     offerRecipients();
     m_attachment->setText(text(shownFileName(environment, document)) + QStringLiteral(".pdf"));
     const bool isDraft = status(document) == DocumentStatus::draft;

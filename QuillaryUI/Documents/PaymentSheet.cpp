@@ -7,9 +7,9 @@
 #include "QuillaryCore/Model/PaymentMethod.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -30,8 +30,7 @@ PaymentSheet::PaymentSheet(LibraryAccess& library, std::int64_t document, QWidge
     m_date->setCalendarPopup(true);
     m_date->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
     for (const PaymentMethod method : allPaymentMethods) {
-        m_method->addItem(QCoreApplication::translate("PaymentMethod", std::string(title(method)).c_str()),
-                          int(method));
+        m_method->addItem(CoreText::word(title(method)), int(method));
     }
     form().addRow(tr("Amount"), m_amount);
     form().addRow(tr("Received on"), m_date);
@@ -45,7 +44,8 @@ void PaymentSheet::begin()
     const Document* document = m_library.context().find(Ref<Document>(m_document));
     const Formats& formats = m_library.formats();
     const std::int64_t due = amountDueMinorUnits(m_library.context(), *document);
-    setExplanation(tr("%1: %2 is due.").arg(text(documentName(*document)), formats.money(due, document->currencyCode)));
+    setExplanation(tr("%1: %2 is due.")
+                       .arg(CoreText::sentence(documentName(*document)), formats.money(due, document->currencyCode)));
     m_amount->setText(formats.amount(due, document->currencyCode));
     m_date->setDate(formats.qDate(m_library.now()));
     m_date->setMaximumDate(formats.qDate(m_library.now()));

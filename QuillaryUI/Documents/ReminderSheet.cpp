@@ -6,9 +6,9 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ReminderWriting.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLineEdit>
@@ -29,7 +29,7 @@ ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWid
     , m_payBy(new QDateEdit(this))
 {
     for (const ReminderLevel level : {ReminderLevel::first, ReminderLevel::second, ReminderLevel::final}) {
-        m_level->addItem(QCoreApplication::translate("ReminderLevel", std::string(title(level)).c_str()), int(level));
+        m_level->addItem(CoreText::word(title(level)), int(level));
     }
     m_payBy->setCalendarPopup(true);
     m_payBy->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
@@ -50,7 +50,7 @@ void ReminderSheet::begin()
 {
     const Document& document = *m_library.context().find(Ref<Document>(m_document));
     setExplanation(tr("The letter for %1 is saved as a PDF in your downloads. Nothing is sent by itself.")
-                       .arg(text(documentName(document))));
+                       .arg(CoreText::sentence(documentName(document))));
     show(nextReminder(m_library.context(), document, m_library.business(), today(), m_library.formats().calendar()));
     open(m_level);
 }

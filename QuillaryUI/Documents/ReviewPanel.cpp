@@ -7,6 +7,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/WindowWords.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 namespace Quillary {
 
@@ -23,7 +24,7 @@ QString link(const QString& target, const QString& words)
 QString entryLink(const std::string& field, const std::string& words)
 {
     return QStringLiteral("<a href=\"%1\" style=\"text-decoration: none\">%2</a>")
-        .arg(text(field).toHtmlEscaped(), text(words).toHtmlEscaped());
+        .arg(text(field).toHtmlEscaped(), CoreText::sentence(words).toHtmlEscaped());
 }
 
 bool isAboutClient(const std::string& field)
@@ -60,7 +61,7 @@ void ReviewPanel::reload()
             const bool isNew = option.value.string() != nullptr && *option.value.string() == newClient;
             entry +=
                 QStringLiteral(" &nbsp;·&nbsp; ") + link(QStringLiteral("answer:%1").arg(m_answers.size()),
-                                                         isNew ? tr("Someone new…") : Quillary::text(option.label));
+                                                         isNew ? tr("Someone new…") : CoreText::sentence(option.label));
             m_answers.push_back({question.field, Quillary::text(option.value.dump())});
         }
         list += QStringLiteral("<li>%1</li>").arg(entry);

@@ -1,23 +1,14 @@
 #include "QuillaryUI/Documents/StatusText.h"
 
-#include "QuillaryUI/Look/Formats.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QCoreApplication>
 
 namespace Quillary::StatusText {
 
-namespace {
-
-QString translated(std::string_view english)
-{
-    return QCoreApplication::translate("StatusText", std::string(english).c_str());
-}
-
-} // namespace
-
 QString word(DisplayStatus status, std::optional<DocumentKind> kind)
 {
-    return translated(title(status, kind));
+    return CoreText::word(title(status, kind));
 }
 
 QString sentence(DisplayStatus status, int daysOverdue, std::optional<DocumentKind> kind)
@@ -31,12 +22,12 @@ QString sentence(DisplayStatus status, int daysOverdue, std::optional<DocumentKi
 
 QString action(StatusAction action, std::optional<DocumentKind> kind)
 {
-    return translated(title(action, kind));
+    return CoreText::word(title(action, kind));
 }
 
 QString kind(DocumentKind kind)
 {
-    return translated(title(kind));
+    return CoreText::word(title(kind));
 }
 
 QString kinds(DocumentKind kind)

@@ -14,14 +14,14 @@ namespace Quillary::Choices {
 
 using Choice = FieldForm::Choice;
 
-QList<Choice> countries()
+QList<Choice> countries(const Locale& locale)
 {
     QList<Choice> list;
     for (int place = 1; place <= int(QLocale::LastTerritory); ++place) {
         const auto territory = QLocale::Territory(place);
         const QString code = QLocale::territoryToCode(territory);
         if (Countries::isKnown(utf8(code))) {
-            list.push_back({code, QLocale::territoryToString(territory)});
+            list.push_back({code, text(locale.countryName(utf8(code)))});
         }
     }
     std::ranges::sort(list, [](const Choice& left, const Choice& right) {

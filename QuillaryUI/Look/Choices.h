@@ -7,7 +7,7 @@
 namespace Quillary::Choices {
 
 /// By name. The value is the code: ISO 3166-1 alpha-2, ISO 4217, BCP 47.
-[[nodiscard]] QList<FieldForm::Choice> countries();
+[[nodiscard]] QList<FieldForm::Choice> countries(const Locale& locale);
 /// The usual ones first.
 [[nodiscard]] QList<FieldForm::Choice> currencies(const Locale& locale);
 /// Those that documents can be written in, each in its own words.

@@ -3,6 +3,7 @@
 #include "QuillaryUI/Look/RowDelegate.h"
 
 #include <QHeaderView>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -48,6 +49,16 @@ QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWi
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(split);
     return split;
+}
+
+QScrollArea* scrolled(QWidget* page, QWidget* parent)
+{
+    auto* scroll = new QScrollArea(parent);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(page);
+    return scroll;
 }
 
 } // namespace Quillary::Lists

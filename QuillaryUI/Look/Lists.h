@@ -2,6 +2,7 @@
 
 #include <optional>
 
+class QScrollArea;
 class QSplitter;
 class QString;
 class QTableView;
@@ -19,6 +20,10 @@ void dress(QTableView& table, const QString& name, const QString& accessibleName
 /// A list and what stands beside it, with a border between them that can be dragged; fills `whole`, which has no layout
 /// yet. Unit of the widths: pixels at first.
 QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth);
+
+/// A page that scrolls where it is too high. Tab goes to the page's controls, which come into sight, and not to the frame
+/// around them.
+[[nodiscard]] QScrollArea* scrolled(QWidget* page, QWidget* parent);
 
 } // namespace Lists
 

@@ -13,10 +13,10 @@ namespace Quillary {
 
 namespace {
 
-QString tr(const char* text)
+struct Words
 {
-    return QCoreApplication::translate("ApprovalDialog", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ApprovalDialog)
+};
 
 /// The dialog is Qt's to delete; whoever takes the question back hides it.
 class OpenQuestion final : public ApprovalAsker::Question
@@ -45,15 +45,17 @@ private:
 
 std::unique_ptr<ApprovalAsker::Question> ApprovalDialog::ask(const std::string& assistant, Answer answer)
 {
-    auto* dialog = new QMessageBox(
-        QMessageBox::Question, tr("New assistant"), tr("Allow “%1” to work with Quillary?").arg(text(assistant)));
+    auto* dialog = new QMessageBox(QMessageBox::Question,
+                                   Words::tr("New assistant"),
+                                   Words::tr("Allow “%1” to work with Quillary?").arg(text(assistant)));
     dialog->setObjectName(QStringLiteral("approval"));
-    dialog->setInformativeText(tr("What it may do is set under Settings ▸ AI Assistants. It can never send anything by "
-                                  "itself, and you can take the permission back there at any time."));
+    dialog->setInformativeText(
+        Words::tr("What it may do is set under Settings ▸ AI Assistants. It can never send anything by "
+                  "itself, and you can take the permission back there at any time."));
     dialog->setTextFormat(Qt::PlainText); // the name is the assistant's own words
     dialog->setModal(false);
-    QPushButton* allow = dialog->addButton(tr("Allow"), QMessageBox::AcceptRole);
-    QPushButton* deny = dialog->addButton(tr("Don't Allow"), QMessageBox::RejectRole);
+    QPushButton* allow = dialog->addButton(Words::tr("Allow"), QMessageBox::AcceptRole);
+    QPushButton* deny = dialog->addButton(Words::tr("Don't Allow"), QMessageBox::RejectRole);
     dialog->setDefaultButton(deny);
     QObject::connect(dialog, &QMessageBox::finished, dialog, [dialog, allow, deny, answer = std::move(answer)] {
         const QAbstractButton* chosen = dialog->clickedButton();

@@ -2,6 +2,7 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Main/SectionDeck.h"
@@ -41,8 +42,8 @@ void MainWindow::buildMenus()
         const bool isOpen = m_library.isOpen();
         const auto last = isOpen ? m_library.context().undoName() : std::nullopt;
         const auto next = isOpen ? m_library.context().redoName() : std::nullopt;
-        undoAction->setText(last ? tr("Undo %1").arg(text(*last)) : tr("Undo"));
-        redoAction->setText(next ? tr("Redo %1").arg(text(*next)) : tr("Redo"));
+        undoAction->setText(last ? tr("Undo %1").arg(CoreText::word(*last)) : tr("Undo"));
+        redoAction->setText(next ? tr("Redo %1").arg(CoreText::word(*next)) : tr("Redo"));
     });
     edit->addSeparator();
     edit->addAction(tr("Settings"), QKeySequence(QStringLiteral("Ctrl+,")), this, [this] {

@@ -8,6 +8,7 @@
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QKeyEvent>
@@ -100,7 +101,7 @@ void QuickOpen::addDocument(std::int64_t key)
     const DisplayStatus status = displayStatus(*document, m_library.today(), m_library.formats().calendar());
     auto* item =
         new QListWidgetItem(tr("%1   %2   %3   %4")
-                                .arg(text(documentName(*document)),
+                                .arg(CoreText::sentence(documentName(*document)),
                                      client != nullptr ? text(displayName(*client)) : tr("No client"),
                                      m_library.formats().money(document->cachedTotalMinorUnits, document->currencyCode),
                                      StatusText::word(status, kind(*document))),

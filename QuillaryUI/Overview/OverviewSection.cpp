@@ -5,6 +5,7 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Overview/FigureButton.h"
 #include "QuillaryUI/Overview/OverviewFigures.h"
@@ -172,10 +173,7 @@ void OverviewSection::build()
     column->addWidget(m_whole, 1);
     column->addStretch();
 
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(content);
+    auto* scroll = Lists::scrolled(content, this);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(scroll);

@@ -1,11 +1,13 @@
 #include "QuillaryUI/Reports/ReportModel.h"
 
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryUI/Look/CoreText.h"
 
-#include <QCoreApplication>
 #include <QFont>
 
 #include <algorithm>
+#include <array>
+#include <string>
 #include <utility>
 #include <variant>
 
@@ -45,6 +47,13 @@ bool isNumber(const CSVValue& value)
            !std::holds_alternative<CSVValue::Date>(value.content());
 }
 
+/// "Net (EUR)": the currency's code is the same in every language.
+QString headerText(const std::string& header)
+{
+    const std::size_t end = std::min(header.rfind(" ("), header.size());
+    return CoreText::word(header.substr(0, end)) + text(header.substr(end));
+}
+
 } // namespace
 
 ReportModel::ReportModel(Formats formats, QObject* parent)
@@ -68,6 +77,17 @@ bool ReportModel::isNumeric(int column) const
     });
 }
 
+/// Whether a cell holds words of the report, such as a kind of document, rather than those of its user.
+bool ReportModel::isOfTheReport(const QModelIndex& cell) const
+{
+    constexpr std::array titles = {"Tax", "Type", "Status"};
+    const std::string& title = m_table.header[static_cast<std::size_t>(cell.column())];
+    const bool isTotal = m_hasTotal && cell.row() == rowCount() - 1 && cell.column() == 0;
+    const auto& row = m_table.rows[static_cast<std::size_t>(cell.row())];
+    return (isTotal || std::ranges::find(titles, title) != titles.end()) &&
+           std::holds_alternative<std::string>(row[static_cast<std::size_t>(cell.column())].content());
+}
+
 int ReportModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : int(m_table.rows.size());
@@ -87,7 +107,8 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
         m_table.rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
     switch (role) {
     case Qt::DisplayRole:
-        return std::visit(CellText{m_formats.locale()}, value.content());
+        return isOfTheReport(index) ? CoreText::sentence(std::get<std::string>(value.content()))
+                                    : std::visit(CellText{m_formats.locale()}, value.content());
     case sortRole:
         return std::visit(CellValue{}, value.content());
     case Qt::TextAlignmentRole:
@@ -110,7 +131,7 @@ QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int r
         return {};
     }
     if (role == Qt::DisplayRole) {
-        return QCoreApplication::translate("ReportTable", m_table.header[static_cast<std::size_t>(section)].c_str());
+        return headerText(m_table.header[static_cast<std::size_t>(section)]);
     }
     if (role == Qt::TextAlignmentRole) {
         return QVariant(Qt::AlignVCenter | (isNumeric(section) ? Qt::AlignRight : Qt::AlignLeft));

@@ -21,6 +21,7 @@ public:
     void show(ReportTable table, bool hasTotal);
 
     [[nodiscard]] bool isNumeric(int column) const;
+    [[nodiscard]] bool isOfTheReport(const QModelIndex& cell) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,7 +1,8 @@
 #include "QuillaryUI/Reports/ReportPicker.h"
 
+#include "QuillaryUI/Look/CoreText.h"
+
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLocale>
@@ -63,7 +64,7 @@ void ReportPicker::build()
     m_basis->setObjectName(QStringLiteral("reportBasis"));
     m_basis->setAccessibleName(tr("By which dates"));
     for (const ReportBasis basis : allReportBases) {
-        m_basis->addItem(QCoreApplication::translate("ReportBasis", std::string(title(basis)).c_str()), int(basis));
+        m_basis->addItem(CoreText::word(title(basis)), int(basis));
     }
     m_period->setObjectName(QStringLiteral("reportPeriod"));
     m_period->setAccessibleName(tr("Period"));

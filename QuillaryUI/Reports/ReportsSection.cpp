@@ -5,6 +5,7 @@
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Tabular/CSVWriter.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Reports/ReportModel.h"
@@ -188,7 +189,11 @@ void ReportsSection::refresh()
 
 void ReportsSection::display(FinishedReport report)
 {
-    m_heading->setText(text(report.title));
+    QStringList parts = text(report.title).split(QStringLiteral(", "));
+    for (QString& part : parts) {
+        part = CoreText::sentence(utf8(part));
+    }
+    m_heading->setText(parts.join(QStringLiteral(", ")));
     m_heading->show();
     QStringList others;
     for (const std::string& code : report.otherCurrencies) {

@@ -4,9 +4,9 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Schedules/RecurringInvoices.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
-
-#include <QCoreApplication>
+#include "QuillaryUI/Schedules/RhythmText.h"
 
 #include <algorithm>
 
@@ -63,7 +63,7 @@ void RecurringModel::reload()
             {.key = recurring->ref.key(),
              .title = recurring->title.empty() ? tr("No title") : text(recurring->title),
              .client = client != nullptr ? text(displayName(*client)) : tr("No client"),
-             .rhythm = text(RecurringTemplate::summary(*recurring, calendar)),
+             .rhythm = RhythmText::sentence(*recurring, m_library.formats()),
              .next = state == RecurringState::ended ? QString() : m_library.formats().date(recurring->nextIssueDate),
              .state = state});
     }
@@ -108,7 +108,7 @@ QVariant RecurringModel::data(const QModelIndex& index, int role) const
     case nextColumn:
         return row.next;
     case stateColumn:
-        return QCoreApplication::translate("RecurringState", std::string(Quillary::title(row.state)).c_str());
+        return CoreText::word(Quillary::title(row.state));
     case columnsInAll:
         break;
     }

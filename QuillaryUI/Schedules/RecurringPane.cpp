@@ -5,12 +5,12 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Schedules/RecurringInvoices.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Library/DocumentPage.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
+#include "QuillaryUI/Schedules/RhythmText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -97,7 +97,7 @@ void RecurringPane::reload()
     const Client* client = m_library.context().find(recurring->client);
     const QString title = recurring->title.empty() ? tr("Recurring invoice") : text(recurring->title);
     m_name->setText(client != nullptr ? tr("%1 · %2").arg(title, text(displayName(*client))) : title);
-    m_schedule->setText(text(RecurringTemplate::summary(*recurring, m_library.formats().calendar())));
+    m_schedule->setText(RhythmText::sentence(*recurring, m_library.formats()));
     showDates(*recurring);
     m_page->refresh();
 }
@@ -133,7 +133,7 @@ void RecurringPane::pauseOrResume()
         return;
     }
     const Calendar& calendar = m_library.formats().calendar();
-    const QString name = text(RecurringInvoices::name(m_library.context(), *recurring));
+    const QString name = recurring->title.empty() ? m_name->text() : tr("“%1”").arg(text(recurring->title));
     const bool isPaused = recurring->isPaused;
     std::size_t skipped = 0;
     const auto refusal =
@@ -151,9 +151,10 @@ void RecurringPane::pauseOrResume()
     } else if (!isPaused) {
         Q_EMIT told(tr("%1 is paused.").arg(name));
     } else {
-        Q_EMIT told(skipped == 0   ? tr("%1 goes on.").arg(name)
-                    : skipped == 1 ? tr("%1 goes on; one date that passed is skipped.").arg(name)
-                                   : tr("%1 goes on; %2 dates that passed are skipped.").arg(name).arg(skipped));
+        Q_EMIT told(skipped == 0 ? tr("%1 goes on.").arg(name)
+                    : skipped == 1
+                        ? tr("%1 goes on; one date that passed is skipped.").arg(name)
+                        : tr("%1 goes on; %2 dates that passed are skipped.").arg(name, QString::number(skipped)));
     }
 }
 

@@ -15,9 +15,9 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
 #include "QuillaryUI/Library/ProjectBox.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QFormLayout>
 
 #include <algorithm>
@@ -38,8 +38,7 @@ TimeInvoiceSheet::TimeInvoiceSheet(LibraryAccess& library, QWidget* host)
     m_grouping->setObjectName(QStringLiteral("billedGrouping"));
     m_rounding->setObjectName(QStringLiteral("billedRounding"));
     for (const TimeInvoicing::Grouping grouping : TimeInvoicing::allGroupings) {
-        const std::string name(TimeInvoicing::title(grouping));
-        m_grouping->addItem(QCoreApplication::translate("TimeInvoicing", name.c_str()), int(grouping));
+        m_grouping->addItem(CoreText::word(TimeInvoicing::title(grouping)), int(grouping));
     }
     m_grouping->setCurrentIndex(m_grouping->findData(int(TimeInvoicing::Grouping::byProject)));
     for (const std::int64_t minutes : TimeMath::roundingChoices) {

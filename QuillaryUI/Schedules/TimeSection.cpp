@@ -69,6 +69,7 @@ void TimeSection::build()
     header->resizeSection(TimeModel::timeColumn, leastTimeWidth);
     header->resizeSection(TimeModel::clientColumn, leastTimeWidth);
     header->resizeSection(TimeModel::projectColumn, leastTimeWidth * 3 / 4);
+    header->setSectionResizeMode(TimeModel::billedColumn, QHeaderView::ResizeToContents);
 
     m_pages->addWidget(m_table);
     m_pages->addWidget(buildEmpty());

@@ -4,6 +4,7 @@
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Assistant/Tools/AssistantAccess.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Settings/PlainTable.h"
 
 #include <QCheckBox>
@@ -118,7 +119,7 @@ QWidget* AssistantsPage::buildAccess()
     m_access->setFocusPolicy(Qt::StrongFocus);
     for (const AssistantAccess access :
          {AssistantAccess::readOnly, AssistantAccess::drafts, AssistantAccess::everything}) {
-        m_access->addItem(text(title(access)), int(access));
+        m_access->addItem(CoreText::word(title(access)), int(access));
     }
     connect(m_access, &QComboBox::activated, this, [this] {
         const auto access = AssistantAccess(m_access->currentData().toInt());
@@ -206,7 +207,7 @@ void AssistantsPage::refresh()
     const QSignalBlocker quiet(m_isOn);
     m_isOn->setChecked(settings.isOn);
     m_access->setCurrentIndex(m_access->findData(int(settings.access)));
-    m_detail->setText(text(detail(settings.access)));
+    m_detail->setText(CoreText::word(detail(settings.access)));
     showAssistants(settings);
     showLog();
 }

@@ -10,11 +10,11 @@
 #include "QuillaryCore/Model/EmailTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Look/Choices.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Settings/PlainTable.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -59,7 +59,7 @@ DocumentKind documentKind(EmailKind kind)
 
 QString kindText(EmailKind kind)
 {
-    return QCoreApplication::translate("EmailKind", std::string(title(kind)).c_str());
+    return CoreText::word(title(kind));
 }
 
 } // namespace
@@ -287,8 +287,7 @@ void EmailTextsPage::showPlaceholders()
 {
     QList<QStringList> rows;
     for (const EmailPlaceholder placeholder : available(m_chosen.kind)) {
-        rows.push_back({text(token(placeholder)),
-                        QCoreApplication::translate("EmailPlaceholder", std::string(summary(placeholder)).c_str())});
+        rows.push_back({text(token(placeholder)), CoreText::word(summary(placeholder))});
     }
     PlainTable::fill(*m_placeholders, rows);
 }
@@ -316,7 +315,7 @@ void EmailTextsPage::fillMatters()
     m_matter->clear();
     m_matter->addItem(tr("Shown with made-up values"), QVariant::fromValue<qint64>(0));
     if (const Document* document = newest()) {
-        m_matter->addItem(tr("Shown with %1").arg(text(documentName(*document))),
+        m_matter->addItem(tr("Shown with %1").arg(CoreText::sentence(documentName(*document))),
                           QVariant::fromValue<qint64>(document->ref.key()));
     }
     m_matter->setCurrentIndex(wasReal ? m_matter->count() - 1 : 0);

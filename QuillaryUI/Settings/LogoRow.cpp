@@ -21,7 +21,7 @@ namespace {
 constexpr int pictureWidth = 240;
 constexpr int pictureHeight = 72;
 /// More than any picture for a letterhead; what is kept of it is told by the maker.
-constexpr std::size_t largestFile = 10'000'000;
+constexpr auto largestFile = std::size_t{10'000'000};
 
 QString askForFile(QWidget* parent)
 {

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryUI/Look/Choices.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Formats.h"
 
 #include <QCoreApplication>
@@ -16,26 +17,26 @@ namespace {
 using Field = FieldForm::Field;
 using Kind = FieldForm::Kind;
 
-QString tr(const char* text)
+struct Words
 {
-    return QCoreApplication::translate("SettingTexts", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(SettingTexts)
+};
 
 /// The words of all choices; a word means the same wherever it is chosen.
 QString choiceLabel(const QString& word)
 {
-    const std::map<QString, QString> labels = {{"vat", tr("VAT")},
-                                               {"gst", tr("GST")},
-                                               {"sales_tax", tr("Sales tax")},
-                                               {"tax", tr("Tax")},
-                                               {"custom", tr("Words of your own")},
-                                               {"none", tr("No late fee")},
-                                               {"fixed", tr("A fixed amount")},
-                                               {"percentage", tr("A share of what is open")},
-                                               {"usLetter", tr("US Letter")},
-                                               {"a4", tr("A4")}};
+    const std::map<QString, QString> labels = {{"vat", Words::tr("VAT")},
+                                               {"gst", Words::tr("GST")},
+                                               {"sales_tax", Words::tr("Sales tax")},
+                                               {"tax", Words::tr("Tax")},
+                                               {"custom", Words::tr("Words of your own")},
+                                               {"none", Words::tr("No late fee")},
+                                               {"fixed", Words::tr("A fixed amount")},
+                                               {"percentage", Words::tr("A share of what is open")},
+                                               {"usLetter", Words::tr("US Letter")},
+                                               {"a4", Words::tr("A4")}};
     const auto found = labels.find(word);
-    return found != labels.end() ? found->second : word.left(1).toUpper() + word.mid(1);
+    return found != labels.end() ? found->second : CoreText::word(utf8(word.left(1).toUpper() + word.mid(1)));
 }
 
 QList<FieldForm::Choice> choicesOf(const QString& name)
@@ -63,78 +64,78 @@ Field choice(const char* name, const QString& label, QList<FieldForm::Choice> ch
 {
     const QString argument = QString::fromLatin1(name);
     return {
-        argument, label, Kind::choice, choices.isEmpty() ? choicesOf(argument) : std::move(choices), tr("As usual")};
+        argument, label, Kind::choice, choices.isEmpty() ? choicesOf(argument) : std::move(choices), Words::tr("As usual")};
 }
 
 QList<Field> businessFields(const Locale& locale)
 {
-    return {line("name", tr("Name")),
-            line("address_line", tr("Street")),
-            line("postal_code", tr("Postal code")),
-            line("city", tr("City")),
-            line("state", tr("State")),
-            choice("country", tr("Country"), Choices::withNone(tr("Not given"), Choices::countries())),
-            line("email", tr("Email")),
-            line("phone", tr("Phone")),
-            line("website", tr("Website")),
-            line("vat_id", tr("VAT ID")),
-            line("tax_id", tr("Tax number")),
-            choice("currency", tr("Currency"), Choices::currencies(locale)),
-            choice("language", tr("Language of documents"), Choices::languages()),
-            line("payment_terms_days", tr("Days to pay"))};
+    return {line("name", Words::tr("Name")),
+            line("address_line", Words::tr("Street")),
+            line("postal_code", Words::tr("Postal code")),
+            line("city", Words::tr("City")),
+            line("state", Words::tr("State")),
+            choice("country", Words::tr("Country"), Choices::withNone(Words::tr("Not given"), Choices::countries(locale))),
+            line("email", Words::tr("Email")),
+            line("phone", Words::tr("Phone")),
+            line("website", Words::tr("Website")),
+            line("vat_id", Words::tr("VAT ID")),
+            line("tax_id", Words::tr("Tax number")),
+            choice("currency", Words::tr("Currency"), Choices::currencies(locale)),
+            choice("language", Words::tr("Language of documents"), Choices::languages()),
+            line("payment_terms_days", Words::tr("Days to pay"))};
 }
 
 QList<Field> bankFields()
 {
-    return {line("account_holder", tr("Account holder")),
-            line("bank_name", tr("Bank")),
-            line("iban", tr("IBAN")),
-            line("bic", tr("BIC")),
-            line("account_number", tr("Account number")),
-            line("bank_code", tr("Bank code")),
-            line("upi_id", tr("UPI ID"), tr("name@bank")),
-            flag("show_payment_qr_code", tr("Print a QR code for paying"))};
+    return {line("account_holder", Words::tr("Account holder")),
+            line("bank_name", Words::tr("Bank")),
+            line("iban", Words::tr("IBAN")),
+            line("bic", Words::tr("BIC")),
+            line("account_number", Words::tr("Account number")),
+            line("bank_code", Words::tr("Bank code")),
+            line("upi_id", Words::tr("UPI ID"), Words::tr("name@bank")),
+            flag("show_payment_qr_code", Words::tr("Print a QR code for paying"))};
 }
 
 QList<Field> lookFields()
 {
-    return {choice("template", tr("Design")),
-            line("accent_color", tr("Accent colour"), tr("#1F4E8C")),
-            choice("template_font", tr("Typeface")),
-            choice("paper_size", tr("Paper")),
-            choice("logo_position", tr("Place of the logo")),
-            choice("logo_size", tr("Size of the logo")),
-            flag("show_client_number", tr("Print the client number")),
-            flag("show_seller_contact", tr("Print your contact details")),
-            line("hidden_units", tr("Units not offered"), tr("Such as day, kilometre")),
-            line("footer_note", tr("Foot of the page"))};
+    return {choice("template", Words::tr("Design")),
+            line("accent_color", Words::tr("Accent colour"), Words::tr("#1F4E8C")),
+            choice("template_font", Words::tr("Typeface")),
+            choice("paper_size", Words::tr("Paper")),
+            choice("logo_position", Words::tr("Place of the logo")),
+            choice("logo_size", Words::tr("Size of the logo")),
+            flag("show_client_number", Words::tr("Print the client number")),
+            flag("show_seller_contact", Words::tr("Print your contact details")),
+            line("hidden_units", Words::tr("Units not offered"), Words::tr("Such as day, kilometre")),
+            line("footer_note", Words::tr("Foot of the page"))};
 }
 
 QList<Field> reminderFields()
 {
-    const QList<FieldForm::Choice> levels = {{QStringLiteral("1"), tr("The first reminder")},
-                                             {QStringLiteral("2"), tr("The second reminder")},
-                                             {QStringLiteral("3"), tr("The third reminder")}};
-    return {line("reminder_payment_days", tr("Days to pay after a reminder")),
-            choice("late_fee_kind", tr("Late fee")),
-            line("late_fee", tr("Amount")),
-            line("late_fee_percent", tr("Percent")),
-            choice("late_fee_from_level", tr("Beginning with"), levels)};
+    const QList<FieldForm::Choice> levels = {{QStringLiteral("1"), Words::tr("The first reminder")},
+                                             {QStringLiteral("2"), Words::tr("The second reminder")},
+                                             {QStringLiteral("3"), Words::tr("The third reminder")}};
+    return {line("reminder_payment_days", Words::tr("Days to pay after a reminder")),
+            choice("late_fee_kind", Words::tr("Late fee")),
+            line("late_fee", Words::tr("Amount")),
+            line("late_fee_percent", Words::tr("Percent")),
+            choice("late_fee_from_level", Words::tr("Beginning with"), levels)};
 }
 
 /// A pattern, and where its series continues: that is no setting of the business and kept by the numbering.
 QList<Field> numberingFields()
 {
-    const QString from = tr("Counting on from");
-    return {line("invoice_number_format", tr("Invoices")),
+    const QString from = Words::tr("Counting on from");
+    return {line("invoice_number_format", Words::tr("Invoices")),
             {.name = QStringLiteral("next_invoice"), .label = from},
-            line("quote_number_format", tr("Quotes")),
+            line("quote_number_format", Words::tr("Quotes")),
             {.name = QStringLiteral("next_quote"), .label = from},
-            line("credit_note_number_format", tr("Credit notes")),
+            line("credit_note_number_format", Words::tr("Credit notes")),
             {.name = QStringLiteral("next_credit_note"), .label = from},
-            line("client_number_format", tr("Clients")),
+            line("client_number_format", Words::tr("Clients")),
             {.name = QStringLiteral("next_client"), .label = from},
-            line("file_name_format", tr("File names"))};
+            line("file_name_format", Words::tr("File names"))};
 }
 
 } // namespace
@@ -142,51 +143,51 @@ QList<Field> numberingFields()
 QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
 {
     return {
-        {QStringLiteral("business"), tr("Business"), tr("Who your documents come from."), businessFields(locale)},
+        {QStringLiteral("business"), Words::tr("Business"), Words::tr("Who your documents come from."), businessFields(locale)},
         {QStringLiteral("bank"),
-         tr("Bank & QR"),
-         tr("Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code "
+         Words::tr("Bank & QR"),
+         Words::tr("Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code "
             "that the client's banking app reads."),
          bankFields()},
         {QStringLiteral("numbering"),
-         tr("Numbering"),
-         tr("How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the "
+         Words::tr("Numbering"),
+         Words::tr("How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the "
             "counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, "
             "month and day."),
          numberingFields()},
         {QStringLiteral("taxes"),
-         tr("Taxes"),
-         tr("The rates themselves are in the catalog."),
-         {choice("tax_label", tr("The tax is called")),
-          line("custom_tax_label", tr("Words of your own")),
-          flag("tax_exempt", tr("You charge no tax")),
-          line("tax_exempt_note", tr("Why, on your invoices"))}},
-        {QStringLiteral("look"), tr("Look"), tr("How your documents look."), lookFields()},
+         Words::tr("Taxes"),
+         Words::tr("The rates themselves are in the catalog."),
+         {choice("tax_label", Words::tr("The tax is called")),
+          line("custom_tax_label", Words::tr("Words of your own")),
+          flag("tax_exempt", Words::tr("You charge no tax")),
+          line("tax_exempt_note", Words::tr("Why, on your invoices"))}},
+        {QStringLiteral("look"), Words::tr("Look"), Words::tr("How your documents look."), lookFields()},
         {QStringLiteral("texts"),
-         tr("Texts"),
-         tr("What new documents begin and end with."),
-         {line("invoice_intro_text", tr("Above the lines of an invoice")),
-          line("invoice_outro_text", tr("Below them")),
-          line("quote_intro_text", tr("Above the lines of a quote")),
-          line("quote_outro_text", tr("Below them"))}},
+         Words::tr("Texts"),
+         Words::tr("What new documents begin and end with."),
+         {line("invoice_intro_text", Words::tr("Above the lines of an invoice")),
+          line("invoice_outro_text", Words::tr("Below them")),
+          line("quote_intro_text", Words::tr("Above the lines of a quote")),
+          line("quote_outro_text", Words::tr("Below them"))}},
         {QStringLiteral("reminders"),
-         tr("Reminders"),
-         tr("What happens when an invoice stays open."),
+         Words::tr("Reminders"),
+         Words::tr("What happens when an invoice stays open."),
          reminderFields()},
         {QStringLiteral("time"),
-         tr("Time"),
-         tr("What tracked time becomes on an invoice."),
-         {line("hourly_rate", tr("Hourly rate")), choice("time_rounding_minutes", tr("Rounded up to minutes"))}}};
+         Words::tr("Time"),
+         Words::tr("What tracked time becomes on an invoice."),
+         {line("hourly_rate", Words::tr("Hourly rate")), choice("time_rounding_minutes", Words::tr("Rounded up to minutes"))}}};
 }
 
 QString SettingTexts::note(const QString& note)
 {
     QString shown = note;
     if (shown.startsWith(QLatin1String("next: "))) {
-        return tr("Next number: %1").arg(shown.mid(6));
+        return Words::tr("Next number: %1").arg(shown.mid(6));
     }
     if (shown.startsWith(QLatin1String("example: "))) {
-        return tr("Example: %1").arg(shown.mid(9));
+        return Words::tr("Example: %1").arg(shown.mid(9));
     }
     return shown;
 }

@@ -6,6 +6,7 @@
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Lock/SecurityPage.h"
 #include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Settings/AssistantsPage.h"
 #include "QuillaryUI/Settings/DataPage.h"
 #include "QuillaryUI/Settings/EmailTextsPage.h"
@@ -163,10 +164,7 @@ SettingsSection::addPage(const QString& name, const QString& title, const QStrin
     column->addSpacing(8);
     column->addWidget(content);
     column->addStretch();
-    auto* scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(page);
+    auto* scroll = Lists::scrolled(page, this);
     m_pages->addWidget(scroll);
     return page;
 }

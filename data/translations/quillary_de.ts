@@ -1,0 +1,4151 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_GB">
+<context>
+    <name>ApprovalDialog</name>
+    <message>
+        <source>New assistant</source>
+        <translation>Neuer Assistent</translation>
+    </message>
+    <message>
+        <source>Allow “%1” to work with Quillary?</source>
+        <translation>Darf „%1“ mit Quillary arbeiten?</translation>
+    </message>
+    <message>
+        <source>What it may do is set under Settings ▸ AI Assistants. It can never send anything by itself, and you can take the permission back there at any time.</source>
+        <translation>Was er darf, steht unter Einstellungen ▸ KI-Assistenten. Er kann nie von sich aus etwas verschicken, und die Erlaubnis lässt sich dort jederzeit zurücknehmen.</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Erlauben</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>Nicht erlauben</translation>
+    </message>
+</context>
+<context>
+    <name>Core</name>
+    <message>
+        <source>Draft</source>
+        <translation>Entwurf</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Verschickt</translation>
+    </message>
+    <message>
+        <source>Partly Paid</source>
+        <translation>Teilbezahlt</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>Überfällig</translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>Refunded</source>
+        <translation>Erstattet</translation>
+    </message>
+    <message>
+        <source>Accepted</source>
+        <translation>Angenommen</translation>
+    </message>
+    <message>
+        <source>Declined</source>
+        <translation>Abgelehnt</translation>
+    </message>
+    <message>
+        <source>Expired</source>
+        <translation>Abgelaufen</translation>
+    </message>
+    <message>
+        <source>Mark as Sent</source>
+        <translation>Als verschickt markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Paid</source>
+        <translation>Als bezahlt markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Refunded</source>
+        <translation>Als erstattet markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Unpaid</source>
+        <translation>Als unbezahlt markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Not Refunded</source>
+        <translation>Als nicht erstattet markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Accepted</source>
+        <translation>Als angenommen markieren</translation>
+    </message>
+    <message>
+        <source>Mark as Declined</source>
+        <translation>Als abgelehnt markieren</translation>
+    </message>
+    <message>
+        <source>Back to Draft</source>
+        <translation>Zurück zum Entwurf</translation>
+    </message>
+    <message>
+        <source>Reopen</source>
+        <translation>Wieder öffnen</translation>
+    </message>
+    <message>
+        <source>Invoice from Quote</source>
+        <translation>Rechnung aus Angebot</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Payment</source>
+        <translation>Zahlung</translation>
+    </message>
+    <message>
+        <source>Delete Payment</source>
+        <translation>Zahlung löschen</translation>
+    </message>
+    <message>
+        <source>Delete Draft</source>
+        <translation>Entwurf löschen</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Make Recurring</source>
+        <translation>Wiederkehrend machen</translation>
+    </message>
+    <message>
+        <source>Change Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung ändern</translation>
+    </message>
+    <message>
+        <source>Recurring invoice</source>
+        <translation>Wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>Import clients</source>
+        <translation>Kunden importieren</translation>
+    </message>
+    <message>
+        <source>Invoice</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>Credit Note</source>
+        <translation>Gutschrift</translation>
+    </message>
+    <message>
+        <source>Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>without a number</source>
+        <translation>ohne Nummer</translation>
+    </message>
+    <message>
+        <source>Bank transfer</source>
+        <translation>Überweisung</translation>
+    </message>
+    <message>
+        <source>Cash</source>
+        <translation>Bar</translation>
+    </message>
+    <message>
+        <source>Card</source>
+        <translation>Karte</translation>
+    </message>
+    <message>
+        <source>PayPal</source>
+        <translation>PayPal</translation>
+    </message>
+    <message>
+        <source>Cheque</source>
+        <translation>Scheck</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Sonstige</translation>
+    </message>
+    <message>
+        <source>Payment Reminder</source>
+        <translation>Zahlungserinnerung</translation>
+    </message>
+    <message>
+        <source>Second Reminder</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>Final Notice</source>
+        <translation>Letzte Mahnung</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Ended</source>
+        <translation>Beendet</translation>
+    </message>
+    <message>
+        <source>A line for each entry</source>
+        <translation>Eine Position je Eintrag</translation>
+    </message>
+    <message>
+        <source>A line for each project</source>
+        <translation>Eine Position je Projekt</translation>
+    </message>
+    <message>
+        <source>One line</source>
+        <translation>Eine Position</translation>
+    </message>
+    <message>
+        <source>Look only</source>
+        <translation>Nur ansehen</translation>
+    </message>
+    <message>
+        <source>Make invoices and quotes</source>
+        <translation>Rechnungen und Angebote erstellen</translation>
+    </message>
+    <message>
+        <source>Everything</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>Find clients, invoices and figures. Change nothing.</source>
+        <translation>Kunden, Rechnungen und Zahlen finden. Nichts ändern.</translation>
+    </message>
+    <message>
+        <source>Also make and change drafts, preview and export them, and prepare emails you send yourself.</source>
+        <translation>Außerdem Entwürfe anlegen und ändern, sie ansehen und ausgeben und E-Mails zum Selbstverschicken vorbereiten.</translation>
+    </message>
+    <message>
+        <source>Also mark invoices sent, record payments and fill in your business details.</source>
+        <translation>Außerdem Rechnungen als verschickt markieren, Zahlungen erfassen und die eigenen Angaben ausfüllen.</translation>
+    </message>
+    <message>
+        <source>By invoice date</source>
+        <translation>Nach Rechnungsdatum</translation>
+    </message>
+    <message>
+        <source>By payment date</source>
+        <translation>Nach Zahlungsdatum</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>VAT</source>
+        <translation>USt.</translation>
+    </message>
+    <message>
+        <source>Sales tax</source>
+        <translation>Verkaufssteuer</translation>
+    </message>
+    <message>
+        <source>Rate %</source>
+        <translation>Satz %</translation>
+    </message>
+    <message>
+        <source>Net</source>
+        <translation>Netto</translation>
+    </message>
+    <message>
+        <source>Gross</source>
+        <translation>Brutto</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Paid on</source>
+        <translation>Bezahlt am</translation>
+    </message>
+    <message>
+        <source>Due date</source>
+        <translation>Fällig am</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Belege</translation>
+    </message>
+    <message>
+        <source>Open now</source>
+        <translation>Jetzt offen</translation>
+    </message>
+    <message>
+        <source>Not due yet</source>
+        <translation>Noch nicht fällig</translation>
+    </message>
+    <message>
+        <source>1–30 days</source>
+        <translation>1–30 Tage</translation>
+    </message>
+    <message>
+        <source>31–60 days</source>
+        <translation>31–60 Tage</translation>
+    </message>
+    <message>
+        <source>61–90 days</source>
+        <translation>61–90 Tage</translation>
+    </message>
+    <message>
+        <source>Over 90 days</source>
+        <translation>Über 90 Tage</translation>
+    </message>
+    <message>
+        <source>Classic</source>
+        <translation>Klassisch</translation>
+    </message>
+    <message>
+        <source>Modern</source>
+        <translation>Modern</translation>
+    </message>
+    <message>
+        <source>Minimal</source>
+        <translation>Schlicht</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Kräftig</translation>
+    </message>
+    <message>
+        <source>Compact</source>
+        <translation>Kompakt</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Serif</source>
+        <translation>Serifen</translation>
+    </message>
+    <message>
+        <source>Rounded</source>
+        <translation>Rund</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Schreibmaschine</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Center</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>Klein</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Large</source>
+        <translation>Groß</translation>
+    </message>
+    <message>
+        <source>invoice</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>quote</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>credit note</source>
+        <translation>Gutschrift</translation>
+    </message>
+    <message>
+        <source>recurring invoice</source>
+        <translation>Wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>The client</source>
+        <translation>Der Kunde</translation>
+    </message>
+    <message>
+        <source>Germany</source>
+        <translation>Deutschland</translation>
+    </message>
+    <message>
+        <source>Austria</source>
+        <translation>Österreich</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>email address</source>
+        <translation>E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>No %1</source>
+        <translation>Keine %1</translation>
+    </message>
+    <message>
+        <source>Recurring Invoice %1</source>
+        <translation>Wiederkehrende Rechnung %1</translation>
+    </message>
+    <message>
+        <source>Invoice %1</source>
+        <translation>Rechnung %1</translation>
+    </message>
+    <message>
+        <source>Quote %1</source>
+        <translation>Angebot %1</translation>
+    </message>
+    <message>
+        <source>Credit Note %1</source>
+        <translation>Gutschrift %1</translation>
+    </message>
+    <message>
+        <source>Your business name is missing.</source>
+        <translation>Der Name des Unternehmens fehlt.</translation>
+    </message>
+    <message>
+        <source>Your address is missing; invoices must show it.</source>
+        <translation>Die eigene Anschrift fehlt; sie muss auf Rechnungen stehen.</translation>
+    </message>
+    <message>
+        <source>Invoices in %1 must show your tax number or VAT ID.</source>
+        <translation>In %1 muss auf Rechnungen die Steuernummer oder USt-IdNr. stehen.</translation>
+    </message>
+    <message>
+        <source>Your VAT ID is missing; VAT invoices must show it.</source>
+        <translation>Die eigene USt-IdNr. fehlt; sie muss auf Rechnungen mit Umsatzsteuer stehen.</translation>
+    </message>
+    <message>
+        <source>The %1 has no date.</source>
+        <translation>%1: Das Datum fehlt.</translation>
+    </message>
+    <message>
+        <source>The %1 has no number.</source>
+        <translation>%1: Die Nummer fehlt.</translation>
+    </message>
+    <message>
+        <source>The quote&apos;s last day of validity has passed.</source>
+        <translation>Der letzte Gültigkeitstag des Angebots ist vorbei.</translation>
+    </message>
+    <message>
+        <source>The %1&apos;s total is negative.</source>
+        <translation>%1: Die Summe ist negativ.</translation>
+    </message>
+    <message>
+        <source>Which invoice does the credit note correct?</source>
+        <translation>Welche Rechnung berichtigt die Gutschrift?</translation>
+    </message>
+    <message>
+        <source>The client has no name.</source>
+        <translation>Der Kunde hat keinen Namen.</translation>
+    </message>
+    <message>
+        <source>%1&apos;s address is missing; invoices must show it.</source>
+        <translation>%1: Die Anschrift fehlt; sie muss auf Rechnungen stehen.</translation>
+    </message>
+    <message>
+        <source>Who is it for? The %1 needs a client.</source>
+        <translation>%1: Für wen? Es fehlt noch der Kunde.</translation>
+    </message>
+    <message>
+        <source>When was the work done (or delivered)?</source>
+        <translation>Wann wurde geleistet oder geliefert?</translation>
+    </message>
+    <message>
+        <source>%1 is usually billed in %2, and this %3 is in %4. Which should it be?</source>
+        <translation>%1 wird sonst in %2 abgerechnet, hier steht %4 (%3). Was soll es sein?</translation>
+    </message>
+    <message>
+        <source>What should the %1 list, and at what price?</source>
+        <translation>%1: Welche Positionen, und zu welchem Preis?</translation>
+    </message>
+    <message>
+        <source>Line %1 (“%2”) has the quantity 0, so it bills nothing.</source>
+        <translation>Position %1 („%2“) hat die Menge 0 und berechnet also nichts.</translation>
+    </message>
+    <message>
+        <source>What should line %1 be called, and what does it cost?</source>
+        <translation>Wie soll Position %1 heißen, und was kostet sie?</translation>
+    </message>
+    <message>
+        <source>What should line %1 be called?</source>
+        <translation>Wie soll Position %1 heißen?</translation>
+    </message>
+    <message>
+        <source>What&apos;s the price for “%1” (line %2)?</source>
+        <translation>Was kostet „%1“ (Position %2)?</translation>
+    </message>
+    <message>
+        <source>The %1 is taxed, but line %2 (“%3”) bears no %4.</source>
+        <translation>%1 mit Steuer, aber Position %2 („%3“) ist ohne %4.</translation>
+    </message>
+    <message>
+        <source>The %1 is taxed, but lines %2 bear no %3.</source>
+        <translation>%1 mit Steuer, aber die Positionen %2 sind ohne %3.</translation>
+    </message>
+    <message>
+        <source>Line %1 (“%2”) bears no %3. Which rate applies?</source>
+        <translation>Position %1 („%2“) ist ohne %3. Welcher Satz gilt?</translation>
+    </message>
+    <message>
+        <source>Lines %1 bear no %2. Which rate applies?</source>
+        <translation>Die Positionen %1 sind ohne %2. Welcher Satz gilt?</translation>
+    </message>
+    <message>
+        <source>The %1 is tax-exempt but doesn&apos;t say why.</source>
+        <translation>%1 ohne Steuer: Der Grund der Befreiung fehlt.</translation>
+    </message>
+    <message>
+        <source>Reverse charge needs a client in another EU country; %1 is in %2.</source>
+        <translation>Reverse-Charge setzt einen Kunden in einem anderen EU-Land voraus; %1 ist in %2.</translation>
+    </message>
+    <message>
+        <source>Reverse charge needs %1&apos;s VAT ID of another EU country.</source>
+        <translation>Reverse-Charge: Es fehlt die USt-IdNr. von %1 aus einem anderen EU-Land.</translation>
+    </message>
+    <message>
+        <source>Reverse charge needs %1&apos;s VAT ID.</source>
+        <translation>Reverse-Charge: Es fehlt die USt-IdNr. von %1.</translation>
+    </message>
+    <message>
+        <source>Reverse charge needs your VAT ID.</source>
+        <translation>Reverse-Charge: Es fehlt die eigene USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>The note says that the client is outside the EU; %1 is in %2.</source>
+        <translation>Laut Hinweis ist der Kunde außerhalb der EU; %1 ist in %2.</translation>
+    </message>
+    <message>
+        <source>%1 is a business in %2 with a VAT ID. Use reverse charge (no VAT, with the note)?</source>
+        <translation>%1 ist ein Unternehmen in %2 mit USt-IdNr. Reverse-Charge anwenden (ohne Umsatzsteuer, mit Hinweis)?</translation>
+    </message>
+    <message>
+        <source>%1 is in %2. If they&apos;re a VAT-registered business, what&apos;s their VAT ID? (Then reverse charge usually applies.)</source>
+        <translation>%1 ist in %2. Falls es ein umsatzsteuerpflichtiges Unternehmen ist: Wie lautet die USt-IdNr.? (Dann gilt meist Reverse-Charge.)</translation>
+    </message>
+    <message>
+        <source>%1 is a business outside the EU (%2). Invoice without %3, with the note?</source>
+        <translation>%1 ist ein Unternehmen außerhalb der EU (%2). Ohne %3 abrechnen, mit Hinweis?</translation>
+    </message>
+    <message>
+        <source>Has the same %1 as “%2” in row %3.</source>
+        <translation>%1 wie bei „%2“ in Zeile %3.</translation>
+    </message>
+    <message>
+        <source>Has the same %1 as “%2” in the library.</source>
+        <translation>%1 wie bei „%2“ in der Bibliothek.</translation>
+    </message>
+    <message>
+        <source>Row %1 has the same name and another number.</source>
+        <translation>Zeile %1 hat denselben Namen und eine andere Nummer.</translation>
+    </message>
+    <message>
+        <source>Tax report by invoice date</source>
+        <translation>Steuerbericht nach Rechnungsdatum</translation>
+    </message>
+    <message>
+        <source>Tax report by payment date</source>
+        <translation>Steuerbericht nach Zahlungsdatum</translation>
+    </message>
+    <message>
+        <source>Documents of the tax report by invoice date</source>
+        <translation>Belege des Steuerberichts nach Rechnungsdatum</translation>
+    </message>
+    <message>
+        <source>Documents of the tax report by payment date</source>
+        <translation>Belege des Steuerberichts nach Zahlungsdatum</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Kunden</translation>
+    </message>
+    <message>
+        <source>Invoices and credit notes</source>
+        <translation>Rechnungen und Gutschriften</translation>
+    </message>
+    <message>
+        <source>all dates</source>
+        <translation>alle Daten</translation>
+    </message>
+    <message>
+        <source>Open invoices on %1</source>
+        <translation>Offene Rechnungen am %1</translation>
+    </message>
+    <message>
+        <source>until %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>since %1</source>
+        <translation>seit %1</translation>
+    </message>
+    <message>
+        <source>Who you&apos;re writing to</source>
+        <translation>An wen die E-Mail geht</translation>
+    </message>
+    <message>
+        <source>The client&apos;s name</source>
+        <translation>Name des Kunden</translation>
+    </message>
+    <message>
+        <source>Invoice, Quote or Credit Note, in the document&apos;s language</source>
+        <translation>Rechnung, Angebot oder Gutschrift, in der Sprache des Belegs</translation>
+    </message>
+    <message>
+        <source>The document&apos;s number</source>
+        <translation>Nummer des Belegs</translation>
+    </message>
+    <message>
+        <source>The document&apos;s title</source>
+        <translation>Titel des Belegs</translation>
+    </message>
+    <message>
+        <source>The total, e.g. €1,190.00</source>
+        <translation>Gesamtbetrag, zum Beispiel 1.190,00 €</translation>
+    </message>
+    <message>
+        <source>The document&apos;s date</source>
+        <translation>Datum des Belegs</translation>
+    </message>
+    <message>
+        <source>When an invoice is due</source>
+        <translation>Fälligkeit einer Rechnung</translation>
+    </message>
+    <message>
+        <source>Until when a quote is valid</source>
+        <translation>Gültigkeit eines Angebots</translation>
+    </message>
+    <message>
+        <source>What&apos;s still owed, with late fees</source>
+        <translation>Noch offener Betrag, mit Mahngebühren</translation>
+    </message>
+    <message>
+        <source>The new date a reminder asks to be paid by</source>
+        <translation>Neue Zahlungsfrist einer Mahnung</translation>
+    </message>
+    <message>
+        <source>The late fee this reminder adds</source>
+        <translation>Mahngebühr dieser Mahnung</translation>
+    </message>
+    <message>
+        <source>How many days the invoice is overdue</source>
+        <translation>Tage seit der Fälligkeit</translation>
+    </message>
+    <message>
+        <source>Your business name</source>
+        <translation>Name des Unternehmens</translation>
+    </message>
+</context>
+<context>
+    <name>PaperPrinting</name>
+    <message>
+        <source>Printing…</source>
+        <translation>Wird gedruckt…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Move Line</source>
+        <translation>Position verschieben</translation>
+    </message>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::AssistantsPage</name>
+    <message>
+        <source>Allowed</source>
+        <translation>Erlaubt</translation>
+    </message>
+    <message>
+        <source>Not allowed</source>
+        <translation>Nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>Waits for your word</source>
+        <translation>Wartet auf Antwort</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Erledigt</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Refused</source>
+        <translation>Abgelehnt</translation>
+    </message>
+    <message>
+        <source>Assistants may use Quillary</source>
+        <translation>Assistenten dürfen Quillary benutzen</translation>
+    </message>
+    <message>
+        <source>Assistant</source>
+        <translation>Assistent</translation>
+    </message>
+    <message>
+        <source>Your word</source>
+        <translation>Erlaubnis</translation>
+    </message>
+    <message>
+        <source>Last asked</source>
+        <translation>Zuletzt gefragt</translation>
+    </message>
+    <message>
+        <source>When</source>
+        <translation>Wann</translation>
+    </message>
+    <message>
+        <source>What it did</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Assistants that have asked</source>
+        <translation>Assistenten, die gefragt haben</translation>
+    </message>
+    <message>
+        <source>What they did</source>
+        <translation>Was sie getan haben</translation>
+    </message>
+    <message>
+        <source>What assistants did</source>
+        <translation>Was Assistenten getan haben</translation>
+    </message>
+    <message>
+        <source>Connecting an assistant app</source>
+        <translation>Eine Assistenten-App verbinden</translation>
+    </message>
+    <message>
+        <source>What assistants may do</source>
+        <translation>Was Assistenten dürfen</translation>
+    </message>
+    <message>
+        <source>Allow</source>
+        <translation>Erlauben</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Allow</source>
+        <translation>Nicht erlauben</translation>
+    </message>
+    <message>
+        <source>Forget</source>
+        <translation>Vergessen</translation>
+    </message>
+    <message>
+        <source>Most assistant apps take this in their settings, under MCP servers:</source>
+        <translation>Die meisten Assistenten-Apps nehmen dies in ihren Einstellungen unter „MCP-Server“ entgegen:</translation>
+    </message>
+    <message>
+        <source>Settings for assistant apps</source>
+        <translation>Einstellungen für Assistenten-Apps</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
+    <message>
+        <source>The settings before could not be understood; they are kept as %1</source>
+        <translation>Die bisherigen Einstellungen waren nicht lesbar; sie liegen jetzt in %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::BarChart</name>
+    <message>
+        <source>%1, %2: %3</source>
+        <translation>%1, %2: %3</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::CatalogSection</name>
+    <message>
+        <source>Kinds</source>
+        <translation>Arten</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientDetails</name>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>First name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Last name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Anschrift</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Straße</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Not given</source>
+        <translation>Keine Angabe</translation>
+    </message>
+    <message>
+        <source>Invoicing</source>
+        <translation>Abrechnung</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Such as DE123456789, or “none”</source>
+        <translation>Zum Beispiel DE123456789 oder „none“ für keine</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>Days to pay</source>
+        <translation>Zahlungsziel in Tagen</translation>
+    </message>
+    <message>
+        <source>As usual</source>
+        <translation>Wie üblich</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Hourly rate</source>
+        <translation>Stundensatz</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Documents of this client</source>
+        <translation>Belege dieses Kunden</translation>
+    </message>
+    <message>
+        <source>Nothing is open.</source>
+        <translation>Nichts ist offen.</translation>
+    </message>
+    <message>
+        <source>Open: %1</source>
+        <translation>Offen: %1</translation>
+    </message>
+    <message>
+        <source>Change Client</source>
+        <translation>Kunden ändern</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Belege</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Contact Persons</source>
+        <translation>Ansprechpartner</translation>
+    </message>
+    <message>
+        <source>Time worked for this client</source>
+        <translation>Zeit für diesen Kunden</translation>
+    </message>
+    <message>
+        <source>Unbilled time: %1 hours, %2</source>
+        <translation>Offene Zeit: %1 Stunden, %2</translation>
+    </message>
+    <message>
+        <source>As usual: %1</source>
+        <translation>Wie üblich: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientDocumentsModel</name>
+    <message>
+        <source>Document</source>
+        <translation>Beleg</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Offen</translation>
+    </message>
+    <message>
+        <source>%1 without a number</source>
+        <translation>%1 ohne Nummer</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientListModel</name>
+    <message>
+        <source>No name</source>
+        <translation>Ohne Namen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Offen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientPicker</name>
+    <message>
+        <source>Name, number or city</source>
+        <translation>Name, Nummer oder Ort</translation>
+    </message>
+    <message>
+        <source>New client “%1”</source>
+        <translation>Neuer Kunde „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientSheet</name>
+    <message>
+        <source>New Client</source>
+        <translation>Neuer Kunde</translation>
+    </message>
+    <message>
+        <source>Add Client</source>
+        <translation>Kunden anlegen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Straße</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Two letters, such as DE</source>
+        <translation>Zwei Buchstaben, zum Beispiel DE</translation>
+    </message>
+    <message>
+        <source>Another Quillary is using the library at this moment. Try again in a second.</source>
+        <translation>Ein anderes Quillary benutzt gerade die Bibliothek. Bitte gleich noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>%1 is there already. A name, an email address or a VAT ID of its own tells another client from them.</source>
+        <translation>%1 ist schon vorhanden. Ein eigener Name, eine eigene E-Mail-Adresse oder USt-IdNr. unterscheidet einen anderen Kunden davon.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ClientsSection</name>
+    <message>
+        <source>Import Clients</source>
+        <translation>Kunden importieren</translation>
+    </message>
+    <message>
+        <source>Client lists (*.csv *.tsv *.txt);;All files (*)</source>
+        <translation>Kundenlisten (*.csv *.tsv *.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Kunden</translation>
+    </message>
+    <message>
+        <source>Name, number, city or email</source>
+        <translation>Name, Nummer, Ort oder E-Mail</translation>
+    </message>
+    <message>
+        <source>Find in this list</source>
+        <translation>In dieser Liste suchen</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren…</translation>
+    </message>
+    <message>
+        <source>Import clients from a file</source>
+        <translation>Kunden aus einer Datei importieren</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>New client</source>
+        <translation>Neuer Kunde</translation>
+    </message>
+    <message>
+        <source>No clients yet. Add one, or bring over the list that another program or a spreadsheet has saved.</source>
+        <translation>Noch keine Kunden. Hier lässt sich einer anlegen oder die Liste übernehmen, die ein anderes Programm oder eine Tabellenkalkulation gespeichert hat.</translation>
+    </message>
+    <message>
+        <source>New Client</source>
+        <translation>Neuer Kunde</translation>
+    </message>
+    <message>
+        <source>1 client</source>
+        <translation>1 Kunde</translation>
+    </message>
+    <message>
+        <source>%1 clients</source>
+        <translation>%1 Kunden</translation>
+    </message>
+    <message>
+        <source>1 client was imported.</source>
+        <translation>1 Kunde wurde importiert.</translation>
+    </message>
+    <message>
+        <source>%1 clients were imported.</source>
+        <translation>%1 Kunden wurden importiert.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ContactSheet</name>
+    <message>
+        <source>New Contact Person</source>
+        <translation>Neuer Ansprechpartner</translation>
+    </message>
+    <message>
+        <source>Contact Person</source>
+        <translation>Ansprechpartner</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Eintragen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Role</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Such as accounting</source>
+        <translation>Zum Beispiel Buchhaltung</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Add Contact Person</source>
+        <translation>Ansprechpartner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Contact Person</source>
+        <translation>Ansprechpartner ändern</translation>
+    </message>
+    <message>
+        <source>The email</source>
+        <translation>Die E-Mail-Adresse</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ContactsModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Role</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ContactsPanel</name>
+    <message>
+        <source>Edit…</source>
+        <translation>Bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Put First</source>
+        <translation>An den Anfang</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Contact persons</source>
+        <translation>Ansprechpartner</translation>
+    </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Add a contact person</source>
+        <translation>Ansprechpartner hinzufügen</translation>
+    </message>
+    <message>
+        <source>Emails offer this person before the others.</source>
+        <translation>E-Mails bieten diese Person vor den anderen an.</translation>
+    </message>
+    <message>
+        <source>Nobody is named. Emails go to the client&apos;s own address.</source>
+        <translation>Niemand ist genannt. E-Mails gehen an die Adresse des Kunden selbst.</translation>
+    </message>
+    <message>
+        <source>Emails offer the client&apos;s own address first, then these in their order.</source>
+        <translation>E-Mails bieten zuerst die Adresse des Kunden selbst an, dann diese in ihrer Reihenfolge.</translation>
+    </message>
+    <message>
+        <source>Remove Contact Person</source>
+        <translation>Ansprechpartner entfernen</translation>
+    </message>
+    <message>
+        <source>Put Contact Person First</source>
+        <translation>Ansprechpartner an den Anfang</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DataPage</name>
+    <message>
+        <source>Of the day</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Made by you</source>
+        <translation>Von Hand</translation>
+    </message>
+    <message>
+        <source>Before a restore</source>
+        <translation>Vor einer Wiederherstellung</translation>
+    </message>
+    <message>
+        <source>Before an upgrade</source>
+        <translation>Vor einer Umstellung</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Back Up Now</source>
+        <translation>Jetzt sichern</translation>
+    </message>
+    <message>
+        <source>Made</source>
+        <translation>Erstellt</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Backups</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>This library is in memory only and goes when the program ends.</source>
+        <translation>Diese Bibliothek liegt nur im Arbeitsspeicher und verschwindet mit dem Programmende.</translation>
+    </message>
+    <message>
+        <source>The library is in %1</source>
+        <translation>Die Bibliothek liegt in %1</translation>
+    </message>
+    <message>
+        <source>Making a backup…</source>
+        <translation>Sicherung wird erstellt…</translation>
+    </message>
+    <message>
+        <source>Made %1</source>
+        <translation>%1 erstellt</translation>
+    </message>
+    <message>
+        <source>Restore Backup</source>
+        <translation>Sicherung wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Put %1 in the place of the library?</source>
+        <translation>Soll %1 an die Stelle der Bibliothek treten?</translation>
+    </message>
+    <message>
+        <source>What was entered or changed since then will not be in the library any more. The library as it is now stays among the backups as “Quillary Before Restore”, and can be restored from there. Assistants wait until it is done.</source>
+        <translation>Was seitdem eingegeben oder geändert wurde, ist dann nicht mehr in der Bibliothek. Die jetzige Bibliothek bleibt als „Quillary Before Restore“ bei den Sicherungen und kann von dort wiederhergestellt werden. Assistenten warten so lange.</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Backups (*.sqlite);;All files (*)</source>
+        <translation>Sicherungen (*.sqlite);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Restore…</source>
+        <translation>Wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Restore from File…</source>
+        <translation>Aus Datei wiederherstellen…</translation>
+    </message>
+    <message>
+        <source>Restore the chosen backup</source>
+        <translation>Die gewählte Sicherung wiederherstellen</translation>
+    </message>
+    <message>
+        <source>the backup of %1</source>
+        <translation>die Sicherung vom %1</translation>
+    </message>
+    <message>
+        <source>the backup %1</source>
+        <translation>die Sicherung %1</translation>
+    </message>
+    <message>
+        <source>Restoring %1…</source>
+        <translation>Wiederherstellung läuft: %1…</translation>
+    </message>
+    <message>
+        <source>The backup was not restored; the library is as it was. %1</source>
+        <translation>Die Sicherung wurde nicht wiederhergestellt; die Bibliothek ist, wie sie war. %1</translation>
+    </message>
+    <message>
+        <source>Restored %1. The library as it was is kept as %2</source>
+        <translation>Wiederhergestellt: %1. Die bisherige Bibliothek liegt in %2</translation>
+    </message>
+    <message>
+        <source>Restored %1.</source>
+        <translation>Wiederhergestellt: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentFilterBar</name>
+    <message>
+        <source>Any time</source>
+        <translation>Jederzeit</translation>
+    </message>
+    <message>
+        <source>This month</source>
+        <translation>Dieser Monat</translation>
+    </message>
+    <message>
+        <source>Last three months</source>
+        <translation>Letzte drei Monate</translation>
+    </message>
+    <message>
+        <source>Last twelve months</source>
+        <translation>Letzte zwölf Monate</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Number, client, title or tag</source>
+        <translation>Nummer, Kunde, Titel oder Schlagwort</translation>
+    </message>
+    <message>
+        <source>Find in this list</source>
+        <translation>In dieser Liste suchen</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>More filters</source>
+        <translation>Weitere Filter</translation>
+    </message>
+    <message>
+        <source>Client: %1</source>
+        <translation>Kunde: %1</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Project: %1</source>
+        <translation>Projekt: %1</translation>
+    </message>
+    <message>
+        <source>Tag: %1</source>
+        <translation>Schlagwort: %1</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Take all filters away</source>
+        <translation>Alle Filter aufheben</translation>
+    </message>
+    <message>
+        <source>Take the filter away: %1</source>
+        <translation>Filter aufheben: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentFilterPopup</name>
+    <message>
+        <source>Ends today</source>
+        <translation>Endet heute</translation>
+    </message>
+    <message>
+        <source>Ends by tomorrow</source>
+        <translation>Endet bis morgen</translation>
+    </message>
+    <message>
+        <source>Ends within %1 days</source>
+        <translation>Endet in %1 Tagen</translation>
+    </message>
+    <message>
+        <source>Due today</source>
+        <translation>Heute fällig</translation>
+    </message>
+    <message>
+        <source>Due by tomorrow</source>
+        <translation>Bis morgen fällig</translation>
+    </message>
+    <message>
+        <source>Due within %1 days</source>
+        <translation>Fällig in %1 Tagen</translation>
+    </message>
+    <message>
+        <source>More filters</source>
+        <translation>Weitere Filter</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Schlagwort</translation>
+    </message>
+    <message>
+        <source>Valid until</source>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Any project</source>
+        <translation>Jedes Projekt</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>%1 (archived)</source>
+        <translation>%1 (archiviert)</translation>
+    </message>
+    <message>
+        <source>Any tag</source>
+        <translation>Jedes Schlagwort</translation>
+    </message>
+    <message>
+        <source>Any day</source>
+        <translation>Jeder Tag</translation>
+    </message>
+    <message>
+        <source>Any currency</source>
+        <translation>Jede Währung</translation>
+    </message>
+    <message>
+        <source>A project that is gone</source>
+        <translation>Ein gelöschtes Projekt</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentListModel</name>
+    <message>
+        <source>No number</source>
+        <translation>Ohne Nummer</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>Ohne Kunden</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Valid Until</source>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Offen</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentPane</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Choose a document to see its page.</source>
+        <translation>Links einen Beleg wählen, um seine Seite zu sehen.</translation>
+    </message>
+    <message>
+        <source>Record Payment…</source>
+        <translation>Zahlung erfassen…</translation>
+    </message>
+    <message>
+        <source>Send Reminder…</source>
+        <translation>Mahnen…</translation>
+    </message>
+    <message>
+        <source>Email…</source>
+        <translation>E-Mail…</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF speichern</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Make Invoice</source>
+        <translation>Rechnung erstellen</translation>
+    </message>
+    <message>
+        <source>Make Credit Note</source>
+        <translation>Gutschrift erstellen</translation>
+    </message>
+    <message>
+        <source>Delete Draft…</source>
+        <translation>Entwurf löschen…</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More actions</source>
+        <translation>Weitere Aktionen</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>This document has been sent, so it stays as it is. To correct it, take it back to draft under More ▸ Status, or credit it.</source>
+        <translation>Dieser Beleg ist verschickt und bleibt deshalb, wie er ist. Zum Korrigieren unter Mehr ▸ Status wieder zum Entwurf machen oder eine Gutschrift dazu erstellen.</translation>
+    </message>
+    <message>
+        <source>A copy was made as a draft.</source>
+        <translation>Eine Kopie wurde als Entwurf angelegt.</translation>
+    </message>
+    <message>
+        <source>A draft invoice was made from the quote.</source>
+        <translation>Aus dem Angebot wurde ein Rechnungsentwurf erstellt.</translation>
+    </message>
+    <message>
+        <source>A draft credit note was made for all that is left of the invoice.</source>
+        <translation>Über alles, was von der Rechnung noch übrig ist, wurde ein Gutschriftentwurf erstellt.</translation>
+    </message>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>Delete Draft</source>
+        <translation>Entwurf löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1?</source>
+        <translation>%1 löschen?</translation>
+    </message>
+    <message>
+        <source>Time that it billed becomes free again. Undo brings it back.</source>
+        <translation>Darin abgerechnete Zeit wird wieder frei. „Rückgängig“ holt den Entwurf zurück.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%1 was deleted.</source>
+        <translation>%1 wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken…</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentsSection</name>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>No credit notes. One is made from an invoice, under More ▸ Make Credit Note.</source>
+        <translation>Keine Gutschriften. Sie entstehen aus einer Rechnung, unter Mehr ▸ Gutschrift erstellen.</translation>
+    </message>
+    <message>
+        <source>No quotes yet. An accepted quote becomes an invoice with one click.</source>
+        <translation>Noch keine Angebote. Ein angenommenes Angebot wird mit einem Klick zur Rechnung.</translation>
+    </message>
+    <message>
+        <source>No invoices yet. The first one takes about two minutes.</source>
+        <translation>Noch keine Rechnungen. Die erste dauert etwa zwei Minuten.</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>1 document</source>
+        <translation>1 Beleg</translation>
+    </message>
+    <message>
+        <source>%1 documents</source>
+        <translation>%1 Belege</translation>
+    </message>
+    <message>
+        <source>Nothing fits these filters.</source>
+        <translation>Nichts passt zu diesen Filtern.</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alle zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DraftEditor</name>
+    <message>
+        <source>Lines</source>
+        <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source> days</source>
+        <translation> Tagen</translation>
+    </message>
+    <message>
+        <source>To be paid within</source>
+        <translation>Zahlbar in</translation>
+    </message>
+    <message>
+        <source>A date, or from – to</source>
+        <translation>Ein Datum oder von – bis</translation>
+    </message>
+    <message>
+        <source>Delivered or done</source>
+        <translation>Geliefert oder geleistet</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Einleitung</translation>
+    </message>
+    <message>
+        <source>10% or an amount</source>
+        <translation>10 % oder ein Betrag</translation>
+    </message>
+    <message>
+        <source>Discount</source>
+        <translation>Rabatt</translation>
+    </message>
+    <message>
+        <source>Taxed</source>
+        <translation>Mit Steuer</translation>
+    </message>
+    <message>
+        <source>Reverse charge (EU)</source>
+        <translation>Reverse-Charge (EU)</translation>
+    </message>
+    <message>
+        <source>Outside the EU</source>
+        <translation>Außerhalb der EU</translation>
+    </message>
+    <message>
+        <source>Exempt</source>
+        <translation>Steuerbefreit</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Why there&apos;s no tax</source>
+        <translation>Grund der Befreiung</translation>
+    </message>
+    <message>
+        <source>Closing text</source>
+        <translation>Schlusstext</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Net %1</source>
+        <translation>Netto %1</translation>
+    </message>
+    <message>
+        <source> &amp;nbsp;·&amp;nbsp; Tax %1 %2</source>
+        <translation> &amp;nbsp;·&amp;nbsp; Steuer %1 %2</translation>
+    </message>
+    <message>
+        <source> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Total %1&lt;/b&gt;</source>
+        <translation> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Gesamt %1&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>Nothing is missing.</source>
+        <translation>Es fehlt nichts.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;What&apos;s missing&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</source>
+        <translation>&lt;b&gt;Was noch fehlt&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+    <message>
+        <source>Change Tax</source>
+        <translation>Steuer ändern</translation>
+    </message>
+    <message>
+        <source>A discount in percent is 0 to 100, such as 7.5%.</source>
+        <translation>Ein Rabatt in Prozent liegt zwischen 0 und 100, zum Beispiel 7,5 %.</translation>
+    </message>
+    <message>
+        <source>Change Discount</source>
+        <translation>Rabatt ändern</translation>
+    </message>
+    <message>
+        <source>Write a discount as 10% or as an amount such as 50.00.</source>
+        <translation>Einen Rabatt als 10 % oder als Betrag wie 50,00 eingeben.</translation>
+    </message>
+    <message>
+        <source>Write a date such as %1, or two with a dash between them.</source>
+        <translation>Ein Datum wie %1 eingeben oder zwei mit einem Strich dazwischen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::EmailSheet</name>
+    <message>
+        <source>The email is open in your mail program. It goes out when you send it there.</source>
+        <translation>Die E-Mail ist im Mailprogramm geöffnet. Sie geht erst hinaus, wenn sie dort gesendet wird.</translation>
+    </message>
+    <message>
+        <source>Open this draft with your mail program and send it there: %1</source>
+        <translation>Diesen Entwurf mit dem Mailprogramm öffnen und dort senden: %1</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Hand to Mail Program</source>
+        <translation>Ans Mailprogramm geben</translation>
+    </message>
+    <message>
+        <source>Mark it as sent</source>
+        <translation>Als verschickt markieren</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Betreff</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Nachricht</translation>
+    </message>
+    <message>
+        <source>Attached</source>
+        <translation>Anhang</translation>
+    </message>
+    <message>
+        <source>Addresses, with commas between them</source>
+        <translation>Adressen, mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>A draft with %1 for your mail program. Nothing is sent from here.</source>
+        <translation>Ein Entwurf mit %1 für das Mailprogramm. Von hier wird nichts verschickt.</translation>
+    </message>
+    <message>
+        <source>Something is still missing in it; “Edit” shows what. </source>
+        <translation>Darin fehlt noch etwas; „Bearbeiten“ zeigt, was. </translation>
+    </message>
+    <message>
+        <source>%1 &lt;%2&gt;</source>
+        <translation>%1 &lt;%2&gt;</translation>
+    </message>
+    <message>
+        <source>People at the client</source>
+        <translation>Personen beim Kunden</translation>
+    </message>
+    <message>
+        <source>The document isn&apos;t there any more.</source>
+        <translation>Den Beleg gibt es nicht mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::EmailTextsPage</name>
+    <message>
+        <source>Return to the Built-In Text</source>
+        <translation>Zurück zum mitgelieferten Text</translation>
+    </message>
+    <message>
+        <source>Placeholder</source>
+        <translation>Platzhalter</translation>
+    </message>
+    <message>
+        <source>What it stands for</source>
+        <translation>Wofür er steht</translation>
+    </message>
+    <message>
+        <source>Kind of email</source>
+        <translation>Art der E-Mail</translation>
+    </message>
+    <message>
+        <source>Language of the email</source>
+        <translation>Sprache der E-Mail</translation>
+    </message>
+    <message>
+        <source>Subject</source>
+        <translation>Betreff</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Placeholders</source>
+        <translation>Platzhalter</translation>
+    </message>
+    <message>
+        <source>Insert</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Insert the chosen placeholder</source>
+        <translation>Den gewählten Platzhalter einfügen</translation>
+    </message>
+    <message>
+        <source>What the preview is filled with</source>
+        <translation>Womit die Vorschau gefüllt wird</translation>
+    </message>
+    <message>
+        <source>Your own text</source>
+        <translation>Eigener Text</translation>
+    </message>
+    <message>
+        <source>Built-in text</source>
+        <translation>Mitgelieferter Text</translation>
+    </message>
+    <message>
+        <source>%1 (your own)</source>
+        <translation>%1 (eigener)</translation>
+    </message>
+    <message>
+        <source>Shown with made-up values</source>
+        <translation>Mit erfundenen Werten</translation>
+    </message>
+    <message>
+        <source>Shown with %1</source>
+        <translation>Mit %1</translation>
+    </message>
+    <message>
+        <source>This email has nothing to put in the place of %1: it stays as it is.</source>
+        <translation>Diese E-Mail hat nichts, was an die Stelle von %1 treten könnte: Es bleibt stehen.</translation>
+    </message>
+    <message>
+        <source>Restore Email Text</source>
+        <translation>E-Mail-Text zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Change Email Text</source>
+        <translation>E-Mail-Text ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::FirstStart</name>
+    <message>
+        <source>Your first invoice</source>
+        <translation>Die erste Rechnung</translation>
+    </message>
+    <message>
+        <source>This is how it will look. Tell it who you are; anything can be left for later, and changed at any time.</source>
+        <translation>So wird sie aussehen. Es fehlen noch die eigenen Angaben; alles kann auf später warten und jederzeit geändert werden.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Straße</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>Classic</source>
+        <translation>Klassisch</translation>
+    </message>
+    <message>
+        <source>Modern</source>
+        <translation>Modern</translation>
+    </message>
+    <message>
+        <source>Minimal</source>
+        <translation>Schlicht</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Kräftig</translation>
+    </message>
+    <message>
+        <source>Compact</source>
+        <translation>Kompakt</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Gestaltung</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Los geht’s</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>Another Quillary is using the library at this moment. Try again in a second.</source>
+        <translation>Ein anderes Quillary benutzt gerade die Bibliothek. Bitte gleich noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>Choose Look</source>
+        <translation>Gestaltung wählen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ImportRowsModel</name>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Vorhanden</translation>
+    </message>
+    <message>
+        <source>Empty</source>
+        <translation>Leer</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Becomes</source>
+        <translation>Wird</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Remarks</source>
+        <translation>Anmerkungen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ImportSheet</name>
+    <message>
+        <source>–</source>
+        <translation>–</translation>
+    </message>
+    <message>
+        <source>Client number</source>
+        <translation>Kundennummer</translation>
+    </message>
+    <message>
+        <source>Company</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>First name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>Last name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Straße</translation>
+    </message>
+    <message>
+        <source>Below the street</source>
+        <translation>Adresszusatz</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Import Clients from %1</source>
+        <translation>Kunden aus %1 importieren</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>What each column holds was told by its heading or its contents. Clients that are there already are left out.</source>
+        <translation>Was jede Spalte enthält, verrieten Überschrift oder Inhalt. Kunden, die es schon gibt, werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Rows of the file</source>
+        <translation>Zeilen der Datei</translation>
+    </message>
+    <message>
+        <source>%1 new, %2 already there, %3 empty</source>
+        <translation>%1 neu, %2 schon vorhanden, %3 leer</translation>
+    </message>
+    <message>
+        <source>Choose which column names the clients.</source>
+        <translation>Bitte die Spalte wählen, die die Kunden benennt.</translation>
+    </message>
+    <message>
+        <source>Import 1 Client</source>
+        <translation>1 Kunden importieren</translation>
+    </message>
+    <message>
+        <source>Import %1 Clients</source>
+        <translation>%1 Kunden importieren</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LibraryAccess</name>
+    <message>
+        <source>Another Quillary is using the library at this moment. Try again in a second.</source>
+        <translation>Ein anderes Quillary benutzt gerade die Bibliothek. Bitte gleich noch einmal versuchen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LinesModel</name>
+    <message>
+        <source>Add a line…</source>
+        <translation>Position hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>“%1” is no number. Write it as 1250.50, or as a sum such as 3*12.50.</source>
+        <translation>„%1“ ist keine Zahl. Als 1250,50 eingeben oder als Rechnung wie 3*12,50.</translation>
+    </message>
+    <message>
+        <source>Add Line</source>
+        <translation>Position hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Line</source>
+        <translation>Position ändern</translation>
+    </message>
+    <message>
+        <source>Remove Lines</source>
+        <translation>Positionen entfernen</translation>
+    </message>
+    <message>
+        <source>Paste Lines</source>
+        <translation>Positionen einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LinesTable</name>
+    <message>
+        <source>Lines</source>
+        <translation>Positionen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LockPage</name>
+    <message>
+        <source>Unlock</source>
+        <translation>Entsperren</translation>
+    </message>
+    <message>
+        <source>Quillary is locked</source>
+        <translation>Quillary ist gesperrt</translation>
+    </message>
+    <message>
+        <source>Passphrase</source>
+        <translation>Passwort</translation>
+    </message>
+    <message>
+        <source>That wasn&apos;t the passphrase. Try again in a second.</source>
+        <translation>Das war nicht das Passwort. In einer Sekunde noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>That wasn&apos;t the passphrase. Try again in %1 seconds.</source>
+        <translation>Das war nicht das Passwort. In %1 Sekunden noch einmal versuchen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LogoRow</name>
+    <message>
+        <source>Choose a Logo</source>
+        <translation>Logo wählen</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.jpg *.jpeg *.webp *.svg)</source>
+        <translation>Bilder (*.png *.jpg *.jpeg *.webp *.svg)</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation>Wählen…</translation>
+    </message>
+    <message>
+        <source>Choose a logo</source>
+        <translation>Logo wählen</translation>
+    </message>
+    <message>
+        <source>Remove the logo</source>
+        <translation>Logo entfernen</translation>
+    </message>
+    <message>
+        <source>Change Logo</source>
+        <translation>Logo ändern</translation>
+    </message>
+    <message>
+        <source>Remove Logo</source>
+        <translation>Logo entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::MainWindow</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>Überblick</translation>
+    </message>
+    <message>
+        <source>Recurring</source>
+        <translation>Wiederkehrend</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Kunden</translation>
+    </message>
+    <message>
+        <source>Catalog</source>
+        <translation>Katalog</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>Reports</source>
+        <translation>Berichte</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Quick Open…</source>
+        <translation>Schnell öffnen…</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Find in This List</source>
+        <translation>In dieser Liste suchen</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Document</source>
+        <translation>B&amp;eleg</translation>
+    </message>
+    <message>
+        <source>No document is chosen</source>
+        <translation>Kein Beleg ausgewählt</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Set a passphrase first: the lock asks for it.</source>
+        <translation>Zuerst ein Passwort festlegen: Die Sperre fragt danach.</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>Sperren</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::OverviewSection</name>
+    <message>
+        <source>1 invoice</source>
+        <translation>1 Rechnung</translation>
+    </message>
+    <message>
+        <source>%1 invoices</source>
+        <translation>%1 Rechnungen</translation>
+    </message>
+    <message>
+        <source>Overview</source>
+        <translation>Überblick</translation>
+    </message>
+    <message>
+        <source>Currency of the charts</source>
+        <translation>Währung der Diagramme</translation>
+    </message>
+    <message>
+        <source>Income by Month</source>
+        <translation>Einnahmen nach Monat</translation>
+    </message>
+    <message>
+        <source>Receivables by Age</source>
+        <translation>Forderungen nach Alter</translation>
+    </message>
+    <message>
+        <source>Nothing is owed to you.</source>
+        <translation>Keine offenen Forderungen.</translation>
+    </message>
+    <message>
+        <source>You are owed %1 in %2.</source>
+        <translation>Offen sind %1 in %2.</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>Überfällig</translation>
+    </message>
+    <message>
+        <source>Nothing is overdue</source>
+        <translation>Nichts ist überfällig</translation>
+    </message>
+    <message>
+        <source>Due within %1 days</source>
+        <translation>Fällig in %1 Tagen</translation>
+    </message>
+    <message>
+        <source>Nothing is due</source>
+        <translation>Nichts ist fällig</translation>
+    </message>
+    <message>
+        <source>Drafts</source>
+        <translation>Entwürfe</translation>
+    </message>
+    <message>
+        <source>No draft waits</source>
+        <translation>Kein Entwurf wartet</translation>
+    </message>
+    <message>
+        <source>1 draft waits</source>
+        <translation>1 Entwurf wartet</translation>
+    </message>
+    <message>
+        <source>%1 drafts wait</source>
+        <translation>%1 Entwürfe warten</translation>
+    </message>
+    <message>
+        <source>No time is unbilled</source>
+        <translation>Alle Zeit ist abgerechnet</translation>
+    </message>
+    <message>
+        <source>%1 hours</source>
+        <translation>%1 Stunden</translation>
+    </message>
+    <message>
+        <source>Unbilled Time</source>
+        <translation>Offene Zeit</translation>
+    </message>
+    <message>
+        <source>%1 so far in %2, %3 in %4</source>
+        <translation>%2 bisher %1, %4 waren es %3</translation>
+    </message>
+    <message>
+        <source>Not due</source>
+        <translation>Künftig</translation>
+    </message>
+    <message>
+        <source>1–30</source>
+        <translation>1–30</translation>
+    </message>
+    <message>
+        <source>31–60</source>
+        <translation>31–60</translation>
+    </message>
+    <message>
+        <source>61–90</source>
+        <translation>61–90</translation>
+    </message>
+    <message>
+        <source>Over 90</source>
+        <translation>Über 90</translation>
+    </message>
+    <message>
+        <source>Not due yet</source>
+        <translation>Noch nicht fällig</translation>
+    </message>
+    <message>
+        <source>%1 is owed to you, by days overdue</source>
+        <translation>%1 offen, nach Tagen seit Fälligkeit</translation>
+    </message>
+    <message>
+        <source>The figures could not be read. %1</source>
+        <translation>Die Zahlen konnten nicht gelesen werden. %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::PaperView</name>
+    <message>
+        <source>The document&apos;s page</source>
+        <translation>Seite des Belegs</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::PaymentSheet</name>
+    <message>
+        <source>Record Payment</source>
+        <translation>Zahlung erfassen</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Erfassen</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Received on</source>
+        <translation>Eingegangen am</translation>
+    </message>
+    <message>
+        <source>By</source>
+        <translation>Zahlungsart</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>%1: %2 is due.</source>
+        <translation>%1: %2 sind offen.</translation>
+    </message>
+    <message>
+        <source>The invoice isn&apos;t there any more.</source>
+        <translation>Die Rechnung gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Write the amount as a number such as %1.</source>
+        <translation>Den Betrag als Zahl wie %1 eingeben.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ProgramPage</name>
+    <message>
+        <source>Closing the window leaves Quillary in the tray</source>
+        <translation>Nach dem Schließen des Fensters im Infobereich weiterlaufen</translation>
+    </message>
+    <message>
+        <source>This desktop has no tray now, so closing the window ends Quillary.</source>
+        <translation>Diese Oberfläche hat gerade keinen Infobereich, deshalb beendet das Schließen des Fensters Quillary.</translation>
+    </message>
+    <message>
+        <source>Show notices of the desktop</source>
+        <translation>Benachrichtigungen anzeigen</translation>
+    </message>
+    <message>
+        <source>There it goes on serving assistants and making recurring invoices.</source>
+        <translation>Dort bedient es weiter Assistenten und erstellt wiederkehrende Rechnungen.</translation>
+    </message>
+    <message>
+        <source>Of invoices that are due today or overdue since the last notice, and of recurring invoices that were made. None while Quillary is locked.</source>
+        <translation>Über Rechnungen, die heute fällig oder seit der letzten Benachrichtigung überfällig sind, und über erstellte wiederkehrende Rechnungen. Keine, solange Quillary gesperrt ist.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ProjectBox</name>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::QuickOpen</name>
+    <message>
+        <source>Quick open</source>
+        <translation>Schnell öffnen</translation>
+    </message>
+    <message>
+        <source>A number, a client, a title</source>
+        <translation>Nummer, Kunde oder Titel</translation>
+    </message>
+    <message>
+        <source>What to open</source>
+        <translation>Was geöffnet werden soll</translation>
+    </message>
+    <message>
+        <source>%1   %2   %3   %4</source>
+        <translation>%1   %2   %3   %4</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>Ohne Kunden</translation>
+    </message>
+    <message>
+        <source>%1   %2</source>
+        <translation>%1   %2</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecordListModel</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>Usual</source>
+        <translation>Üblich</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecordPanel</name>
+    <message>
+        <source>Find in this list</source>
+        <translation>In dieser Liste suchen</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecurringModel</name>
+    <message>
+        <source>No title</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>Ohne Kunden</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Rhythm</source>
+        <translation>Rhythmus</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächste</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecurringPane</name>
+    <message>
+        <source>Recurring invoice</source>
+        <translation>Wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Next: %1</source>
+        <translation>Als Nächstes: %1</translation>
+    </message>
+    <message>
+        <source>Paused: no invoice is made. Dates that pass meanwhile are skipped.</source>
+        <translation>Angehalten: Es wird keine Rechnung erstellt. Termine, die inzwischen verstreichen, werden übersprungen.</translation>
+    </message>
+    <message>
+        <source>Ended: no more invoices are made.</source>
+        <translation>Beendet: Es werden keine Rechnungen mehr erstellt.</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>Resume Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung anhalten</translation>
+    </message>
+    <message>
+        <source>%1 is paused.</source>
+        <translation>%1 ist angehalten.</translation>
+    </message>
+    <message>
+        <source>%1 goes on.</source>
+        <translation>%1 geht weiter.</translation>
+    </message>
+    <message>
+        <source>%1 goes on; one date that passed is skipped.</source>
+        <translation>%1 geht weiter; ein verstrichener Termin wird übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 goes on; %2 dates that passed are skipped.</source>
+        <translation>%1 geht weiter; %2 verstrichene Termine werden übersprungen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecurringSection</name>
+    <message>
+        <source>Recurring Invoices</source>
+        <translation>Wiederkehrende Rechnungen</translation>
+    </message>
+    <message>
+        <source>No recurring invoices yet. What you bill again and again can be made by itself.</source>
+        <translation>Noch keine wiederkehrenden Rechnungen. Was immer wieder abgerechnet wird, kann von selbst entstehen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ReminderSheet</name>
+    <message>
+        <source>Send Reminder</source>
+        <translation>Mahnen</translation>
+    </message>
+    <message>
+        <source>The reminder is recorded; its letter is %1</source>
+        <translation>Die Mahnung ist erfasst; ihr Schreiben ist %1</translation>
+    </message>
+    <message>
+        <source>Write Letter</source>
+        <translation>Schreiben erstellen</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Stufe</translation>
+    </message>
+    <message>
+        <source>Late fee</source>
+        <translation>Mahngebühr</translation>
+    </message>
+    <message>
+        <source>To be paid by</source>
+        <translation>Zu zahlen bis</translation>
+    </message>
+    <message>
+        <source>The letter for %1 is saved as a PDF in your downloads. Nothing is sent by itself.</source>
+        <translation>Das Schreiben zu %1 wird als PDF bei den Downloads gespeichert. Verschickt wird nichts von selbst.</translation>
+    </message>
+    <message>
+        <source>The invoice isn&apos;t there any more.</source>
+        <translation>Die Rechnung gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Write the fee as a number such as %1, or 0 for none.</source>
+        <translation>Die Gebühr als Zahl wie %1 eingeben, oder 0 für keine.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ReportPicker</name>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Tax, by Document</source>
+        <translation>Steuer, nach Beleg</translation>
+    </message>
+    <message>
+        <source>Receivables by Age</source>
+        <translation>Forderungen nach Alter</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Kunden</translation>
+    </message>
+    <message>
+        <source>Invoices and Credit Notes</source>
+        <translation>Rechnungen und Gutschriften</translation>
+    </message>
+    <message>
+        <source>By which dates</source>
+        <translation>Nach welchem Datum</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>This month</source>
+        <translation>Dieser Monat</translation>
+    </message>
+    <message>
+        <source>Last month</source>
+        <translation>Letzter Monat</translation>
+    </message>
+    <message>
+        <source>This quarter</source>
+        <translation>Dieses Quartal</translation>
+    </message>
+    <message>
+        <source>Last quarter</source>
+        <translation>Letztes Quartal</translation>
+    </message>
+    <message>
+        <source>This year</source>
+        <translation>Dieses Jahr</translation>
+    </message>
+    <message>
+        <source>Last year</source>
+        <translation>Letztes Jahr</translation>
+    </message>
+    <message>
+        <source>Last twelve months</source>
+        <translation>Letzte zwölf Monate</translation>
+    </message>
+    <message>
+        <source>All dates</source>
+        <translation>Alle Daten</translation>
+    </message>
+    <message>
+        <source>From – to</source>
+        <translation>Von – bis</translation>
+    </message>
+    <message>
+        <source>First day</source>
+        <translation>Erster Tag</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Letzter Tag</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ReportsSection</name>
+    <message>
+        <source>Save as CSV</source>
+        <translation>Als CSV speichern</translation>
+    </message>
+    <message>
+        <source>Report</source>
+        <translation>Bericht</translation>
+    </message>
+    <message>
+        <source>Standard (commas and points)</source>
+        <translation>Standard (Kommas und Punkte)</translation>
+    </message>
+    <message>
+        <source>For the spreadsheet program on this machine</source>
+        <translation>Für die Tabellenkalkulation auf diesem Rechner</translation>
+    </message>
+    <message>
+        <source>The report could not be read. %1</source>
+        <translation>Der Bericht konnte nicht gelesen werden. %1</translation>
+    </message>
+    <message>
+        <source>The last day lies before the first. Choose a later one.</source>
+        <translation>Der letzte Tag liegt vor dem ersten. Bitte einen späteren wählen.</translation>
+    </message>
+    <message>
+        <source>Not in this report: amounts in %1.</source>
+        <translation>Nicht in diesem Bericht: Beträge in %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is owed to you.</source>
+        <translation>Keine offenen Forderungen.</translation>
+    </message>
+    <message>
+        <source>There is nothing in this period.</source>
+        <translation>In diesem Zeitraum gibt es nichts.</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RunningTimer</name>
+    <message>
+        <source>Timer</source>
+        <translation>Stoppuhr</translation>
+    </message>
+    <message>
+        <source>Time on the timer</source>
+        <translation>Zeit auf der Stoppuhr</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop the timer</source>
+        <translation>Stoppuhr anhalten</translation>
+    </message>
+    <message>
+        <source>Stop Timer</source>
+        <translation>Stoppuhr anhalten</translation>
+    </message>
+    <message>
+        <source>%1 hours were recorded.</source>
+        <translation>%1 Stunden wurden erfasst.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::SavedViewsButton</name>
+    <message>
+        <source>Views</source>
+        <translation>Ansichten</translation>
+    </message>
+    <message>
+        <source>Saved views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>No view is kept yet</source>
+        <translation>Noch keine Ansicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Keep This View…</source>
+        <translation>Diese Ansicht speichern…</translation>
+    </message>
+    <message>
+        <source>Keep View</source>
+        <translation>Ansicht speichern</translation>
+    </message>
+    <message>
+        <source>Save Changes to “%1”</source>
+        <translation>Änderungen an „%1“ speichern</translation>
+    </message>
+    <message>
+        <source>Change View</source>
+        <translation>Ansicht ändern</translation>
+    </message>
+    <message>
+        <source>Rename “%1”…</source>
+        <translation>„%1“ umbenennen…</translation>
+    </message>
+    <message>
+        <source>Rename View</source>
+        <translation>Ansicht umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete “%1”</source>
+        <translation>„%1“ löschen</translation>
+    </message>
+    <message>
+        <source>Delete View</source>
+        <translation>Ansicht löschen</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::SectionDeck</name>
+    <message>
+        <source>Sections</source>
+        <translation>Bereiche</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::SecurityPage</name>
+    <message>
+        <source>Only when I lock it</source>
+        <translation>Nur auf Wunsch</translation>
+    </message>
+    <message>
+        <source>After a minute without input</source>
+        <translation>Nach einer Minute ohne Eingabe</translation>
+    </message>
+    <message>
+        <source>After %1 minutes without input</source>
+        <translation>Nach %1 Minuten ohne Eingabe</translation>
+    </message>
+    <message>
+        <source>Remove Passphrase</source>
+        <translation>Passwort entfernen</translation>
+    </message>
+    <message>
+        <source>Passphrase until now</source>
+        <translation>Bisheriges Passwort</translation>
+    </message>
+    <message>
+        <source>New passphrase</source>
+        <translation>Neues Passwort</translation>
+    </message>
+    <message>
+        <source>The new one again</source>
+        <translation>Das neue noch einmal</translation>
+    </message>
+    <message>
+        <source>Lock by itself</source>
+        <translation>Von selbst sperren</translation>
+    </message>
+    <message>
+        <source>The lock hides the window and stops assistants. It encrypts nothing: whoever may use this account of the computer can read the library&apos;s files with other programs, and Quillary&apos;s commands in a terminal go on working.</source>
+        <translation>Die Sperre verbirgt das Fenster und hält Assistenten an. Sie verschlüsselt nichts: Wer dieses Benutzerkonto verwenden kann, kann die Dateien der Bibliothek mit anderen Programmen lesen, und Quillarys Befehle im Terminal funktionieren weiter.</translation>
+    </message>
+    <message>
+        <source>Change Passphrase</source>
+        <translation>Passwort ändern</translation>
+    </message>
+    <message>
+        <source>Set Passphrase</source>
+        <translation>Passwort festlegen</translation>
+    </message>
+    <message>
+        <source>A passphrase can&apos;t be read back. Who has forgotten it deletes the file %1 and presses Unlock; the library stays as it is.</source>
+        <translation>Ein Passwort lässt sich nicht wieder auslesen. Wer es vergessen hat, löscht die Datei %1 und wählt „Entsperren“; die Bibliothek bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The new passphrase was typed in two ways. Type it again.</source>
+        <translation>Das neue Passwort wurde zweimal verschieden eingegeben. Bitte noch einmal eingeben.</translation>
+    </message>
+    <message>
+        <source>The passphrase is set. Ctrl+L locks.</source>
+        <translation>Das Passwort ist festgelegt. Strg+L sperrt.</translation>
+    </message>
+    <message>
+        <source>There is no passphrase any more.</source>
+        <translation>Es gibt kein Passwort mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::SettingsSection</name>
+    <message>
+        <source>Groups of settings</source>
+        <translation>Gruppen der Einstellungen</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>AI Assistants</source>
+        <translation>KI-Assistenten</translation>
+    </message>
+    <message>
+        <source>Assistants on this machine can look at your library and prepare documents for you, as far as you allow.</source>
+        <translation>Assistenten auf diesem Rechner können die Bibliothek ansehen und Belege vorbereiten, soweit es hier erlaubt ist.</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Where everything is kept, and its copies.</source>
+        <translation>Wo alles liegt, und die Sicherungen davon.</translation>
+    </message>
+    <message>
+        <source>Change Settings</source>
+        <translation>Einstellungen ändern</translation>
+    </message>
+    <message>
+        <source>Security</source>
+        <translation>Sicherheit</translation>
+    </message>
+    <message>
+        <source>A passphrase that the window asks for when it was locked and when Quillary starts.</source>
+        <translation>Ein Passwort, nach dem das Fenster fragt, wenn es gesperrt war und wenn Quillary startet.</translation>
+    </message>
+    <message>
+        <source>This Computer</source>
+        <translation>Dieser Rechner</translation>
+    </message>
+    <message>
+        <source>How Quillary behaves here; your library doesn&apos;t change.</source>
+        <translation>Wie sich Quillary hier verhält; die Bibliothek ändert sich nicht.</translation>
+    </message>
+    <message>
+        <source>Emails</source>
+        <translation>E-Mails</translation>
+    </message>
+    <message>
+        <source>What an email begins with when it is prepared. Nothing is ever sent by itself.</source>
+        <translation>Womit eine E-Mail beginnt, wenn sie vorbereitet wird. Von selbst wird nie etwas verschickt.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::Sheet</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TimeInvoiceSheet</name>
+    <message>
+        <source>Invoice Time</source>
+        <translation>Zeit abrechnen</translation>
+    </message>
+    <message>
+        <source>Make Draft</source>
+        <translation>Entwurf erstellen</translation>
+    </message>
+    <message>
+        <source>All projects</source>
+        <translation>Alle Projekte</translation>
+    </message>
+    <message>
+        <source>Not rounded</source>
+        <translation>Nicht gerundet</translation>
+    </message>
+    <message>
+        <source>Up to %1 minutes</source>
+        <translation>Auf %1 Minuten</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Each entry</source>
+        <translation>Jeder Eintrag</translation>
+    </message>
+    <message>
+        <source>Whose time is to be billed?</source>
+        <translation>Wessen Zeit soll abgerechnet werden?</translation>
+    </message>
+    <message>
+        <source>Nothing of this client&apos;s time is unbilled.</source>
+        <translation>Alle Zeit für diesen Kunden ist abgerechnet.</translation>
+    </message>
+    <message>
+        <source>%1 hours are unbilled, worth %2.</source>
+        <translation>%1 Stunden im Wert von %2 sind noch nicht abgerechnet.</translation>
+    </message>
+    <message>
+        <source>No hourly rate is set, so the hours cost nothing.</source>
+        <translation>Es ist kein Stundensatz festgelegt, die Stunden kosten also nichts.</translation>
+    </message>
+    <message>
+        <source>What the timer counts is not billed before it is stopped.</source>
+        <translation>Was die Stoppuhr zählt, wird erst abgerechnet, wenn sie steht.</translation>
+    </message>
+    <message>
+        <source>Choose the client whose time is to be billed.</source>
+        <translation>Bitte den Kunden wählen, dessen Zeit abgerechnet werden soll.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TimeModel</name>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>Yesterday</source>
+        <translation>Gestern</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Uhrzeit</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Hours</source>
+        <translation>Stunden</translation>
+    </message>
+    <message>
+        <source>Billed</source>
+        <translation>Abgerechnet</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TimeSection</name>
+    <message>
+        <source>Change…</source>
+        <translation>Ändern…</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Days and their working time</source>
+        <translation>Tage und ihre Arbeitszeit</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>Last thirty days</source>
+        <translation>Letzte dreißig Tage</translation>
+    </message>
+    <message>
+        <source>Last twelve months</source>
+        <translation>Letzte zwölf Monate</translation>
+    </message>
+    <message>
+        <source>Any time</source>
+        <translation>Jederzeit</translation>
+    </message>
+    <message>
+        <source>Add Time…</source>
+        <translation>Zeit eintragen…</translation>
+    </message>
+    <message>
+        <source>Invoice Time…</source>
+        <translation>Zeit abrechnen…</translation>
+    </message>
+    <message>
+        <source>No time in this period. Start the timer, or add what you have worked already.</source>
+        <translation>Keine Zeiten in diesem Zeitraum. Die Stoppuhr starten oder schon geleistete Arbeit eintragen.</translation>
+    </message>
+    <message>
+        <source>The time was recorded.</source>
+        <translation>Die Zeit wurde erfasst.</translation>
+    </message>
+    <message>
+        <source>This time is on an invoice, so it stays as it is. Take its line off the draft first.</source>
+        <translation>Diese Zeit steht auf einer Rechnung und bleibt deshalb, wie sie ist. Zuerst ihre Position aus dem Entwurf nehmen.</translation>
+    </message>
+    <message>
+        <source>Delete Time</source>
+        <translation>Zeit löschen</translation>
+    </message>
+    <message>
+        <source>The entry was deleted. Undo brings it back.</source>
+        <translation>Der Eintrag wurde gelöscht. „Rückgängig“ holt ihn zurück.</translation>
+    </message>
+    <message>
+        <source>The time was billed on a draft.</source>
+        <translation>Die Zeit wurde in einem Entwurf abgerechnet.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TimeSheet</name>
+    <message>
+        <source>Add Time</source>
+        <translation>Zeit eintragen</translation>
+    </message>
+    <message>
+        <source>Change Time</source>
+        <translation>Zeit ändern</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Eintragen</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Will be billed</source>
+        <translation>Wird abgerechnet</translation>
+    </message>
+    <message>
+        <source>9:00–10:30, or how long: 1:30</source>
+        <translation>9:00–10:30, oder wie lange: 1:30</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Notiz</translation>
+    </message>
+    <message>
+        <source>Another entry counts some of the same time.</source>
+        <translation>Ein anderer Eintrag zählt zum Teil dieselbe Zeit.</translation>
+    </message>
+    <message>
+        <source>%1 other entries count some of the same time.</source>
+        <translation>%1 andere Einträge zählen zum Teil dieselbe Zeit.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TimerBar</name>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Nobody is called that. A new client is made in Clients.</source>
+        <translation>Einen Kunden dieses Namens gibt es nicht. Neue Kunden werden unter „Kunden“ angelegt.</translation>
+    </message>
+    <message>
+        <source>Time on the timer</source>
+        <translation>Zeit auf der Stoppuhr</translation>
+    </message>
+    <message>
+        <source>What is worked at</source>
+        <translation>Woran gearbeitet wird</translation>
+    </message>
+    <message>
+        <source>What are you working on?</source>
+        <translation>Woran wird gearbeitet?</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Starten</translation>
+    </message>
+    <message>
+        <source>Start Timer</source>
+        <translation>Stoppuhr starten</translation>
+    </message>
+    <message>
+        <source>Stop Timer</source>
+        <translation>Stoppuhr anhalten</translation>
+    </message>
+    <message>
+        <source>%1 hours were recorded.</source>
+        <translation>%1 Stunden wurden erfasst.</translation>
+    </message>
+    <message>
+        <source>Change Timer</source>
+        <translation>Stoppuhr ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::TrayIcon</name>
+    <message>
+        <source>Open Quillary</source>
+        <translation>Quillary öffnen</translation>
+    </message>
+    <message>
+        <source>Lock</source>
+        <translation>Sperren</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>RecordTexts</name>
+    <message>
+        <source>Items</source>
+        <translation>Artikel</translation>
+    </message>
+    <message>
+        <source>Name or text</source>
+        <translation>Name oder Text</translation>
+    </message>
+    <message>
+        <source>No items yet. What you sell again and again is a few letters away in every document then.</source>
+        <translation>Noch keine Artikel. Was immer wieder verkauft wird, steht dann in jedem Beleg nach wenigen Buchstaben bereit.</translation>
+    </message>
+    <message>
+        <source>New Item</source>
+        <translation>Neuer Artikel</translation>
+    </message>
+    <message>
+        <source>Change Item</source>
+        <translation>Artikel ändern</translation>
+    </message>
+    <message>
+        <source>Remove Item</source>
+        <translation>Artikel entfernen</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Price, net</source>
+        <translation>Preis, netto</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Such as hour or piece</source>
+        <translation>Zum Beispiel Stunde oder Stück</translation>
+    </message>
+    <message>
+        <source>Tax rate</source>
+        <translation>Steuersatz</translation>
+    </message>
+    <message>
+        <source>The usual one</source>
+        <translation>Der übliche</translation>
+    </message>
+    <message>
+        <source>Text below the name</source>
+        <translation>Text unter dem Namen</translation>
+    </message>
+    <message>
+        <source>Projects</source>
+        <translation>Projekte</translation>
+    </message>
+    <message>
+        <source>No projects yet. They keep the documents and the time of one piece of work together.</source>
+        <translation>Noch keine Projekte. Sie halten die Belege und die Zeiten eines Auftrags zusammen.</translation>
+    </message>
+    <message>
+        <source>New Project</source>
+        <translation>Neues Projekt</translation>
+    </message>
+    <message>
+        <source>Change Project</source>
+        <translation>Projekt ändern</translation>
+    </message>
+    <message>
+        <source>Remove Project</source>
+        <translation>Projekt entfernen</translation>
+    </message>
+    <message>
+        <source>Done: takes no more documents and time</source>
+        <translation>Abgeschlossen: nimmt keine Belege und Zeiten mehr auf</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Einheiten</translation>
+    </message>
+    <message>
+        <source>No units of your own. Hour, day, piece and many others are there anyway.</source>
+        <translation>Keine eigenen Einheiten. Stunde, Tag, Stück und viele andere sind ohnehin da.</translation>
+    </message>
+    <message>
+        <source>New Unit</source>
+        <translation>Neue Einheit</translation>
+    </message>
+    <message>
+        <source>Change Unit</source>
+        <translation>Einheit ändern</translation>
+    </message>
+    <message>
+        <source>Remove Unit</source>
+        <translation>Einheit entfernen</translation>
+    </message>
+    <message>
+        <source>Word for one</source>
+        <translation>Einzahl</translation>
+    </message>
+    <message>
+        <source>Word for several</source>
+        <translation>Mehrzahl</translation>
+    </message>
+    <message>
+        <source>Code</source>
+        <translation>Kürzel</translation>
+    </message>
+    <message>
+        <source>UN/ECE Recommendation 20, such as HUR</source>
+        <translation>UN/ECE-Empfehlung 20, zum Beispiel HUR</translation>
+    </message>
+    <message>
+        <source>Tax Rates</source>
+        <translation>Steuersätze</translation>
+    </message>
+    <message>
+        <source>No tax rates. Lines are without tax until there is one.</source>
+        <translation>Keine Steuersätze. Solange es keinen gibt, sind Positionen ohne Steuer.</translation>
+    </message>
+    <message>
+        <source>New Tax Rate</source>
+        <translation>Neuer Steuersatz</translation>
+    </message>
+    <message>
+        <source>Change Tax Rate</source>
+        <translation>Steuersatz ändern</translation>
+    </message>
+    <message>
+        <source>Remove Tax Rate</source>
+        <translation>Steuersatz entfernen</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>New lines take this rate</source>
+        <translation>Neue Positionen nehmen diesen Satz</translation>
+    </message>
+    <message>
+        <source>Above the lines</source>
+        <translation>Über den Positionen</translation>
+    </message>
+    <message>
+        <source>Below the lines</source>
+        <translation>Unter den Positionen</translation>
+    </message>
+    <message>
+        <source>Texts</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>No saved texts. What you write above or below the lines again and again can be kept here.</source>
+        <translation>Keine gespeicherten Texte. Was immer wieder über oder unter den Positionen steht, lässt sich hier aufheben.</translation>
+    </message>
+    <message>
+        <source>New Text</source>
+        <translation>Neuer Text</translation>
+    </message>
+    <message>
+        <source>Change Text</source>
+        <translation>Text ändern</translation>
+    </message>
+    <message>
+        <source>Remove Text</source>
+        <translation>Text entfernen</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+</context>
+<context>
+    <name>RhythmText</name>
+    <message>
+        <source>%1st</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>%1nd</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>%1rd</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>%1th</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>Every week</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message>
+        <source>Every %1 weeks</source>
+        <translation>Alle %1 Wochen</translation>
+    </message>
+    <message>
+        <source>Every month on the %1</source>
+        <translation>Monatlich am %1</translation>
+    </message>
+    <message>
+        <source>Every %1 months on the %2</source>
+        <translation>Alle %1 Monate am %2</translation>
+    </message>
+    <message>
+        <source>Every quarter on the %1</source>
+        <translation>Vierteljährlich am %1</translation>
+    </message>
+    <message>
+        <source>Every %1 quarters on the %2</source>
+        <translation>Alle %1 Quartale am %2</translation>
+    </message>
+    <message>
+        <source>Every year on the %1</source>
+        <translation>Jährlich am %1</translation>
+    </message>
+    <message>
+        <source>Every %1 years on the %2</source>
+        <translation>Alle %1 Jahre am %2</translation>
+    </message>
+    <message>
+        <source>A schedule of a newer Quillary</source>
+        <translation>Ein Zeitplan aus einem neueren Quillary</translation>
+    </message>
+    <message>
+        <source>%1, %2 of %3 made</source>
+        <translation>%1, %2 von %3 erstellt</translation>
+    </message>
+    <message>
+        <source>%1, until %2</source>
+        <translation>%1, bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingTexts</name>
+    <message>
+        <source>VAT</source>
+        <translation>USt.</translation>
+    </message>
+    <message>
+        <source>GST</source>
+        <translation>GST</translation>
+    </message>
+    <message>
+        <source>Sales tax</source>
+        <translation>Verkaufssteuer</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Words of your own</source>
+        <translation>Eigene Bezeichnung</translation>
+    </message>
+    <message>
+        <source>No late fee</source>
+        <translation>Keine Mahngebühr</translation>
+    </message>
+    <message>
+        <source>A fixed amount</source>
+        <translation>Ein fester Betrag</translation>
+    </message>
+    <message>
+        <source>A share of what is open</source>
+        <translation>Ein Anteil des offenen Betrags</translation>
+    </message>
+    <message>
+        <source>US Letter</source>
+        <translation>US Letter</translation>
+    </message>
+    <message>
+        <source>A4</source>
+        <translation>A4</translation>
+    </message>
+    <message>
+        <source>As usual</source>
+        <translation>Wie üblich</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Street</source>
+        <translation>Straße</translation>
+    </message>
+    <message>
+        <source>Postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Not given</source>
+        <translation>Keine Angabe</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Language of documents</source>
+        <translation>Sprache der Belege</translation>
+    </message>
+    <message>
+        <source>Days to pay</source>
+        <translation>Zahlungsziel in Tagen</translation>
+    </message>
+    <message>
+        <source>Account holder</source>
+        <translation>Kontoinhaber</translation>
+    </message>
+    <message>
+        <source>Bank</source>
+        <translation>Bank</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>BIC</source>
+        <translation>BIC</translation>
+    </message>
+    <message>
+        <source>Account number</source>
+        <translation>Kontonummer</translation>
+    </message>
+    <message>
+        <source>Bank code</source>
+        <translation>Bankleitzahl</translation>
+    </message>
+    <message>
+        <source>UPI ID</source>
+        <translation>UPI-ID</translation>
+    </message>
+    <message>
+        <source>name@bank</source>
+        <translation>name@bank</translation>
+    </message>
+    <message>
+        <source>Print a QR code for paying</source>
+        <translation>QR-Code zum Bezahlen drucken</translation>
+    </message>
+    <message>
+        <source>Design</source>
+        <translation>Vorlage</translation>
+    </message>
+    <message>
+        <source>Accent colour</source>
+        <translation>Akzentfarbe</translation>
+    </message>
+    <message>
+        <source>#1F4E8C</source>
+        <translation>#1F4E8C</translation>
+    </message>
+    <message>
+        <source>Typeface</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Place of the logo</source>
+        <translation>Position des Logos</translation>
+    </message>
+    <message>
+        <source>Size of the logo</source>
+        <translation>Größe des Logos</translation>
+    </message>
+    <message>
+        <source>Print the client number</source>
+        <translation>Kundennummer drucken</translation>
+    </message>
+    <message>
+        <source>Print your contact details</source>
+        <translation>Eigene Kontaktdaten drucken</translation>
+    </message>
+    <message>
+        <source>Units not offered</source>
+        <translation>Ausgeblendete Einheiten</translation>
+    </message>
+    <message>
+        <source>Such as day, kilometre</source>
+        <translation>Zum Beispiel Tag, Kilometer</translation>
+    </message>
+    <message>
+        <source>Foot of the page</source>
+        <translation>Fußzeile</translation>
+    </message>
+    <message>
+        <source>The first reminder</source>
+        <translation>Zahlungserinnerung</translation>
+    </message>
+    <message>
+        <source>The second reminder</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>The third reminder</source>
+        <translation>Letzte Mahnung</translation>
+    </message>
+    <message>
+        <source>Days to pay after a reminder</source>
+        <translation>Zahlungsfrist nach einer Mahnung in Tagen</translation>
+    </message>
+    <message>
+        <source>Late fee</source>
+        <translation>Mahngebühr</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Beginning with</source>
+        <translation>Ab</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Unternehmen</translation>
+    </message>
+    <message>
+        <source>Who your documents come from.</source>
+        <translation>Von wem die Belege kommen.</translation>
+    </message>
+    <message>
+        <source>Bank &amp; QR</source>
+        <translation>Bank &amp; QR</translation>
+    </message>
+    <message>
+        <source>Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code that the client&apos;s banking app reads.</source>
+        <translation>Wohin das Geld geht. Mit einer IBAN, einer UPI-ID oder den Angaben des eigenen Landes kann eine Rechnung einen Code tragen, den die Banking-App des Kunden liest.</translation>
+    </message>
+    <message>
+        <source>Numbering</source>
+        <translation>Nummern</translation>
+    </message>
+    <message>
+        <source>How numbers and file names are made.</source>
+        <translation>Wie Nummern und Dateinamen gebildet werden.</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>Quotes</source>
+        <translation>Angebote</translation>
+    </message>
+    <message>
+        <source>Credit notes</source>
+        <translation>Gutschriften</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Kunden</translation>
+    </message>
+    <message>
+        <source>File names</source>
+        <translation>Dateinamen</translation>
+    </message>
+    <message>
+        <source>Taxes</source>
+        <translation>Steuern</translation>
+    </message>
+    <message>
+        <source>The rates themselves are in the catalog.</source>
+        <translation>Die Sätze selbst stehen im Katalog.</translation>
+    </message>
+    <message>
+        <source>The tax is called</source>
+        <translation>Bezeichnung der Steuer</translation>
+    </message>
+    <message>
+        <source>You charge no tax</source>
+        <translation>Ohne Steuer abrechnen</translation>
+    </message>
+    <message>
+        <source>Why, on your invoices</source>
+        <translation>Begründung auf Rechnungen</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Gestaltung</translation>
+    </message>
+    <message>
+        <source>How your documents look.</source>
+        <translation>Wie die Belege aussehen.</translation>
+    </message>
+    <message>
+        <source>Texts</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>What new documents begin and end with.</source>
+        <translation>Womit neue Belege anfangen und enden.</translation>
+    </message>
+    <message>
+        <source>Above the lines of an invoice</source>
+        <translation>Über den Positionen einer Rechnung</translation>
+    </message>
+    <message>
+        <source>Below them</source>
+        <translation>Darunter</translation>
+    </message>
+    <message>
+        <source>Above the lines of a quote</source>
+        <translation>Über den Positionen eines Angebots</translation>
+    </message>
+    <message>
+        <source>Reminders</source>
+        <translation>Mahnungen</translation>
+    </message>
+    <message>
+        <source>What happens when an invoice stays open.</source>
+        <translation>Was geschieht, wenn eine Rechnung offen bleibt.</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeiten</translation>
+    </message>
+    <message>
+        <source>What tracked time becomes on an invoice.</source>
+        <translation>Was aus erfasster Zeit auf einer Rechnung wird.</translation>
+    </message>
+    <message>
+        <source>Hourly rate</source>
+        <translation>Stundensatz</translation>
+    </message>
+    <message>
+        <source>Rounded up to minutes</source>
+        <translation>Aufgerundet auf Minuten</translation>
+    </message>
+    <message>
+        <source>Next number: %1</source>
+        <translation>Nächste Nummer: %1</translation>
+    </message>
+    <message>
+        <source>Example: %1</source>
+        <translation>Beispiel: %1</translation>
+    </message>
+</context>
+<context>
+    <name>StatusText</name>
+    <message>
+        <source>Overdue since yesterday</source>
+        <translation>Seit gestern überfällig</translation>
+    </message>
+    <message>
+        <source>Overdue by %1 days</source>
+        <translation>Seit %1 Tagen überfällig</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>Quotes</source>
+        <translation>Angebote</translation>
+    </message>
+    <message>
+        <source>Credit Notes</source>
+        <translation>Gutschriften</translation>
+    </message>
+    <message>
+        <source>Recurring</source>
+        <translation>Wiederkehrend</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>New Quote</source>
+        <translation>Neues Angebot</translation>
+    </message>
+    <message>
+        <source>New Credit Note</source>
+        <translation>Neue Gutschrift</translation>
+    </message>
+    <message>
+        <source>New Recurring Invoice</source>
+        <translation>Neue wiederkehrende Rechnung</translation>
+    </message>
+</context>
+<context>
+    <name>TimeText</name>
+    <message>
+        <source>On a draft</source>
+        <translation>In einem Entwurf</translation>
+    </message>
+    <message>
+        <source>Not billable</source>
+        <translation>Nicht abrechenbar</translation>
+    </message>
+</context>
+</TS>
