@@ -1,5 +1,7 @@
 #include "QuillaryUI/Paper/PaperView.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -29,12 +31,20 @@ void drawShadow(QPainter& painter, const QRect& page)
     }
 }
 
+/// Who listens to the screen hears of a document there.
+QAccessibleInterface* describe(const QString& /*className*/, QObject* object)
+{
+    auto* paper = qobject_cast<PaperView*>(object);
+    return paper != nullptr ? new QAccessibleWidget(paper, QAccessible::Document) : nullptr;
+}
+
 } // namespace
 
 PaperView::PaperView(PagePress& press, QWidget* parent)
     : QAbstractScrollArea(parent)
     , m_press(press)
 {
+    QAccessible::installFactory(describe); // once, however often it is said
     setObjectName(QStringLiteral("paper"));
     setAccessibleName(tr("The document's page"));
     setFrameShape(QFrame::NoFrame);
