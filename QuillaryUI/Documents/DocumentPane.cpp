@@ -360,7 +360,8 @@ void DocumentPane::fillRelated(const Document& document)
     const auto link = [this](const Document& other) {
         const DisplayStatus shown = displayStatus(other, m_library.today(), m_library.formats().calendar());
         const bool isTemplate = kind(other) == DocumentKind::recurring;
-        const QString name = isTemplate && !other.title.empty() ? text(other.title) : text(documentName(other));
+        const QString name =
+            isTemplate && !other.title.empty() ? text(other.title) : CoreText::sentence(documentName(other));
         const QString words = isTemplate ? name : tr("%1 (%2)").arg(name, StatusText::word(shown, kind(other)));
         return QStringLiteral("<a href=\"%1\">%2</a>").arg(other.ref.key()).arg(words.toHtmlEscaped());
     };

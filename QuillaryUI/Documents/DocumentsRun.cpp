@@ -3,6 +3,7 @@
 #include "QuillaryCore/Documents/DocumentName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -149,8 +150,9 @@ void DocumentsRun::finish()
         for (const Failure& failure : m_failures) {
             const Document* document =
                 m_library.isOpen() ? m_library.context().find(Ref<Document>(failure.document)) : nullptr;
-            lines.push_back(document == nullptr ? failure.sentence
-                                                : tr("%1: %2").arg(text(documentName(*document)), failure.sentence));
+            lines.push_back(document == nullptr
+                                ? failure.sentence
+                                : tr("%1: %2").arg(CoreText::sentence(documentName(*document)), failure.sentence));
         }
         m_title->setText(m_failures.size() == 1 ? tr("1 of %1 could not be done.").arg(m_next)
                                                 : tr("%1 of %2 could not be done.").arg(m_failures.size()).arg(m_next));

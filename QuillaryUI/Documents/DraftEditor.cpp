@@ -124,6 +124,7 @@ DraftEditor::DraftEditor(LibraryAccess& library, QWidget* parent)
     , m_fees(new FeesModel(m_desk, this))
 {
     setObjectName(QStringLiteral("draftEditor"));
+    setFocusPolicy(Qt::NoFocus); // its fields have it
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setMinimumWidth(leastWidth);

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Schedules/RecurringSetup.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -111,7 +112,7 @@ void MakeRecurringSheet::begin()
     setExplanation(
         tr("Invoices with the contents of %1 are made by themselves, beginning with the next one. %1 stays as "
            "it is.")
-            .arg(text(documentName(invoice))));
+            .arg(CoreText::sentence(documentName(invoice))));
     const QSignalBlocker blocker(m_lastDay);
     m_lastDay->setDate(m_library.formats().qDate(m_library.now()).addYears(1));
     showDates();

@@ -28,10 +28,10 @@ struct Letter
     std::string name;
 };
 
-QString translated(const char* english)
+struct Words
 {
-    return QCoreApplication::translate("ReminderWriting", english);
-}
+    Q_DECLARE_TR_FUNCTIONS(ReminderWriting)
+};
 
 const Document* found(const LibraryAccess& library, std::int64_t key)
 {
@@ -42,10 +42,10 @@ const Document* found(const LibraryAccess& library, std::int64_t key)
 void record(const Letter& letter)
 {
     const ReminderDetails& details = letter.planned.notice.details;
-    const auto refusal = letter.library->perform(translated("Send Reminder"), [&] {
+    const auto refusal = letter.library->perform(Words::tr("Send Reminder"), [&] {
         const Document* document = found(*letter.library, letter.planned.document);
         if (document == nullptr) {
-            throw UserError(utf8(translated("The invoice isn't there any more.")));
+            throw UserError(utf8(Words::tr("The invoice isn't there any more.")));
         }
         addReminder(letter.library->context(),
                     *document,
@@ -65,7 +65,7 @@ Outcome finish(const Letter& letter, const PrintResult& result)
         return text(error->message());
     }
     if (!letter.library) {
-        return translated("The library was closed before the letter was printed.");
+        return Words::tr("The library was closed before the letter was printed.");
     }
     if (const auto refused = refusal(*letter.library, letter.planned)) {
         return *refused; // paid meanwhile, or reminded of
@@ -104,7 +104,7 @@ std::optional<QString> refusal(const LibraryAccess& library, const PlannedRemind
 {
     const Document* document = found(library, planned.document);
     if (document == nullptr) {
-        return translated("The invoice isn't there any more.");
+        return Words::tr("The invoice isn't there any more.");
     }
     const auto sentence = checkReminder(
         library.context(), *document, planned.notice.details, planned.notice.date, library.formats().calendar());

@@ -6,9 +6,8 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
-
-#include <QCoreApplication>
 
 #include <string>
 #include <utility>
@@ -40,8 +39,7 @@ void RemindersModel::add(const LibraryAccess& library, const PlannedReminder& pl
     if (row.refusal) {
         row.texts[levelColumn] = *row.refusal;
     } else {
-        row.texts[levelColumn] =
-            QCoreApplication::translate("ReminderLevel", std::string(title(details.level)).c_str());
+        row.texts[levelColumn] = CoreText::word(title(details.level));
         row.texts[feeColumn] =
             details.feeMinorUnits == 0 ? tr("None") : formats.money(details.feeMinorUnits, record.currencyCode);
         row.texts[payByColumn] = formats.date(details.payBy);

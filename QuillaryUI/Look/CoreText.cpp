@@ -125,6 +125,13 @@ namespace {
     QT_TRANSLATE_NOOP("Core", "Small"),
     QT_TRANSLATE_NOOP("Core", "Medium"),
     QT_TRANSLATE_NOOP("Core", "Large"),
+    // patterns of numbers
+    QT_TRANSLATE_NOOP("Core", "Year, restarts every year"),
+    QT_TRANSLATE_NOOP("Core", "Year and month, restarts every month"),
+    QT_TRANSLATE_NOOP("Core", "Counter that never restarts"),
+    QT_TRANSLATE_NOOP("Core", "Client number, counts per client"),
+    QT_TRANSLATE_NOOP("Core", "Counter"),
+    QT_TRANSLATE_NOOP("Core", "Year and counter"),
     // what stands in an email
     QT_TRANSLATE_NOOP("Core", "Who you're writing to"),
     QT_TRANSLATE_NOOP("Core", "The client's name"),

@@ -4,11 +4,11 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Numbering/NumberPatterns.h"
 #include "QuillaryCore/Numbering/Numbering.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -84,7 +84,7 @@ void NumberingForm::offer(NumberedKind kind, QLineEdit& line)
     menu->setObjectName(QStringLiteral("presets_") + patternField(kind));
     for (const NumberPreset& preset : presets(kind)) {
         const QString pattern = text(preset.pattern);
-        const QString title = QCoreApplication::translate("NumberPreset", std::string(preset.title).c_str());
+        const QString title = CoreText::word(preset.title);
         menu->addAction(QStringLiteral("%1\t%2").arg(title, pattern), this, [this, &line, pattern] {
             line.setText(pattern);
             m_form.flush();

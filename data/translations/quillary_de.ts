@@ -698,6 +698,70 @@
         <source>Your business name</source>
         <translation>Name des Unternehmens</translation>
     </message>
+    <message>
+        <source>Yes, reverse charge</source>
+        <translation>Ja, Reverse-Charge</translation>
+    </message>
+    <message>
+        <source>They have none: charge VAT as usual</source>
+        <translation>Es gibt keine: Umsatzsteuer wie üblich berechnen</translation>
+    </message>
+    <message>
+        <source>The same day as the invoice</source>
+        <translation>Derselbe Tag wie die Rechnung</translation>
+    </message>
+    <message>
+        <source>This month</source>
+        <translation>Dieser Monat</translation>
+    </message>
+    <message>
+        <source>Last month</source>
+        <translation>Letzter Monat</translation>
+    </message>
+    <message>
+        <source>Nothing, it&apos;s free</source>
+        <translation>Nichts, es ist kostenlos</translation>
+    </message>
+    <message>
+        <source>%1, as usual</source>
+        <translation>%1, wie üblich</translation>
+    </message>
+    <message>
+        <source>%1, as it is</source>
+        <translation>%1, wie es ist</translation>
+    </message>
+    <message>
+        <source>No, charge %1 as usual</source>
+        <translation>Nein, %1 wie üblich berechnen</translation>
+    </message>
+    <message>
+        <source>Yes, without %1</source>
+        <translation>Ja, ohne %1</translation>
+    </message>
+    <message>
+        <source>Year, restarts every year</source>
+        <translation>Jahr, beginnt jedes Jahr neu</translation>
+    </message>
+    <message>
+        <source>Year and month, restarts every month</source>
+        <translation>Jahr und Monat, beginnt jeden Monat neu</translation>
+    </message>
+    <message>
+        <source>Counter that never restarts</source>
+        <translation>Zähler ohne Neubeginn</translation>
+    </message>
+    <message>
+        <source>Client number, counts per client</source>
+        <translation>Kundennummer, zählt je Kunde</translation>
+    </message>
+    <message>
+        <source>Counter</source>
+        <translation>Zähler</translation>
+    </message>
+    <message>
+        <source>Year and counter</source>
+        <translation>Jahr und Zähler</translation>
+    </message>
 </context>
 <context>
     <name>PaperPrinting</name>
@@ -717,8 +781,12 @@
         <translation>Position verschieben</translation>
     </message>
     <message>
-        <source>Change Document</source>
-        <translation>Beleg ändern</translation>
+        <source>Make Sub-Line</source>
+        <translation>Zur Unterposition machen</translation>
+    </message>
+    <message>
+        <source>Take Out of Line</source>
+        <translation>Aus der Position lösen</translation>
     </message>
 </context>
 <context>
@@ -1401,6 +1469,13 @@
     </message>
 </context>
 <context>
+    <name>Quillary::DesktopNotices</name>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::DocumentFilterBar</name>
     <message>
         <source>Any time</source>
@@ -1715,6 +1790,81 @@
         <source>Print…</source>
         <translation>Drucken…</translation>
     </message>
+    <message>
+        <source>New Invoice Like the Client&apos;s Last</source>
+        <translation>Neue Rechnung wie die letzte des Kunden</translation>
+    </message>
+    <message>
+        <source>Make Recurring…</source>
+        <translation>Wiederkehrend machen…</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Credits %1</source>
+        <translation>Gutschrift zu %1</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <translation>Aus %1</translation>
+    </message>
+    <message>
+        <source>Led to %1</source>
+        <translation>Daraus entstanden: %1</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>A draft like the client&apos;s last invoice was made.</source>
+        <translation>Ein Entwurf wie die letzte Rechnung des Kunden wurde erstellt.</translation>
+    </message>
+    <message>
+        <source>The recurring invoice was made.</source>
+        <translation>Die wiederkehrende Rechnung wurde angelegt.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DocumentsRun</name>
+    <message>
+        <source>Progress</source>
+        <translation>Fortschritt</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v von %m</translation>
+    </message>
+    <message>
+        <source>What failed</source>
+        <translation>Was nicht ging</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancelled. Nothing was done.</source>
+        <translation>Abgebrochen. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 of %1 could not be done.</source>
+        <translation>1 von %1 ging nicht.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 could not be done.</source>
+        <translation>%1 von %2 gingen nicht.</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::DocumentsSection</name>
@@ -1850,14 +2000,6 @@
         <translation> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Gesamt %1&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>Nothing is missing.</source>
-        <translation>Es fehlt nichts.</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;What&apos;s missing&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</source>
-        <translation>&lt;b&gt;Was noch fehlt&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</translation>
-    </message>
-    <message>
         <source>Change Document</source>
         <translation>Beleg ändern</translation>
     </message>
@@ -1866,20 +2008,98 @@
         <translation>Steuer ändern</translation>
     </message>
     <message>
-        <source>A discount in percent is 0 to 100, such as 7.5%.</source>
-        <translation>Ein Rabatt in Prozent liegt zwischen 0 und 100, zum Beispiel 7,5 %.</translation>
-    </message>
-    <message>
-        <source>Change Discount</source>
-        <translation>Rabatt ändern</translation>
-    </message>
-    <message>
-        <source>Write a discount as 10% or as an amount such as 50.00.</source>
-        <translation>Einen Rabatt als 10 % oder als Betrag wie 50,00 eingeben.</translation>
-    </message>
-    <message>
         <source>Write a date such as %1, or two with a dash between them.</source>
         <translation>Ein Datum wie %1 eingeben oder zwei mit einem Strich dazwischen.</translation>
+    </message>
+    <message>
+        <source>Valid until</source>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>Copy the lines of the last invoice</source>
+        <translation>Positionen der letzten Rechnung übernehmen</translation>
+    </message>
+    <message>
+        <source>Copy Lines</source>
+        <translation>Positionen übernehmen</translation>
+    </message>
+    <message>
+        <source>Write a discount as a percentage from 0% to 100%, or as an amount such as 50.00.</source>
+        <translation>Einen Rabatt als Prozentsatz von 0 % bis 100 % oder als Betrag wie 50,00 eingeben.</translation>
+    </message>
+    <message>
+        <source>Fees</source>
+        <translation>Gebühren</translation>
+    </message>
+    <message>
+        <source>Project, tags, language and currency</source>
+        <translation>Projekt, Schlagwörter, Sprache und Währung</translation>
+    </message>
+    <message>
+        <source>No project</source>
+        <translation>Kein Projekt</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>With commas between them</source>
+        <translation>Mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>Schlagwörter</translation>
+    </message>
+    <message>
+        <source>A currency has three letters, such as EUR.</source>
+        <translation>Eine Währung hat drei Buchstaben, zum Beispiel EUR.</translation>
+    </message>
+    <message>
+        <source>Due on %1</source>
+        <translation>Fällig am %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DraftFields</name>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DueTeller</name>
+    <message>
+        <source>An invoice</source>
+        <translation>Eine Rechnung</translation>
+    </message>
+    <message>
+        <source>%1 is due today</source>
+        <translation>%1 ist heute fällig</translation>
+    </message>
+    <message>
+        <source>%1 is overdue since yesterday</source>
+        <translation>%1 ist seit gestern überfällig</translation>
+    </message>
+    <message>
+        <source>%1 is overdue by %2 days</source>
+        <translation>%1 ist seit %2 Tagen überfällig</translation>
+    </message>
+    <message>
+        <source>%1 more invoices are overdue</source>
+        <translation>%1 weitere Rechnungen sind überfällig</translation>
+    </message>
+    <message>
+        <source>%1 invoices are due today</source>
+        <translation>%1 Rechnungen sind heute fällig</translation>
+    </message>
+    <message>
+        <source>%1 recurring invoices were made</source>
+        <translation>%1 wiederkehrende Rechnungen wurden erstellt</translation>
+    </message>
+    <message>
+        <source>The recurring invoice %1 was made</source>
+        <translation>Die wiederkehrende Rechnung %1 wurde erstellt</translation>
     </message>
 </context>
 <context>
@@ -1929,10 +2149,6 @@
         <translation>Ein Entwurf mit %1 für das Mailprogramm. Von hier wird nichts verschickt.</translation>
     </message>
     <message>
-        <source>Something is still missing in it; “Edit” shows what. </source>
-        <translation>Darin fehlt noch etwas; „Bearbeiten“ zeigt, was. </translation>
-    </message>
-    <message>
         <source>%1 &lt;%2&gt;</source>
         <translation>%1 &lt;%2&gt;</translation>
     </message>
@@ -1943,6 +2159,10 @@
     <message>
         <source>The document isn&apos;t there any more.</source>
         <translation>Den Beleg gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Something is missing in the document; its editor says what.</source>
+        <translation>Im Beleg fehlt noch etwas; „Bearbeiten“ zeigt, was.</translation>
     </message>
 </context>
 <context>
@@ -2022,6 +2242,29 @@
     <message>
         <source>Change Email Text</source>
         <translation>E-Mail-Text ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::FeesModel</name>
+    <message>
+        <source>Add a fee, such as shipping…</source>
+        <translation>Gebühr hinzufügen, zum Beispiel Versand…</translation>
+    </message>
+    <message>
+        <source>“%1” is no number. Write it as 12.50.</source>
+        <translation>„%1“ ist keine Zahl. Als 12,50 eingeben.</translation>
+    </message>
+    <message>
+        <source>Add Fee</source>
+        <translation>Gebühr hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Fee</source>
+        <translation>Gebühr ändern</translation>
+    </message>
+    <message>
+        <source>Remove Fee</source>
+        <translation>Gebühr entfernen</translation>
     </message>
 </context>
 <context>
@@ -2322,12 +2565,40 @@
         <source>Paste Lines</source>
         <translation>Positionen einfügen</translation>
     </message>
+    <message>
+        <source>Drag the number to move the line.</source>
+        <translation>An der Nummer ziehen, um die Position zu verschieben.</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::LinesTable</name>
     <message>
         <source>Lines</source>
         <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Line numbers</source>
+        <translation>Positionsnummern</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Make It a Sub-Line</source>
+        <translation>Zur Unterposition machen</translation>
+    </message>
+    <message>
+        <source>Take It Out of Its Line</source>
+        <translation>Aus der Position lösen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
     </message>
 </context>
 <context>
@@ -2390,6 +2661,13 @@
     <message>
         <source>Remove Logo</source>
         <translation>Logo entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LookPage</name>
+    <message>
+        <source>A page in this look</source>
+        <translation>Eine Seite in dieser Gestaltung</translation>
     </message>
 </context>
 <context>
@@ -2479,16 +2757,102 @@
         <translation>Kein Beleg ausgewählt</translation>
     </message>
     <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
         <source>Set a passphrase first: the lock asks for it.</source>
         <translation>Zuerst ein Passwort festlegen: Die Sperre fragt danach.</translation>
     </message>
     <message>
         <source>Lock</source>
         <translation>Sperren</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::MakeRecurringSheet</name>
+    <message>
+        <source>Make Recurring</source>
+        <translation>Wiederkehrend machen</translation>
+    </message>
+    <message>
+        <source>Mark its invoices as sent at once</source>
+        <translation>Rechnungen gleich als verschickt markieren</translation>
+    </message>
+    <message>
+        <source>Every how many</source>
+        <translation>Alle wie viele</translation>
+    </message>
+    <message>
+        <source>Weeks, months, quarters or years</source>
+        <translation>Wochen, Monate, Quartale oder Jahre</translation>
+    </message>
+    <message>
+        <source>weeks</source>
+        <translation>Wochen</translation>
+    </message>
+    <message>
+        <source>months</source>
+        <translation>Monate</translation>
+    </message>
+    <message>
+        <source>quarters</source>
+        <translation>Quartale</translation>
+    </message>
+    <message>
+        <source>years</source>
+        <translation>Jahre</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>After a number of invoices</source>
+        <translation>Nach einer Anzahl Rechnungen</translation>
+    </message>
+    <message>
+        <source>On a date</source>
+        <translation>An einem Datum</translation>
+    </message>
+    <message>
+        <source>Invoices in all</source>
+        <translation>Rechnungen insgesamt</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Next invoice</source>
+        <translation>Nächste Rechnung</translation>
+    </message>
+    <message>
+        <source>Ends</source>
+        <translation>Endet</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Letzter Tag</translation>
+    </message>
+    <message>
+        <source>Invoices with the contents of %1 are made by themselves, beginning with the next one. %1 stays as it is.</source>
+        <translation>Rechnungen mit dem Inhalt von %1 entstehen von selbst, beginnend mit der nächsten. %1 bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::NumberingForm</name>
+    <message>
+        <source>Choose a pattern</source>
+        <translation>Ein Muster wählen</translation>
+    </message>
+    <message>
+        <source>Next number: %1</source>
+        <translation>Nächste Nummer: %1</translation>
+    </message>
+    <message>
+        <source>Write a whole number from 1 to %1.</source>
+        <translation>Eine ganze Zahl von 1 bis %1 eingeben.</translation>
     </message>
 </context>
 <context>
@@ -2653,6 +3017,33 @@
     </message>
 </context>
 <context>
+    <name>Quillary::PresetButton</name>
+    <message>
+        <source>Texts</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Your saved texts</source>
+        <translation>Gespeicherte Texte</translation>
+    </message>
+    <message>
+        <source>Saved introductions</source>
+        <translation>Gespeicherte Einleitungen</translation>
+    </message>
+    <message>
+        <source>Saved closing texts</source>
+        <translation>Gespeicherte Schlusstexte</translation>
+    </message>
+    <message>
+        <source>Keep This Text</source>
+        <translation>Diesen Text speichern</translation>
+    </message>
+    <message>
+        <source>Keep Text</source>
+        <translation>Text speichern</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::ProgramPage</name>
     <message>
         <source>Closing the window leaves Quillary in the tray</source>
@@ -2707,6 +3098,13 @@
     <message>
         <source>%1   %2</source>
         <translation>%1   %2</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::QuietNotice</name>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
     </message>
 </context>
 <context>
@@ -2872,6 +3270,76 @@
     </message>
 </context>
 <context>
+    <name>Quillary::RemindersModel</name>
+    <message>
+        <source>No client</source>
+        <translation>Ohne Kunden</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Invoice</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Offen</translation>
+    </message>
+    <message>
+        <source>Letter</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>Late fee</source>
+        <translation>Mahngebühr</translation>
+    </message>
+    <message>
+        <source>Pay by</source>
+        <translation>Zahlbar bis</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RemindersSheet</name>
+    <message>
+        <source>Send Reminders</source>
+        <translation>Mahnen</translation>
+    </message>
+    <message>
+        <source>Reminders</source>
+        <translation>Mahnungen</translation>
+    </message>
+    <message>
+        <source>The letter</source>
+        <translation>Das Schreiben</translation>
+    </message>
+    <message>
+        <source>The letters are saved as PDFs in your downloads and recorded with their fees. Nothing is sent by itself.</source>
+        <translation>Die Schreiben werden als PDF bei den Downloads gespeichert und mit ihren Gebühren erfasst. Verschickt wird nichts von selbst.</translation>
+    </message>
+    <message>
+        <source>One of them can&apos;t be reminded of and is left out.</source>
+        <translation>Eine davon kann nicht gemahnt werden und wird ausgelassen.</translation>
+    </message>
+    <message>
+        <source>%1 of them can&apos;t be reminded of and are left out.</source>
+        <translation>%1 davon können nicht gemahnt werden und werden ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Write 1 Letter</source>
+        <translation>1 Schreiben erstellen</translation>
+    </message>
+    <message>
+        <source>Write %1 Letters</source>
+        <translation>%1 Schreiben erstellen</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::ReportPicker</name>
     <message>
         <source>Report</source>
@@ -2999,6 +3467,33 @@
     <message>
         <source>Saved as %1</source>
         <translation>Gespeichert als %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ReviewPanel</name>
+    <message>
+        <source>Someone new…</source>
+        <translation>Jemand Neues…</translation>
+    </message>
+    <message>
+        <source> (in the settings)</source>
+        <translation> (in den Einstellungen)</translation>
+    </message>
+    <message>
+        <source> (with the client)</source>
+        <translation> (beim Kunden)</translation>
+    </message>
+    <message>
+        <source>Nothing is missing.</source>
+        <translation>Es fehlt nichts.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;What&apos;s missing&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</source>
+        <translation>&lt;b&gt;Was noch fehlt&lt;/b&gt;&lt;ul&gt;%1&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Answer</source>
+        <translation>Antworten</translation>
     </message>
 </context>
 <context>
@@ -3151,6 +3646,125 @@
     <message>
         <source>There is no passphrase any more.</source>
         <translation>Es gibt kein Passwort mehr.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::SelectionPane</name>
+    <message>
+        <source>Save PDFs In</source>
+        <translation>PDFs speichern in</translation>
+    </message>
+    <message>
+        <source>%1 quotes</source>
+        <translation>%1 Angebote</translation>
+    </message>
+    <message>
+        <source>%1 credit notes</source>
+        <translation>%1 Gutschriften</translation>
+    </message>
+    <message>
+        <source>%1 invoices</source>
+        <translation>%1 Rechnungen</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t there any more.</source>
+        <translation>Er ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>Send Reminders…</source>
+        <translation>Mahnen…</translation>
+    </message>
+    <message>
+        <source>Save as PDFs…</source>
+        <translation>Als PDFs speichern…</translation>
+    </message>
+    <message>
+        <source>Delete Drafts…</source>
+        <translation>Entwürfe löschen…</translation>
+    </message>
+    <message>
+        <source>%1 in total</source>
+        <translation>%1 insgesamt</translation>
+    </message>
+    <message>
+        <source>%1 open</source>
+        <translation>%1 offen</translation>
+    </message>
+    <message>
+        <source>One client</source>
+        <translation>Ein Kunde</translation>
+    </message>
+    <message>
+        <source>%1 clients</source>
+        <translation>%1 Kunden</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>Valid until %1</source>
+        <translation>Gültig bis %1</translation>
+    </message>
+    <message>
+        <source>Due %1</source>
+        <translation>Fällig %1</translation>
+    </message>
+    <message>
+        <source>%1: 1 document.</source>
+        <translation>%1: 1 Beleg.</translation>
+    </message>
+    <message>
+        <source>%1: %2 documents.</source>
+        <translation>%1: %2 Belege.</translation>
+    </message>
+    <message>
+        <source>Saving PDFs</source>
+        <translation>PDFs werden gespeichert</translation>
+    </message>
+    <message>
+        <source>1 PDF was saved in %1.</source>
+        <translation>1 PDF wurde in %1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>%1 PDFs were saved in %2.</source>
+        <translation>%1 PDFs wurden in %2 gespeichert.</translation>
+    </message>
+    <message>
+        <source>Writing reminders</source>
+        <translation>Mahnungen werden geschrieben</translation>
+    </message>
+    <message>
+        <source>1 reminder is recorded; its letter lies in %1.</source>
+        <translation>1 Mahnung ist erfasst; ihr Schreiben liegt in %1.</translation>
+    </message>
+    <message>
+        <source>%1 reminders are recorded; the letters lie in %2.</source>
+        <translation>%1 Mahnungen sind erfasst; die Schreiben liegen in %2.</translation>
+    </message>
+    <message>
+        <source>Delete Drafts</source>
+        <translation>Entwürfe löschen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1? Time that they billed becomes free again. Undo brings them back.</source>
+        <translation>%1 löschen? Darin abgerechnete Zeit wird wieder frei. „Rückgängig“ holt sie zurück.</translation>
+    </message>
+    <message>
+        <source>Deleting drafts</source>
+        <translation>Entwürfe werden gelöscht</translation>
+    </message>
+    <message>
+        <source>1 draft was deleted.</source>
+        <translation>1 Entwurf wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>%1 drafts were deleted.</source>
+        <translation>%1 Entwürfe wurden gelöscht.</translation>
     </message>
 </context>
 <context>
@@ -3685,6 +4299,21 @@
     </message>
 </context>
 <context>
+    <name>ReminderWriting</name>
+    <message>
+        <source>Send Reminder</source>
+        <translation>Mahnen</translation>
+    </message>
+    <message>
+        <source>The invoice isn&apos;t there any more.</source>
+        <translation>Die Rechnung gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The library was closed before the letter was printed.</source>
+        <translation>Die Bibliothek wurde geschlossen, bevor das Schreiben gedruckt war.</translation>
+    </message>
+</context>
+<context>
     <name>RhythmText</name>
     <message>
         <source>%1st</source>
@@ -3990,10 +4619,6 @@
         <translation>Nummern</translation>
     </message>
     <message>
-        <source>How numbers and file names are made.</source>
-        <translation>Wie Nummern und Dateinamen gebildet werden.</translation>
-    </message>
-    <message>
         <source>Invoices</source>
         <translation>Rechnungen</translation>
     </message>
@@ -4093,6 +4718,14 @@
         <source>Example: %1</source>
         <translation>Beispiel: %1</translation>
     </message>
+    <message>
+        <source>Counting on from</source>
+        <translation>Weiterzählen ab</translation>
+    </message>
+    <message>
+        <source>How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, month and day.</source>
+        <translation>Wie Nummern und Dateinamen gebildet werden. {yyyy}, {yy}, {mm}, {dd} und {q} stehen für das Datum, {###} für den Zähler mit ebenso vielen Stellen; {###,y}, {###,q}, {###,m} und {###,d} beginnen mit jedem Jahr, Quartal, Monat und Tag neu.</translation>
+    </message>
 </context>
 <context>
     <name>StatusText</name>
@@ -4146,6 +4779,85 @@
     <message>
         <source>Not billable</source>
         <translation>Nicht abrechenbar</translation>
+    </message>
+</context>
+<context>
+    <name>WindowWords</name>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Valid until</source>
+        <translation>Gültig bis</translation>
+    </message>
+    <message>
+        <source>To be paid within</source>
+        <translation>Zahlbar in</translation>
+    </message>
+    <message>
+        <source>Delivered or done</source>
+        <translation>Geliefert oder geleistet</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Einleitung</translation>
+    </message>
+    <message>
+        <source>Closing text</source>
+        <translation>Schlusstext</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Discount</source>
+        <translation>Rabatt</translation>
+    </message>
+    <message>
+        <source>Tax</source>
+        <translation>Steuer</translation>
+    </message>
+    <message>
+        <source>Why there&apos;s no tax</source>
+        <translation>Grund der Befreiung</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>Fee</source>
+        <translation>Gebühr</translation>
+    </message>
+    <message>
+        <source>Copying the last invoice</source>
+        <translation>Letzte Rechnung übernehmen</translation>
     </message>
 </context>
 </TS>
