@@ -108,6 +108,7 @@ QScrollArea* ImportSheet::buildColumns()
     auto* scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setFixedWidth(columnsWidth);
     scroll->setWidget(page);
     return scroll;

@@ -1,6 +1,7 @@
 #include "QuillaryUI/Documents/FeesTable.h"
 
 #include "QuillaryUI/Documents/FeesModel.h"
+#include "QuillaryUI/Look/Lists.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -40,6 +41,12 @@ void FeesTable::fitHeight()
 {
     constexpr int border = 4;
     setFixedHeight((m_fees.rowCount() * lineHeight) + border);
+}
+
+bool FeesTable::focusNextPrevChild(bool next)
+{
+    return Lists::isLeftByTab(*this, next) ? QAbstractScrollArea::focusNextPrevChild(next)
+                                           : QTableView::focusNextPrevChild(next);
 }
 
 void FeesTable::keyPressEvent(QKeyEvent* event)

@@ -9,6 +9,7 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Look/Lists.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -211,6 +212,12 @@ void LinesTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
         const int next = std::min(at.row() + 1, m_lines.lineCount());
         setCurrentIndex(m_lines.index(next, next == m_lines.lineCount() ? int(LinesModel::description) : at.column()));
     }
+}
+
+bool LinesTable::focusNextPrevChild(bool next)
+{
+    return Lists::isLeftByTab(*this, next) ? QAbstractScrollArea::focusNextPrevChild(next)
+                                           : QTableView::focusNextPrevChild(next);
 }
 
 void LinesTable::keyPressEvent(QKeyEvent* event)

@@ -61,4 +61,15 @@ QScrollArea* scrolled(QWidget* page, QWidget* parent)
     return scroll;
 }
 
+bool isLeftByTab(const QTableView& table, bool isForwards)
+{
+    const QAbstractItemModel* model = table.model();
+    const QModelIndex cell = table.currentIndex();
+    if (model == nullptr || !cell.isValid()) {
+        return true;
+    }
+    return isForwards ? cell.row() == model->rowCount() - 1 && cell.column() == model->columnCount() - 1
+                      : cell.row() == 0 && cell.column() == 0;
+}
+
 } // namespace Quillary::Lists

@@ -25,6 +25,10 @@ QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWi
 /// around them.
 [[nodiscard]] QScrollArea* scrolled(QWidget* page, QWidget* parent);
 
+/// Whether a table that Tab walks through cell by cell has come to its end, the first cell backwards: from there Tab goes
+/// on to the next control, so that nobody is caught in the table.
+[[nodiscard]] bool isLeftByTab(const QTableView& table, bool isForwards);
+
 } // namespace Lists
 
 } // namespace Quillary
