@@ -45,6 +45,8 @@ void DesktopLook::listen()
     if (!bus.isConnected()) {
         return;
     }
+    // Qt knows the signal's third type only once somebody has said it, and without it connects nothing.
+    qRegisterMetaType<QDBusVariant>();
     bus.connect(service,
                 path,
                 interface,
