@@ -63,26 +63,30 @@ Field flag(const char* name, const QString& label)
 Field choice(const char* name, const QString& label, QList<FieldForm::Choice> choices = {})
 {
     const QString argument = QString::fromLatin1(name);
-    return {
-        argument, label, Kind::choice, choices.isEmpty() ? choicesOf(argument) : std::move(choices), Words::tr("As usual")};
+    return {argument,
+            label,
+            Kind::choice,
+            choices.isEmpty() ? choicesOf(argument) : std::move(choices),
+            Words::tr("As usual")};
 }
 
 QList<Field> businessFields(const Locale& locale)
 {
-    return {line("name", Words::tr("Name")),
-            line("address_line", Words::tr("Street")),
-            line("postal_code", Words::tr("Postal code")),
-            line("city", Words::tr("City")),
-            line("state", Words::tr("State")),
-            choice("country", Words::tr("Country"), Choices::withNone(Words::tr("Not given"), Choices::countries(locale))),
-            line("email", Words::tr("Email")),
-            line("phone", Words::tr("Phone")),
-            line("website", Words::tr("Website")),
-            line("vat_id", Words::tr("VAT ID")),
-            line("tax_id", Words::tr("Tax number")),
-            choice("currency", Words::tr("Currency"), Choices::currencies(locale)),
-            choice("language", Words::tr("Language of documents"), Choices::languages()),
-            line("payment_terms_days", Words::tr("Days to pay"))};
+    return {
+        line("name", Words::tr("Name")),
+        line("address_line", Words::tr("Street")),
+        line("postal_code", Words::tr("Postal code")),
+        line("city", Words::tr("City")),
+        line("state", Words::tr("State")),
+        choice("country", Words::tr("Country"), Choices::withNone(Words::tr("Not given"), Choices::countries(locale))),
+        line("email", Words::tr("Email")),
+        line("phone", Words::tr("Phone")),
+        line("website", Words::tr("Website")),
+        line("vat_id", Words::tr("VAT ID")),
+        line("tax_id", Words::tr("Tax number")),
+        choice("currency", Words::tr("Currency"), Choices::currencies(locale)),
+        choice("language", Words::tr("Language of documents"), Choices::languages()),
+        line("payment_terms_days", Words::tr("Days to pay"))};
 }
 
 QList<Field> bankFields()
@@ -143,17 +147,22 @@ QList<Field> numberingFields()
 QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
 {
     return {
-        {QStringLiteral("business"), Words::tr("Business"), Words::tr("Who your documents come from."), businessFields(locale)},
+        {QStringLiteral("business"),
+         Words::tr("Business"),
+         Words::tr("Who your documents come from."),
+         businessFields(locale)},
         {QStringLiteral("bank"),
          Words::tr("Bank & QR"),
-         Words::tr("Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code "
-            "that the client's banking app reads."),
+         Words::tr(
+             "Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code "
+             "that the client's banking app reads."),
          bankFields()},
         {QStringLiteral("numbering"),
          Words::tr("Numbering"),
-         Words::tr("How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the "
-            "counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, "
-            "month and day."),
+         Words::tr(
+             "How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the "
+             "counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, "
+             "month and day."),
          numberingFields()},
         {QStringLiteral("taxes"),
          Words::tr("Taxes"),
@@ -177,7 +186,8 @@ QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
         {QStringLiteral("time"),
          Words::tr("Time"),
          Words::tr("What tracked time becomes on an invoice."),
-         {line("hourly_rate", Words::tr("Hourly rate")), choice("time_rounding_minutes", Words::tr("Rounded up to minutes"))}}};
+         {line("hourly_rate", Words::tr("Hourly rate")),
+          choice("time_rounding_minutes", Words::tr("Rounded up to minutes"))}}};
 }
 
 QString SettingTexts::note(const QString& note)
