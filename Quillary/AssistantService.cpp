@@ -338,7 +338,7 @@ void AssistantService::didExchange()
 /// A backup was checked before it was put there, and still its upgrade may fail: a full disk is enough.
 RestoreOutcome AssistantService::openRestored(LibraryExchange& exchange)
 {
-    const RestoreOutcome outcome = exchange.outcome();
+    RestoreOutcome outcome = exchange.outcome();
     try {
         openLibrary({.lender = {}, .lock = exchange.takeLock()});
         return outcome;

@@ -71,6 +71,7 @@ std::vector<std::string> usedTags(Context& context, DocumentKind kind)
         },
         static_cast<std::int16_t>(kind));
     std::vector<std::string> tags;
+    tags.reserve(byFolded.size());
     for (auto& [key, tag] : byFolded) {
         tags.push_back(std::move(tag));
     }

@@ -57,8 +57,11 @@ JSON LockSettings::json() const
 std::optional<LockSettings> LockSettings::read(std::string_view text)
 {
     const auto value = JSON::parse(text);
-    const JSON* hash = value ? value->find("passphrase") : nullptr;
-    const JSON* locked = value ? value->find("locked") : nullptr;
+    if (!value) {
+        return std::nullopt;
+    }
+    const JSON* hash = value->find("passphrase");
+    const JSON* locked = value->find("locked");
     if (hash == nullptr || hash->string() == nullptr || locked == nullptr || locked->boolean() == nullptr ||
         number(*value, "version", currentVersion) != currentVersion) {
         return std::nullopt;

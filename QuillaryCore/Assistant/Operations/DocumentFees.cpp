@@ -45,7 +45,7 @@ void DocumentSession::applyFees(const Arguments& arguments)
     }
 }
 
-void DocumentSession::fillFee(Fee& fee, const Arguments& arguments)
+void DocumentSession::fillFee(Fee& fee, const Arguments& arguments) const
 {
     if (auto title = arguments.line("title", Limits::lineLength)) {
         fee.title = std::move(*title);

@@ -82,7 +82,7 @@ private:
     void applyDiscount(const Arguments& arguments);
     void applyValidity(const Arguments& arguments);
     void applyFees(const Arguments& arguments);
-    void fillFee(Fee& fee, const Arguments& arguments);
+    void fillFee(Fee& fee, const Arguments& arguments) const;
     void applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient);
 
     void changeLine(const Arguments& change, const std::vector<const LineItem*>& lines);

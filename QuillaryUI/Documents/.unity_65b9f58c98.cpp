@@ -1,0 +1,3 @@
+#include "QuillaryUI/Documents/FeesTable.cpp" // NOLINT
+#include "QuillaryUI/Documents/LinesModel.cpp" // NOLINT
+#include "QuillaryUI/Documents/LinesTable.cpp" // NOLINT
