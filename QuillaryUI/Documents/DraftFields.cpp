@@ -106,7 +106,7 @@ bool DraftFields::isKept(const QWidget& field) const
     return !m_isOther && (m_unsaved.contains(name) || (error != m_errors.end() && !error->second->text().isEmpty()));
 }
 
-void DraftFields::put(QLineEdit& field, const QString& text)
+void DraftFields::put(QLineEdit& field, const QString& text) const
 {
     const bool isTyping = !m_isOther && field.hasFocus();
     if (!isKept(field) && differs(field.text(), text, isTyping)) {
@@ -114,7 +114,7 @@ void DraftFields::put(QLineEdit& field, const QString& text)
     }
 }
 
-void DraftFields::put(QPlainTextEdit& field, const QString& text)
+void DraftFields::put(QPlainTextEdit& field, const QString& text) const
 {
     const bool isTyping = !m_isOther && field.hasFocus();
     if (!isKept(field) && differs(field.toPlainText(), text, isTyping)) {

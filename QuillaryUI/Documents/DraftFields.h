@@ -48,8 +48,8 @@ public:
     /// Runs `fill`, in which `put` and the like change fields without anybody having typed. `isOther`: another document
     /// is shown, so that nothing that stands in the fields belongs to it.
     void fill(bool isOther, const std::function<void()>& work);
-    void put(QLineEdit& field, const QString& text);
-    void put(QPlainTextEdit& field, const QString& text);
+    void put(QLineEdit& field, const QString& text) const;
+    void put(QPlainTextEdit& field, const QString& text) const;
     /// What was typed and not saved yet, or refused, stays.
     [[nodiscard]] bool isKept(const QWidget& field) const;
     [[nodiscard]] bool isOther() const { return m_isOther; }

@@ -45,8 +45,11 @@ void FeesTable::fitHeight()
 
 bool FeesTable::focusNextPrevChild(bool next)
 {
-    return Lists::isLeftByTab(*this, next) ? QAbstractScrollArea::focusNextPrevChild(next)
-                                           : QTableView::focusNextPrevChild(next);
+    if (!Lists::isLeftByTab(*this, next)) {
+        return QTableView::focusNextPrevChild(next);
+    }
+    // The table's own way, from cell to cell, is what is to be left.
+    return QAbstractScrollArea::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void FeesTable::keyPressEvent(QKeyEvent* event)

@@ -130,17 +130,22 @@ void write(LibraryAccess& library,
         reply(*refused);
         return;
     }
-    const Document& document = *found(library, planned.document);
+    const Document* document = found(library, planned.document);
+    std::optional<PageJob> page = letter(library, planned);
+    if (document == nullptr || !page) {
+        reply(Words::tr("The invoice isn't there any more."));
+        return;
+    }
     Letter waiting{.library = &library,
                    .planned = planned,
                    .folder = folder,
                    .name = LetterFileName::ofReminder(library.context(),
-                                                      document,
+                                                      *document,
                                                       library.business(),
                                                       planned.notice.details.level,
                                                       planned.notice.date,
                                                       library.formats().calendar())};
-    library.press().press(*letter(library, planned),
+    library.press().press(*std::move(page),
                           [waiting = std::move(waiting), reply = std::move(reply)](const PrintResult& result) {
                               reply(finish(waiting, result));
                           });

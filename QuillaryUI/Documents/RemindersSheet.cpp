@@ -92,9 +92,11 @@ void RemindersSheet::begin()
 
 void RemindersSheet::showLetter(int row)
 {
-    if (row < 0 || row >= m_model->rowCount() || m_model->refusal(row)) {
+    const bool isThere = row >= 0 && row < m_model->rowCount();
+    const std::optional<QString> refusal = isThere ? m_model->refusal(row) : std::nullopt;
+    if (!isThere || refusal) {
         m_page->show({});
-        m_paper->setNotice(row < 0 || row >= m_model->rowCount() ? QString() : *m_model->refusal(row));
+        m_paper->setNotice(refusal.value_or(QString()));
         return;
     }
     m_page->show(

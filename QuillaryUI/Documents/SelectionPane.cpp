@@ -313,7 +313,7 @@ void SelectionPane::askForReminders()
     }
 }
 
-void SelectionPane::writeReminders(std::vector<PlannedReminder> planned)
+void SelectionPane::writeReminders(const std::vector<PlannedReminder>& planned)
 {
     const std::filesystem::path folder = m_library.environment().printer().downloadsFolder();
     auto byKey = std::make_shared<std::map<std::int64_t, PlannedReminder>>();

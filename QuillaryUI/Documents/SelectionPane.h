@@ -52,7 +52,7 @@ private:
     void applyToAll(StatusAction action);
     void savePDFs();
     void askForReminders();
-    void writeReminders(std::vector<PlannedReminder> planned);
+    void writeReminders(const std::vector<PlannedReminder>& planned);
     void askToDelete();
     void deleteDrafts();
 

@@ -152,8 +152,8 @@ void SecurityPage::refresh()
     m_forgotten->setText(tr("A passphrase can't be read back. Who has forgotten it deletes the file %1 and presses "
                             "Unlock; the library stays as it is.")
                              .arg(text(m_file->path().string())));
-    if (m_file->problem()) {
-        tell(text(*m_file->problem()));
+    if (const auto problem = m_file->problem()) {
+        tell(text(*problem));
     }
 }
 

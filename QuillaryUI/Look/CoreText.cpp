@@ -249,8 +249,8 @@ QString word(std::string_view english)
 
 QString sentence(std::string_view english)
 {
-    const QString whole = text(english);
-    if (const QString known = translated(whole); known != whole) {
+    QString whole = text(english);
+    if (QString known = translated(whole); known != whole) {
         return known;
     }
     for (const char* pattern : patterns) {

@@ -5,6 +5,7 @@
 #include <QSize>
 
 #include <algorithm>
+#include <tuple>
 
 namespace Quillary {
 
@@ -37,10 +38,10 @@ QSize FlowLayout::minimumSize() const
 void FlowLayout::setGeometry(const QRect& rectangle)
 {
     QLayout::setGeometry(rectangle);
-    place(rectangle, true);
+    std::ignore = placedHeight(rectangle, true);
 }
 
-int FlowLayout::place(const QRect& rectangle, bool isReal) const
+int FlowLayout::placedHeight(const QRect& rectangle, bool isReal) const
 {
     const QRect inside = rectangle.marginsRemoved(contentsMargins());
     const int gap = std::max(0, spacing());

@@ -26,14 +26,14 @@ public:
 
     [[nodiscard]] Qt::Orientations expandingDirections() const override { return {}; }
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }
-    [[nodiscard]] int heightForWidth(int width) const override { return place({0, 0, width, 0}, false); }
+    [[nodiscard]] int heightForWidth(int width) const override { return placedHeight({0, 0, width, 0}, false); }
     [[nodiscard]] QSize sizeHint() const override { return minimumSize(); }
     [[nodiscard]] QSize minimumSize() const override;
     void setGeometry(const QRect& rectangle) override;
 
 private:
     /// The height that it takes within a width.
-    int place(const QRect& rectangle, bool isReal) const;
+    [[nodiscard]] int placedHeight(const QRect& rectangle, bool isReal) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> m_items;
 };

@@ -229,8 +229,8 @@ void MainWindow::addSections(const ProgramPlaces& places)
     for (const auto& [kind, name, icon] : {std::tuple(DocumentKind::invoice, "invoices", "invoice"),
                                            std::tuple(DocumentKind::quote, "quotes", "quote"),
                                            std::tuple(DocumentKind::creditNote, "credit-notes", "credit-note")}) {
-        add(name, StatusText::kinds(kind), icon, [this, kind = kind] {
-            return new DocumentsSection(m_library, kind, this);
+        add(name, StatusText::kinds(kind), icon, [this, made = kind] {
+            return new DocumentsSection(m_library, made, this);
         });
     }
     add("recurring", tr("Recurring"), "recurring", [this] { return new RecurringSection(m_library, this); });
@@ -252,7 +252,7 @@ void MainWindow::addTimer()
     connect(timer, &RunningTimer::wantedTime, this, [this] { showSection(QStringLiteral("time")); });
 }
 
-void MainWindow::listenTo(Section* section)
+void MainWindow::listenTo(Section* section) const
 {
     connect(section, &Section::told, this, &MainWindow::tell);
     connect(section, &Section::failed, this, &MainWindow::warn);

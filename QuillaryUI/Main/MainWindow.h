@@ -76,7 +76,7 @@ private:
     void addSections(const ProgramPlaces& places);
     [[nodiscard]] Section* makeOverview();
     void addTimer();
-    void listenTo(Section* section);
+    void listenTo(Section* section) const;
     void showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);

@@ -60,7 +60,7 @@ QString sentence(const Document& recurring, const Formats& formats)
     if (!schedule || !RecurringTemplate::isReadable(recurring)) {
         return Words::tr("A schedule of a newer Quillary");
     }
-    const QString often = rhythm(*schedule);
+    QString often = rhythm(*schedule);
     switch (recurrenceEndFromRaw(recurring.recurrenceEndRaw).value_or(RecurrenceEnd::never)) {
     case RecurrenceEnd::never:
         break;
