@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <fstream>
 #include <optional>
 #include <thread>
 #include <tuple>
@@ -30,10 +31,26 @@ std::unique_ptr<HelperProcess> Home::server(const std::vector<std::string>& opti
     return std::make_unique<HelperProcess>(HelperProcess::Options{.command = command, .environment = environment()});
 }
 
+namespace {
+
+/// The file of a socket is there a moment before anybody listens. To connect would be a call that the server notices.
+bool isListenedAt(const std::filesystem::path& path)
+{
+    std::ifstream sockets("/proc/net/unix");
+    for (std::string line; std::getline(sockets, line);) {
+        if (line.ends_with(" " + path.string()) && line.contains(" 00010000 ")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 bool Home::waitForSocket() const
 {
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (!std::filesystem::exists(socket())) {
+    while (!isListenedAt(socket())) {
         if (std::chrono::steady_clock::now() > end) {
             return false;
         }

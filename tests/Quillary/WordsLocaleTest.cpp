@@ -19,9 +19,9 @@ TEST(WordsLocaleTest, isWhatTheDesktopWantsProgramsToSpeak)
         {{{"LANG", "C"}, {"LANGUAGE", "de"}}, "en"}, // gettext's own rule: scripts stay in English
     };
     for (const auto& [variables, expected] : cases) {
-        const Locale words = wordsLocale([&variables = variables](const char* name) {
-            const auto found = variables.find(name);
-            return found == variables.end() ? std::string() : found->second;
+        const Locale words = wordsLocale([&set = variables](const char* name) {
+            const auto found = set.find(name);
+            return found == set.end() ? std::string() : found->second;
         });
         EXPECT_EQ(words.identifier(), Locale(expected).identifier()) << testing::PrintToString(variables);
     }

@@ -145,35 +145,47 @@ TEST_F(WholeWindowTest, isReachedByTabAlone)
     });
 }
 
+QStringList cellTexts(const QAbstractItemModel& model)
+{
+    QStringList texts;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        texts += model.headerData(column, Qt::Horizontal).toString();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            texts += model.index(row, column).data().toString();
+        }
+    }
+    return texts;
+}
+
+QStringList textsOf(const QWidget& widget)
+{
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        return {label->text()};
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+        return {button->text()};
+    }
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
+        return {line->placeholderText()};
+    }
+    if (const auto* paragraphs = qobject_cast<const QPlainTextEdit*>(&widget)) {
+        return {paragraphs->placeholderText()};
+    }
+    if (const auto* choice = qobject_cast<const QComboBox*>(&widget)) {
+        return cellTexts(*choice->model());
+    }
+    const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
+    return view != nullptr ? cellTexts(*view->model()) : QStringList();
+}
+
 /// Whatever is on the screen. The samples are in English, but none of them says what the window says.
 QStringList shownTexts(const QWidget& window)
 {
     QStringList texts;
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
-        if (!widget->isVisible()) {
-            continue;
-        }
-        texts += {widget->accessibleName(), widget->toolTip()};
-        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-            texts += label->text();
-        } else if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
-            texts += button->text();
-        } else if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
-            texts += line->placeholderText();
-        } else if (const auto* paragraphs = qobject_cast<const QPlainTextEdit*>(widget)) {
-            texts += paragraphs->placeholderText();
-        } else if (const auto* choice = qobject_cast<const QComboBox*>(widget)) {
-            for (int place = 0; place < choice->count(); ++place) {
-                texts += choice->itemText(place);
-            }
-        } else if (const auto* view = qobject_cast<const QAbstractItemView*>(widget)) {
-            const QAbstractItemModel& model = *view->model();
-            for (int column = 0; column < model.columnCount(); ++column) {
-                texts += model.headerData(column, Qt::Horizontal).toString();
-                for (int row = 0; row < model.rowCount(); ++row) {
-                    texts += model.index(row, column).data().toString();
-                }
-            }
+        if (widget->isVisible()) {
+            texts += {widget->accessibleName(), widget->toolTip()};
+            texts += textsOf(*widget);
         }
     }
     for (const QAction* action : window.findChildren<QAction*>()) {
