@@ -48,8 +48,16 @@ std::string openName(const std::filesystem::path& file, Connection::Access acces
     return name + "?immutable=1";
 }
 
+/// SQLite counts its memory under one lock of the whole process, at each allocation; nobody here reads the count. Fails
+/// without harm where somebody in the process used SQLite before.
+void forgoMemoryCount()
+{
+    [[maybe_unused]] static const int once = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 std::unique_ptr<SQLite::Database> opened(const std::filesystem::path& file, Connection::Access access)
 {
+    forgoMemoryCount();
     try {
         return std::make_unique<SQLite::Database>(openName(file, access), openFlags(access), busyTimeoutMilliseconds);
     } catch (const SQLite::Exception& failure) {

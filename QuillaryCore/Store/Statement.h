@@ -4,7 +4,9 @@
 #include "QuillaryCore/Foundation/UUID.h"
 #include "QuillaryCore/Store/Field.h"
 
+#include <bitset>
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -110,10 +112,15 @@ private:
         void operator()(sqlite3_stmt* handle) const noexcept;
     };
 
+    static constexpr std::size_t watchedParameters = 160; // of the widest record, and some more
+
     void check(int code) const;
+    void noteBound(int index, bool isEmptyText);
+    [[nodiscard]] bool holdsEmptyText(int index) const;
 
     Connection& m_connection;
     std::unique_ptr<sqlite3_stmt, Finalizer> m_handle;
+    std::bitset<watchedParameters> m_emptyTexts; ///< parameters that hold the empty text
     std::vector<std::string> m_tablesRead;
     bool m_isBusy = false;
 };
