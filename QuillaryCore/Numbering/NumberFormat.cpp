@@ -283,7 +283,12 @@ std::string NumberFormat::sequenceKey(NumberedKind kind,
 std::string
 NumberFormat::render(std::int64_t counter, Instant date, std::string_view clientNumber, const Calendar& calendar) const
 {
-    Writer writer(counter, calendar.date(date), clientNumber);
+    return render(counter, calendar.date(date), clientNumber);
+}
+
+std::string NumberFormat::render(std::int64_t counter, CalendarDate day, std::string_view clientNumber) const
+{
+    Writer writer(counter, day, clientNumber);
     for (const Token& token : m_tokens) {
         std::visit(writer, token);
     }

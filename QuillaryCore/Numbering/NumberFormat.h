@@ -70,6 +70,9 @@ public:
     [[nodiscard]] std::string
     render(std::int64_t counter, Instant date, std::string_view clientNumber, const Calendar& calendar) const;
 
+    /// The same for many numbers of one day.
+    [[nodiscard]] std::string render(std::int64_t counter, CalendarDate day, std::string_view clientNumber) const;
+
     /// The pattern exactly as it was typed.
     [[nodiscard]] const std::string& pattern() const { return m_pattern; }
     [[nodiscard]] const std::vector<Token>& tokens() const { return m_tokens; }

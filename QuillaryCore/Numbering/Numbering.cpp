@@ -236,11 +236,12 @@ std::vector<std::string> assignMany(Context& context,
     const Series series = seriesOf(kind, date, nullptr, business, calendar);
     const std::int64_t before = lastValue(context, series.key);
     std::int64_t last = before;
+    const CalendarDate day = calendar.date(date);
     std::vector<std::string> numbers;
     numbers.reserve(count);
     // Every counter makes another number, and what is taken has an end, so the search has one too.
     for (std::int64_t next = counterAfter(last);; next = counterAfter(next)) {
-        std::string number = series.format.render(next, date, {}, calendar);
+        std::string number = series.format.render(next, day, {});
         const bool isFree = !isTaken(number);
         if (isFree && numbers.size() == count) {
             break;
