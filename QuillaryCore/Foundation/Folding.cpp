@@ -7,6 +7,7 @@
 #include <unicode/unistr.h>
 #include <unicode/uscript.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -171,6 +172,11 @@ std::optional<std::string> foldedAsLatin(std::string_view text)
 
 std::string folded(std::string_view text)
 {
+    if (std::ranges::all_of(text, isASCII)) {
+        std::string result(text);
+        std::ranges::transform(result, result.begin(), lowerCased);
+        return result;
+    }
     auto latin = foldedAsLatin(text);
     return latin ? std::move(*latin) : foldedByUnicode(text);
 }

@@ -205,6 +205,9 @@ bool isValidUPI(std::string_view text)
 
 std::string compactVATID(std::string_view text)
 {
+    if (std::ranges::all_of(text, isUpperOrDigit)) {
+        return std::string(text);
+    }
     std::string compact = upperCasedASCII(withoutWhiteSpace(text));
     std::erase_if(compact, [](char character) { return character == '.' || character == '-' || character == '/'; });
     return compact;
@@ -236,7 +239,8 @@ bool isValidVATID(std::string_view text)
 bool isValidEmail(std::string_view text)
 {
     const std::size_t sign = text.find('@');
-    if (sign == 0 || sign == std::string_view::npos || text.size() > longestCode || withoutWhiteSpace(text) != text) {
+    if (sign == 0 || sign == std::string_view::npos || text.size() > longestCode ||
+        (!std::ranges::all_of(text, isVisibleASCII) && withoutWhiteSpace(text) != text)) {
         return false;
     }
     const std::string_view domain = text.substr(sign + 1);

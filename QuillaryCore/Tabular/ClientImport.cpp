@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <future>
 #include <string_view>
 #include <utility>
 
@@ -17,6 +18,7 @@ namespace Quillary {
 namespace {
 
 constexpr std::size_t rowsPerReport = 1000;
+constexpr std::size_t rowsWorthAWorker = 500; // which takes as long to begin as some twenty rows to read
 
 void report(const ClientImport::Progress& progress, std::size_t done, std::size_t total)
 {
@@ -28,11 +30,13 @@ void report(const ClientImport::Progress& progress, std::size_t done, std::size_
 void insert(Context& library, const ReadClient& read)
 {
     Client& client = library.insert<Client>();
-    Client filled = read.client;
-    filled.ref = client.ref;
-    filled.uuid = client.uuid;
-    filled.createdAt = client.createdAt;
-    client = std::move(filled);
+    const auto ref = client.ref;
+    const auto uuid = client.uuid;
+    const auto createdAt = client.createdAt;
+    client = read.client;
+    client.ref = ref;
+    client.uuid = uuid;
+    client.createdAt = createdAt;
     if (!read.contactPerson.empty()) {
         auto& person = library.insert<ContactPerson>();
         person.name = read.contactPerson;
@@ -79,16 +83,27 @@ std::string sentence(const ClientMatcher::Match& match)
 ClientImport::ClientImport(const CSVRows& rows, ImportColumns columns, Context* library, const Progress& progress)
     : m_reader(std::move(columns))
 {
+    // Cells are read without the library, and the library without cells: a long list is read by a worker meanwhile.
+    const auto when = rows.size() > rowsWorthAWorker ? std::launch::async : std::launch::deferred;
+    std::future<void> reading = std::async(when, [this, &rows] { read(rows); });
     if (library != nullptr) {
         m_matcher.addLibrary(*library);
     }
+    reading.get();
+    for (std::size_t done = 0; done < m_rows.size(); ++done) {
+        judge(m_rows[done]);
+        report(progress, done + 1, m_rows.size());
+    }
+}
+
+void ClientImport::read(const CSVRows& rows)
+{
     const std::size_t first = std::min(m_reader.columns().firstRow(), rows.size());
-    m_rows.reserve(rows.size() - first);
+    m_rows.resize(rows.size() - first);
     for (std::size_t i = first; i < rows.size(); ++i) {
-        m_rows.push_back(
-            {.number = rows.number(i), .status = ImportStatus::empty, .read = m_reader.read(rows[i]), .match = {}});
-        judge(m_rows.back());
-        report(progress, m_rows.size(), rows.size() - first);
+        Row& row = m_rows[i - first];
+        row.number = rows.number(i);
+        row.read = m_reader.read(rows[i]);
     }
 }
 
@@ -105,7 +120,7 @@ void ClientImport::judge(Row& row)
             row.read.warnings.push_back(
                 {ImportWarning::Reason::sameName, fmt::format("Row {} has the same name and another number.", *other)});
         }
-        m_matcher.add(keys, row.read.client.number, row.number);
+        m_matcher.add(keys, row.number);
     }
 }
 

@@ -56,6 +56,7 @@ public:
     void run(Context& library, const Business& business, const Calendar& calendar, const Progress& progress = {});
 
 private:
+    void read(const CSVRows& rows);
     void judge(Row& row);
     void number(Context& library, const Business& business, const Calendar& calendar);
 

@@ -43,12 +43,14 @@ public:
     {
         explicit Keys(const Client& client);
 
+        [[nodiscard]] bool hasNumber() const { return !exactNumber.text().empty(); }
+
         std::string displayName;
-        std::string number;
-        std::string vatID;
-        std::string email;
-        std::string name;
-        bool hasNumber;
+        KeyIndex::Key exactNumber; ///< as it stands
+        KeyIndex::Key number;
+        KeyIndex::Key vatID;
+        KeyIndex::Key email;
+        KeyIndex::Key name;
     };
 
     /// Compares with all known, by the surest trait first. No value: there is none like it.
@@ -58,10 +60,13 @@ public:
     [[nodiscard]] std::optional<std::size_t> rowWithName(const Keys& keys) const;
 
     /// Makes a new client of the list known. `row` tells it in a match.
-    void add(const Keys& keys, const std::string& number, std::optional<std::size_t> row);
+    void add(const Keys& keys, std::optional<std::size_t> row);
 
     /// Whether a client of the library or an added one carries exactly this number.
-    [[nodiscard]] bool isTaken(const std::string& number) const { return m_numbers.find(number).has_value(); }
+    [[nodiscard]] bool isTaken(const std::string& number) const
+    {
+        return m_numbers.find(KeyIndex::Key(number)).has_value();
+    }
 
 private:
     struct Known
@@ -71,7 +76,8 @@ private:
         bool hasNumber = false;
     };
 
-    [[nodiscard]] const Known* known(const KeyIndex& index, const std::string& key) const;
+    void expect(const Keys& keys) const;
+    [[nodiscard]] const Known* known(const KeyIndex& index, const KeyIndex::Key& key) const;
 
     std::vector<Known> m_known;
     KeyIndex m_byNumber; ///< the numbers of an index are places in `m_known`

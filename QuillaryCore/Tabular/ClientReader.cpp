@@ -46,13 +46,14 @@ void appendLine(std::string& text, std::string_view line)
 class ClientReader::RowReader
 {
 public:
-    RowReader(ClientReader& reader, const CSVRow& row)
+    RowReader(ClientReader& reader, const CSVRow& row, ReadClient& result)
         : m_reader(reader)
         , m_row(row)
+        , m_result(result)
     {
     }
 
-    ReadClient read()
+    void read()
     {
         readName();
         readContacts();
@@ -70,7 +71,6 @@ public:
         if (!m_result.isEmpty && client.name.empty() && client.firstName.empty() && client.lastName.empty()) {
             warn(Reason::noName, "There is no name; the email address stands for it.");
         }
-        return std::move(m_result);
     }
 
 private:
@@ -245,9 +245,9 @@ private:
         client.number = text(ClientField::number);
         const std::string vatID = text(ClientField::vatID);
         client.taxID = text(ClientField::taxID);
-        for (const std::string& value : {client.number, vatID, client.taxID}) {
-            warnIfShortened(value);
-        }
+        warnIfShortened(client.number);
+        warnIfShortened(vatID);
+        warnIfShortened(client.taxID);
         if (!vatID.empty()) {
             const bool hasDigit = vatID.find_first_of("0123456789") != std::string::npos; // "exempt" is none
             const bool isValid = hasDigit && Validation::isValidVATID(vatID);
@@ -267,7 +267,7 @@ private:
 
     ClientReader& m_reader;
     const CSVRow& m_row;
-    ReadClient m_result;
+    ReadClient& m_result;
     std::string m_keptText; ///< lines for the notes
 };
 
@@ -278,7 +278,9 @@ ClientReader::ClientReader(ImportColumns columns)
 
 ReadClient ClientReader::read(const CSVRow& row)
 {
-    return RowReader(*this, row).read();
+    ReadClient result;
+    RowReader(*this, row, result).read();
+    return result;
 }
 
 } // namespace Quillary

@@ -9,17 +9,39 @@
 
 namespace Quillary {
 
+namespace {
+
+bool isSeparator(char byte)
+{
+    switch (byte) {
+    case ' ':
+    case ',':
+    case ';':
+    case '|':
+    case '<':
+    case '>':
+    case '(':
+    case ')':
+    case '[':
+    case ']':
+    case '"':
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 EmailCell emailCell(std::string_view text)
 {
     EmailCell result{.address = std::string(text), .others = {}, .isValid = Validation::isValidEmail(text)};
-    constexpr std::string_view separators = " ,;|<>()[]\"";
-    if (text.empty() ||
-        (result.isValid && text.find_first_of(separators) == std::string_view::npos && !text.starts_with("mailto:"))) {
+    if (text.empty() || (result.isValid && std::ranges::none_of(text, isSeparator) && !text.starts_with("mailto:"))) {
         return result;
     }
     result.isValid = false;
     for (std::string_view rest = text; !rest.empty();) {
-        const std::size_t size = std::min(rest.find_first_of(separators), rest.size());
+        const auto size = static_cast<std::size_t>(std::ranges::find_if(rest, isSeparator) - rest.begin());
         std::string_view word = rest.substr(0, size);
         rest.remove_prefix(std::min(size + 1, rest.size()));
         if (lowerCasedASCII(word.substr(0, 7)) == "mailto:") {

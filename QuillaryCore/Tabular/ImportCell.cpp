@@ -15,19 +15,29 @@ namespace {
 
 constexpr std::array<std::string_view, 4> nothing = {"n/a", "#n/a", "n.a.", "k.a."};
 
-/// Nothing in it needs a closer look: ASCII without control characters, and the letters of Latin (U+00C0 to U+024F).
-bool isPlain(std::string_view text)
+/// What one pass over a cell tells.
+struct Look
 {
+    bool isPlain = true;        ///< ASCII without control characters, and the letters of Latin (U+00C0 to U+024F)
+    bool isSingleSpaced = true; ///< where it is plain
+};
+
+Look lookAt(std::string_view text)
+{
+    Look look;
+    unsigned char before = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
         if (byte >= 0xC3 && byte <= 0xC9 && i + 1 < text.size() &&
             (static_cast<unsigned char>(text[i + 1]) >> 6U) == 2) {
             ++i;
         } else if (byte < 0x20 || byte >= 0x7F) {
-            return false;
+            return {.isPlain = false, .isSingleSpaced = false};
         }
+        look.isSingleSpaced = look.isSingleSpaced && (byte != ' ' || before != ' ');
+        before = byte;
     }
-    return true;
+    return look;
 }
 
 bool isLineBreak(char32_t scalar)
@@ -81,9 +91,12 @@ std::string_view unwrapped(std::string_view cell)
 bool saysNothing(std::string_view text)
 {
     constexpr std::size_t longest = 8;
-    return text.size() <= longest &&
-           (text.find_first_not_of("-.?/ ") == std::string_view::npos || text == "–" || text == "—" ||
-            std::ranges::find(nothing, lowerCasedASCII(text)) != nothing.end());
+    constexpr std::string_view beginnings = "-.?/ #nNkK–";
+    if (text.empty() || text.size() > longest || beginnings.find(text.front()) == std::string_view::npos) {
+        return text.empty();
+    }
+    return text.find_first_not_of("-.?/ ") == std::string_view::npos || text == "–" || text == "—" ||
+           std::ranges::find(nothing, lowerCasedASCII(text)) != nothing.end();
 }
 
 } // namespace
@@ -91,7 +104,7 @@ bool saysNothing(std::string_view text)
 std::string lines(std::string_view cell)
 {
     cell = trimmed(unwrapped(cell));
-    if (isPlain(cell)) {
+    if (lookAt(cell).isPlain) {
         return saysNothing(cell) ? std::string() : std::string(cell);
     }
     const std::string clean = withoutControls(cell);
@@ -101,12 +114,20 @@ std::string lines(std::string_view cell)
 
 std::string line(std::string_view cell)
 {
+    const std::string_view text = trimmed(unwrapped(cell));
+    if (const Look look = lookAt(text); look.isPlain && look.isSingleSpaced) {
+        return saysNothing(text) ? std::string() : std::string(text);
+    }
     return singleSpaced(lines(cell));
 }
 
 std::string singleSpaced(std::string text)
 {
-    if (text.find('\n') == std::string::npos && text.find("  ") == std::string::npos) {
+    bool isSingleSpaced = true;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        isSingleSpaced = isSingleSpaced && text[i] != '\n' && (text[i] != ' ' || i == 0 || text[i - 1] != ' ');
+    }
+    if (isSingleSpaced) {
         return text;
     }
     std::ranges::replace(text, '\n', ' ');
@@ -117,15 +138,16 @@ std::string singleSpaced(std::string text)
 
 bool isShortenedNumber(std::string_view text)
 {
+    if (text.empty() || text.front() < '0' || text.front() > '9') {
+        return false;
+    }
     const std::size_t exponent = text.find_first_of("Ee");
-    if (exponent == std::string_view::npos || exponent == 0 || exponent + 2 >= text.size() ||
-        text[exponent + 1] != '+') {
+    if (exponent == std::string_view::npos || exponent + 2 >= text.size() || text[exponent + 1] != '+') {
         return false;
     }
     constexpr std::string_view digits = "0123456789";
     const std::string_view mantissa = text.substr(0, exponent);
     return mantissa.find_first_not_of("0123456789.,") == std::string_view::npos &&
-           mantissa.find_first_of(digits) == 0 &&
            text.substr(exponent + 2).find_first_not_of(digits) == std::string_view::npos;
 }
 

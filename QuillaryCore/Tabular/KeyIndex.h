@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace Quillary {
@@ -16,11 +15,29 @@ namespace Quillary {
 class KeyIndex
 {
 public:
+    /// A text to look for, more than once and in more than one index.
+    class Key
+    {
+    public:
+        explicit Key(std::string text);
+
+        [[nodiscard]] const std::string& text() const { return m_text; }
+
+    private:
+        friend class KeyIndex;
+
+        std::string m_text;
+        std::uint32_t m_hash;
+    };
+
     /// The number of a text. No value: it isn't there.
-    [[nodiscard]] std::optional<std::uint32_t> find(std::string_view key) const;
+    [[nodiscard]] std::optional<std::uint32_t> find(const Key& key) const;
 
     /// Adds a text unless it is there. All texts together take less than 4 GiB.
-    void insert(std::string_view key, std::uint32_t number);
+    void insert(const Key& key, std::uint32_t number);
+
+    /// Has the processor fetch what `find` and `insert` will look at first, so that several searches wait but once.
+    void expect(const Key& key) const;
 
 private:
     struct Slot
@@ -36,7 +53,7 @@ private:
         std::uint32_t number;
     };
 
-    [[nodiscard]] std::size_t slotOf(std::string_view key, std::uint32_t hash) const;
+    [[nodiscard]] std::size_t slotOf(const Key& key) const;
     void grow();
 
     std::vector<Slot> m_slots = std::vector<Slot>(1024); ///< a power of two, at most half of them in use
