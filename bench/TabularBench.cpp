@@ -383,23 +383,36 @@ public:
     const Calendar calendar{"Europe/Berlin"};
 };
 
-/// The floor: cells into rows of the table by one bare statement, nothing compared and nothing read into values.
+sqlite3_stmt* prepared(sqlite3* database, const char* sql)
+{
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database, sql, -1, &statement, nullptr) != SQLITE_OK) {
+        fmt::print(stderr, "{}\n", sqlite3_errmsg(database));
+        std::abort();
+    }
+    return statement;
+}
+
+void bindText(sqlite3_stmt* statement, int place, std::string_view text)
+{
+    sqlite3_bind_text(statement, place, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+}
+
+/// The floor: cells into rows of the tables by bare statements, nothing compared and nothing read into values.
 void importFloor(benchmark::State& state)
 {
     const std::string file = clientList(static_cast<std::size_t>(state.range(0)));
     for ([[maybe_unused]] const auto iteration : state) {
         state.PauseTiming();
         Library library(state.range(0));
-        sqlite3_stmt* insert = nullptr;
-        constexpr const char* sql = "INSERT INTO Client (uuid, createdAt, kindRaw, number, name, firstName, lastName, "
-                                    "email, phone, website, notes, addressLine, postalCode, city, state, countryCode, "
-                                    "currencyCode, languageCode, paymentTermsDays, vatID, taxID, hourlyRateMinorUnits) "
-                                    "VALUES (randomblob(16), 0, 0, ?, ?, ?, ?, ?, ?, '', ?, ?, ?, ?, '', 'DE', '', '', "
-                                    "0, ?, '', 0)";
-        if (sqlite3_prepare_v2(library.database(), sql, -1, &insert, nullptr) != SQLITE_OK) {
-            fmt::print(stderr, "{}\n", sqlite3_errmsg(library.database()));
-            std::abort();
-        }
+        sqlite3_stmt* client =
+            prepared(library.database(),
+                     "INSERT INTO Client (uuid, createdAt, kindRaw, number, name, firstName, lastName, email, phone, "
+                     "website, notes, addressLine, postalCode, city, state, countryCode, currencyCode, languageCode, "
+                     "paymentTermsDays, vatID, taxID, hourlyRateMinorUnits) VALUES (randomblob(16), 0, 0, ?, ?, ?, ?, "
+                     "?, ?, '', ?, ?, ?, ?, '', 'DE', '', '', 0, ?, '', 0)");
+        sqlite3_stmt* person = prepared(library.database(),
+                                        "INSERT INTO ContactPerson (uuid, name, client) VALUES (randomblob(16), ?, ?)");
         state.ResumeTiming();
         sqlite3_exec(library.database(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
         const CSVRows rows = CSV::parse(file, ';');
@@ -407,15 +420,21 @@ void importFloor(benchmark::State& state)
         for (const CSVRow row : rows) {
             int place = 1;
             for (const std::size_t column : columns) {
-                const std::string_view cell = row.cell(column);
-                sqlite3_bind_text(insert, place++, cell.data(), static_cast<int>(cell.size()), SQLITE_STATIC);
+                bindText(client, place++, row.cell(column));
             }
-            sqlite3_step(insert);
-            sqlite3_reset(insert);
+            sqlite3_step(client);
+            sqlite3_reset(client);
+            if (!row.cell(1).empty()) {
+                bindText(person, 1, row.cell(3));
+                sqlite3_bind_int64(person, 2, sqlite3_last_insert_rowid(library.database()));
+                sqlite3_step(person);
+                sqlite3_reset(person);
+            }
         }
         sqlite3_exec(library.database(), "COMMIT", nullptr, nullptr, nullptr);
         state.PauseTiming();
-        sqlite3_finalize(insert);
+        sqlite3_finalize(client);
+        sqlite3_finalize(person);
         state.ResumeTiming();
     }
 }
