@@ -12,6 +12,7 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <tuple>
 #include <utility>
 
@@ -67,12 +68,20 @@ AssistantEnvironment OpenLibrary::actionsEnvironment(AppEnvironment& environment
 
 void OpenLibrary::backUpIfDue(AppEnvironment& environment)
 {
-    try {
-        const Backups backups(m_store.location().folder(), DataModel::history(), environment.calendar());
-        std::ignore = backups.makeDaily(environment.clock().now());
-    } catch (const UserError& error) {
-        ErrorOutput::writeLine(fmt::format("The daily backup was not made: {}", error.message()));
+    if (m_backup.valid() && m_backup.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        return;
     }
+    // A large library takes seconds to copy and check, which nobody should wait for before the window comes.
+    m_backup =
+        std::async(std::launch::async,
+                   [backups = Backups(m_store.location().folder(), DataModel::history(), environment.calendar()),
+                    now = environment.clock().now()] {
+                       try {
+                           std::ignore = backups.makeDaily(now);
+                       } catch (const UserError& error) {
+                           ErrorOutput::writeLine(fmt::format("The daily backup was not made: {}", error.message()));
+                       }
+                   });
 }
 
 } // namespace Quillary

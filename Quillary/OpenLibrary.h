@@ -7,6 +7,7 @@
 #include "QuillaryCore/Store/Store.h"
 
 #include <filesystem>
+#include <future>
 #include <memory>
 
 namespace Quillary {
@@ -35,8 +36,8 @@ public:
     /// What the operations work with; borrows this library, the environment and the host.
     [[nodiscard]] AssistantEnvironment actionsEnvironment(AppEnvironment& environment, PrintingHost& host);
 
-    /// Makes the day's automatic backup when it is due. A failure is told on standard error and is no failure of the
-    /// command: what the user asked for has been done.
+    /// Makes the day's automatic backup when it is due, on a worker that is waited for when the library is closed. A
+    /// failure is told on standard error and is no failure of the command: what the user asked for has been done.
     void backUpIfDue(AppEnvironment& environment);
 
 private:
@@ -44,6 +45,7 @@ private:
     Store m_store;
     Context m_context;
     LibrarySearch m_search{m_context};
+    std::future<void> m_backup; ///< its end is awaited before anything above goes
 };
 
 } // namespace Quillary

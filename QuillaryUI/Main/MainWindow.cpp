@@ -89,7 +89,6 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     connect(&library, &LibraryAccess::opened, this, [this] { m_deck->setEnabled(true); });
     buildMenus();
     restoreLayout();
-    m_deck->show(0);
     if (FirstStart::isNeeded(library)) {
         showFirstStart();
     }
@@ -127,6 +126,14 @@ void MainWindow::prepareTray()
         }
     });
     connect(m_tray, &TrayIcon::wantedEnd, this, &MainWindow::end);
+}
+
+void MainWindow::setVisible(bool visible)
+{
+    if (visible && m_deck->isEmpty()) {
+        m_deck->show(0);
+    }
+    QMainWindow::setVisible(visible);
 }
 
 void MainWindow::present()
@@ -195,9 +202,9 @@ void MainWindow::uncover()
     Q_EMIT unlocked();
 }
 
-Section* MainWindow::makeOverview()
+Section* MainWindow::makeOverview(QWidget* parent)
 {
-    auto* overview = new OverviewSection(m_library, this);
+    auto* overview = new OverviewSection(m_library, parent);
     connect(overview, &OverviewSection::wantedDocuments, this, &MainWindow::showDocuments);
     connect(overview, &OverviewSection::wantedDue, this, [this](int days, const std::string& currencyCode) {
         showSection(sectionName(DocumentKind::invoice));
@@ -225,21 +232,23 @@ void MainWindow::addSections(const ProgramPlaces& places)
     const auto add = [this](const char* name, const QString& title, const char* icon, SectionDeck::Maker make) {
         m_deck->add(QString::fromLatin1(name), title, QString::fromLatin1(icon), std::move(make));
     };
-    add("overview", tr("Overview"), "overview", [this] { return makeOverview(); });
+    add("overview", tr("Overview"), "overview", [this](QWidget* parent) { return makeOverview(parent); });
     for (const auto& [kind, name, icon] : {std::tuple(DocumentKind::invoice, "invoices", "invoice"),
                                            std::tuple(DocumentKind::quote, "quotes", "quote"),
                                            std::tuple(DocumentKind::creditNote, "credit-notes", "credit-note")}) {
-        add(name, StatusText::kinds(kind), icon, [this, made = kind] {
-            return new DocumentsSection(m_library, made, this);
+        add(name, StatusText::kinds(kind), icon, [this, made = kind](QWidget* parent) {
+            return new DocumentsSection(m_library, made, parent);
         });
     }
-    add("recurring", tr("Recurring"), "recurring", [this] { return new RecurringSection(m_library, this); });
-    add("clients", tr("Clients"), "clients", [this] { return new ClientsSection(m_library, this); });
-    add("catalog", tr("Catalog"), "catalog", [this] { return new CatalogSection(m_library, this); });
-    add("time", tr("Time"), "time", [this] { return new TimeSection(m_library, this); });
-    add("reports", tr("Reports"), "reports", [this] { return new ReportsSection(m_library, this); });
-    add("settings", tr("Settings"), "settings", [this, places] {
-        return new SettingsSection(m_library, places, this);
+    add("recurring", tr("Recurring"), "recurring", [this](QWidget* parent) {
+        return new RecurringSection(m_library, parent);
+    });
+    add("clients", tr("Clients"), "clients", [this](QWidget* parent) { return new ClientsSection(m_library, parent); });
+    add("catalog", tr("Catalog"), "catalog", [this](QWidget* parent) { return new CatalogSection(m_library, parent); });
+    add("time", tr("Time"), "time", [this](QWidget* parent) { return new TimeSection(m_library, parent); });
+    add("reports", tr("Reports"), "reports", [this](QWidget* parent) { return new ReportsSection(m_library, parent); });
+    add("settings", tr("Settings"), "settings", [this, places](QWidget* parent) {
+        return new SettingsSection(m_library, places, parent);
     });
 }
 

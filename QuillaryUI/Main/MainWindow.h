@@ -33,6 +33,9 @@ public:
     MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWidget* parent = nullptr);
     ~MainWindow() override;
 
+    /// The first time with the first section, unless another was chosen before.
+    void setVisible(bool visible) override;
+
     /// By its name, such as "invoices", or with one of its pages, such as "settings/assistants".
     void showSection(const QString& name);
     /// In front of whoever asks, wherever it was.
@@ -74,7 +77,7 @@ protected:
 private:
     void buildWarning();
     void addSections(const ProgramPlaces& places);
-    [[nodiscard]] Section* makeOverview();
+    [[nodiscard]] Section* makeOverview(QWidget* parent);
     void addTimer();
     void listenTo(Section* section) const;
     void showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);

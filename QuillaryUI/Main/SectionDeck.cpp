@@ -82,7 +82,7 @@ void SectionDeck::choose(int place)
 Section* SectionDeck::ensure(Entry& entry)
 {
     if (entry.section == nullptr) {
-        entry.section = entry.make();
+        entry.section = entry.make(m_pages);
         m_pages->addWidget(entry.section);
         Q_EMIT wasMade(entry.section);
     }
@@ -98,6 +98,11 @@ Section* SectionDeck::section(const QString& name)
 Section* SectionDeck::current()
 {
     return ensure(m_entries[static_cast<std::size_t>(std::max(m_list->currentRow(), 0))]);
+}
+
+bool SectionDeck::isEmpty() const
+{
+    return m_list->currentRow() < 0;
 }
 
 QStringList SectionDeck::names() const

@@ -23,11 +23,12 @@ class SectionDeck : public QWidget
     Q_OBJECT
 
 public:
-    using Maker = std::function<Section*()>;
+    using Maker = std::function<Section*(QWidget* parent)>;
 
     explicit SectionDeck(QWidget* parent = nullptr);
 
-    /// At the end. `make` returns one that this deck then owns.
+    /// At the end. `make` returns a section of the parent that it is given: a parent that comes later would have every
+    /// widget of it dressed again.
     void add(const QString& name, const QString& title, const QString& icon, Maker make);
 
     void show(const QString& name);
@@ -36,6 +37,7 @@ public:
     /// Made if need be; null: there is none of that name.
     [[nodiscard]] Section* section(const QString& name);
     [[nodiscard]] Section* current();
+    [[nodiscard]] bool isEmpty() const; ///< nothing was shown yet
     [[nodiscard]] QStringList names() const;
     [[nodiscard]] QString title(int place) const;
     [[nodiscard]] int count() const { return int(m_entries.size()); }
