@@ -4,6 +4,8 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
+#include "QuillaryCore/Search/TextBlock.h"
+#include "QuillaryCore/Search/TextScan.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
@@ -24,6 +26,7 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -32,6 +35,7 @@
 #include <memory>
 #include <numeric>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -206,8 +210,10 @@ void memory(benchmark::State& state)
 void sortBy(benchmark::State& state, Column column)
 {
     const DocumentRows& rows = loaded(state.range(0)).rows;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(rows.arranged({}, column, Order::ascending).data());
+    Order order = Order::descending;
+    for (auto _ : state) { // to and fro, since the order asked for last is kept
+        order = order == Order::ascending ? Order::descending : Order::ascending;
+        benchmark::DoNotOptimize(rows.arranged({}, column, order).data());
     }
 }
 
@@ -244,14 +250,35 @@ void counts(benchmark::State& state)
     }
 }
 
+constexpr std::string_view typedWords[] = {"w", "we", "web", "2024-0"};
+
 void keystroke(benchmark::State& state)
 {
     const DocumentRows& rows = loaded(state.range(0)).rows;
-    const std::string typed[] = {"w", "we", "web", "2024-0"};
     std::size_t next = 0;
     for (auto _ : state) {
-        const DocumentRows::Filter filter{.text = typed[next++ % std::size(typed)]};
+        const DocumentRows::Filter filter{.text = std::string(typedWords[next++ % std::size(typedWords)])};
         benchmark::DoNotOptimize(rows.arranged(filter, Column::issueDate, Order::descending).data());
+    }
+}
+
+/// All texts of the rows in one, each text found in it, nothing kept.
+void keystrokeFloor(benchmark::State& state)
+{
+    const DocumentRows& rows = loaded(state.range(0)).rows;
+    TextBlock block;
+    for (std::uint32_t place = 0; place < rows.size(); ++place) {
+        const DocumentRows::Row row = rows.row(place);
+        block.add(std::array{row.number, row.title, row.clientName}, {});
+    }
+    std::size_t next = 0;
+    for (auto _ : state) {
+        std::size_t count = 0;
+        TextScan::run(block, typedWords[next++ % std::size(typedWords)], [&count](std::size_t, std::size_t) {
+            ++count;
+            return TextScan::Then::nextRecord;
+        });
+        benchmark::DoNotOptimize(count);
     }
 }
 
@@ -271,45 +298,50 @@ void keystrokeInWindow(benchmark::State& state)
     }
 }
 
+/// The list as the window shows it, without its surroundings.
+struct ShownList
+{
+    explicit ShownList(std::int64_t documents)
+        : model(loaded(documents).library.access, DocumentKind::invoice)
+    {
+        table.setModel(&model);
+        Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
+        table.resize(screenWidth, screenHeight);
+        table.show();
+        QCoreApplication::processEvents();
+        picture = QImage(table.viewport()->size(), QImage::Format_RGB32);
+    }
+
+    /// Goes so many rows further, round and round, and draws a part of what stands there.
+    void advance(int rows, const QRect& part)
+    {
+        row = (row + rows) % model.rowCount();
+        table.verticalScrollBar()->setValue(row * rowHeight);
+        table.viewport()->render(&picture, part.topLeft(), part);
+    }
+
+    DocumentListModel model;
+    QTableView table;
+    QImage picture;
+    int row = 0;
+};
+
 /// A jump to another place and the picture of what stands there.
 void screenful(benchmark::State& state)
 {
-    startApplication();
-    DocumentListModel model(loaded(state.range(0)).library.access, DocumentKind::invoice);
-    QTableView table;
-    table.setModel(&model);
-    Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
-    table.resize(screenWidth, screenHeight);
-    table.show();
-    QCoreApplication::processEvents();
-    QImage picture(table.viewport()->size(), QImage::Format_RGB32);
-    int row = 0;
+    ShownList list(state.range(0));
     for (auto _ : state) {
-        row = (row + 7919) % model.rowCount();
-        table.verticalScrollBar()->setValue(row * rowHeight);
-        table.viewport()->render(&picture);
+        list.advance(7919, list.picture.rect());
     }
 }
 
 /// The row that comes in at the bottom when one scrolls.
 void scroll(benchmark::State& state)
 {
-    startApplication();
-    DocumentListModel model(loaded(state.range(0)).library.access, DocumentKind::invoice);
-    QTableView table;
-    table.setModel(&model);
-    Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
-    table.resize(screenWidth, screenHeight);
-    table.show();
-    QCoreApplication::processEvents();
-    QWidget& viewport = *table.viewport();
-    QImage picture(viewport.size(), QImage::Format_RGB32);
-    const QRegion last(0, viewport.height() - rowHeight, viewport.width(), rowHeight);
-    int row = 0;
+    ShownList list(state.range(0));
+    const QRect last(0, list.picture.height() - rowHeight, list.picture.width(), rowHeight);
     for (auto _ : state) {
-        row = (row + 1) % model.rowCount();
-        table.verticalScrollBar()->setValue(row * rowHeight);
-        viewport.render(&picture, QPoint(0, viewport.height() - rowHeight), last);
+        list.advance(1, last);
     }
 }
 
@@ -344,6 +376,7 @@ BENCHMARK(sortByDate)->Apply(sizes);
 BENCHMARK(sortByTotal)->Apply(sizes);
 BENCHMARK(sortByStatus)->Apply(sizes);
 BENCHMARK(counts)->Apply(sizes);
+BENCHMARK(keystrokeFloor)->Apply(sizes);
 BENCHMARK(keystroke)->Apply(sizes);
 BENCHMARK(keystrokeInWindow)->Apply(sizes);
 BENCHMARK(scroll)->Apply(sizes);

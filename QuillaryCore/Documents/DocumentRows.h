@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Billing/DisplayStatus.h"
 #include "QuillaryCore/Billing/StatusActions.h"
+#include "QuillaryCore/Documents/RowTexts.h"
 #include "QuillaryCore/Foundation/Calendar.h"
 #include "QuillaryCore/Foundation/Instant.h"
 #include "QuillaryCore/Model/DocumentKind.h"
@@ -16,15 +17,13 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace Quillary {
 
 class Context;
-struct Client;
+class Statement;
 struct Document;
-struct Project;
 
 /// The list of all documents of one kind, in memory: narrowing, sorting, counting and summing ask the library nothing.
 ///
@@ -34,17 +33,15 @@ class DocumentRows
 public:
     using Key = std::int64_t;
 
+    /// What a list shows of a document. Its texts are valid until the rows change.
     struct Row
     {
         Key key = 0;
         DisplayStatus status = DisplayStatus::draft; ///< as of the day of `load` or `update`
-        int daysOverdue = 0;
-        std::string number;
-        std::string title;
-        std::string clientName; ///< empty without a client
-        std::string currencyCode;
-        std::string foldedText; ///< what a search looks through: number, title, client, tags
-        std::string foldedTags; ///< each between line breaks
+        std::string_view number;
+        std::string_view title;
+        std::string_view clientName; ///< empty without a client
+        std::string_view currencyCode;
         std::optional<Instant> issueDate;
         std::optional<Instant> dueDate; ///< of a quote the last day that it stands
         std::int64_t totalMinorUnits = 0;
@@ -88,12 +85,13 @@ public:
     void clear();
 
     [[nodiscard]] bool isWhole() const { return m_isWhole; }
-    [[nodiscard]] std::size_t size() const { return m_rows.size(); }
+    [[nodiscard]] std::size_t size() const { return m_slots.size(); }
 
     /// The places of the rows that fit, in the order asked for; equal ones newest first.
     [[nodiscard]] std::vector<std::uint32_t> arranged(const Filter& filter, Column column, Order order) const;
 
-    [[nodiscard]] const Row& row(std::uint32_t place) const { return m_rows[place]; }
+    [[nodiscard]] Row row(std::uint32_t place) const;
+    [[nodiscard]] Key key(std::uint32_t place) const { return m_facts[m_slots[place]].key; }
 
     /// No value: it isn't in the list.
     [[nodiscard]] std::optional<std::uint32_t> place(Key key) const;
@@ -122,15 +120,66 @@ public:
     [[nodiscard]] Summary summary(std::span<const std::uint32_t> places) const;
 
 private:
-    void
-    read(Context& context, std::string_view condition, std::int64_t value, Instant today, const Calendar& calendar);
-    void reload(Context& context, std::span<const Key> keys, Instant today, const Calendar& calendar);
-    void index();
+    // A row stays in its slot, which counts the rows that were ever read; its place follows from the order. What one pass
+    // over all rows needs lies side by side.
+
+    using Slot = RowTexts::Slot;
+    using Places = std::vector<std::uint32_t>;
+    using Marks = std::vector<std::uint8_t>; ///< 1 or 0
+
+    struct Facts
+    {
+        Key key;
+        std::optional<Instant> issueDate;
+        std::optional<Instant> dueDate;
+        Key project;
+        DisplayStatus status;
+    };
+
+    struct Amounts
+    {
+        std::int64_t total;
+        std::int64_t due;
+        std::uint32_t currency; ///< place in `m_currencies`
+    };
+
+    struct Arranged
+    {
+        Column column;
+        Order order;
+        Places places;
+    };
+
+    void read(Context& context,
+              std::string_view condition,
+              std::int64_t first,
+              std::int64_t second,
+              Instant today,
+              const Calendar& calendar);
+    void add(const Statement& row, Document& facts, Instant today, const Calendar& calendar);
+    [[nodiscard]] std::uint32_t currency(std::string_view code);
+    [[nodiscard]] bool remove(std::span<const Key> keys);
+    void arrangeFrom(Slot first);
+    [[nodiscard]] std::optional<Slot> slot(Key key) const;
+    [[nodiscard]] bool isNewer(Slot left, Slot right) const;
+
+    [[nodiscard]] std::optional<Marks> fitting(const Filter& filter) const;
+    [[nodiscard]] bool fits(Slot slot, const Filter& filter, std::string_view tag) const;
+    [[nodiscard]] const Places& allBy(Column column, Order order) const;
+    void sort(Places& places, Column column, Order order) const;
 
     DocumentKind m_kind;
     bool m_isWhole = false;
-    std::vector<Row> m_rows; ///< newest first
-    std::unordered_map<Key, std::uint32_t> m_places;
+    std::vector<Facts> m_facts;     ///< by slot
+    std::vector<Amounts> m_amounts; ///< by slot
+    RowTexts m_texts;               ///< by slot
+    std::vector<bool> m_isGone;     ///< by slot
+    std::vector<std::string> m_currencies;
+    std::map<std::string, std::uint32_t, std::less<>> m_currencyPlaces; ///< in `m_currencies`
+    std::vector<Slot> m_slots;                                          ///< by place: the newest first
+    std::vector<Slot> m_slotsByKey;                                     ///< ascending
+    Places m_places;                                                    ///< by slot; of those in `m_slots`
+    mutable std::optional<Arranged> m_arranged;                         ///< all rows in the order asked for last
 };
 
 } // namespace Quillary

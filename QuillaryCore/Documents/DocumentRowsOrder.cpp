@@ -1,12 +1,12 @@
 // Which rows a list shows, and in which order. A hundred thousand of them are sorted within a frame: what they are
 // compared by is gathered side by side first, since rows lie far apart in memory.
 #include "QuillaryCore/Documents/DocumentRows.h"
-#include "QuillaryCore/Foundation/Text.h"
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,40 +14,12 @@ namespace Quillary {
 
 namespace {
 
-using Row = DocumentRows::Row;
 using Places = std::vector<std::uint32_t>;
 
 /// A day that isn't there lies in no bounds.
 bool isWithin(const std::optional<Instant>& day, const std::optional<Instant>& start, const std::optional<Instant>& end)
 {
     return (!start || (day && *day >= *start)) && (!end || (day && *day < *end));
-}
-
-bool fits(const Row& row,
-          const DocumentRows::Filter& filter,
-          std::span<const std::string> words,
-          const std::string& tagLine)
-{
-    // The cheap questions first.
-    return (!filter.client || row.client == *filter.client) && (!filter.project || row.project == *filter.project) &&
-           (filter.statuses.empty() || std::ranges::find(filter.statuses, row.status) != filter.statuses.end()) &&
-           isWithin(row.issueDate, filter.start, filter.end) && isWithin(row.dueDate, filter.dueStart, filter.dueEnd) &&
-           (filter.currencyCode.empty() || row.currencyCode == filter.currencyCode) &&
-           (tagLine.empty() || row.foldedTags.find(tagLine) != std::string::npos) &&
-           std::ranges::all_of(
-               words, [&row](const std::string& word) { return row.foldedText.find(word) != std::string::npos; });
-}
-
-std::vector<std::string> wordsOf(std::string_view text)
-{
-    std::vector<std::string> words;
-    const std::string whole = folded(text);
-    for (const std::string_view word : split(whole, ' ')) {
-        if (!word.empty()) {
-            words.emplace_back(word);
-        }
-    }
-    return words;
 }
 
 /// Sorts by a number that stands for what a column shows; equal ones stay in the order of their places.
@@ -73,14 +45,15 @@ std::int64_t figureOf(const std::optional<Instant>& day)
 }
 
 /// What all texts begin with. Numbers of a business differ behind it at once.
-std::size_t commonPrefix(std::span<const Row> rows, const Places& places, std::string Row::* text)
+template <class Text>
+std::size_t commonPrefix(const Places& places, const Text& text)
 {
-    const std::string& first = rows[places.front()].*text;
+    const std::string_view first = text(places.front());
     std::size_t length = first.size();
     for (const std::uint32_t place : places) {
-        const std::string& other = rows[place].*text;
-        const auto end = first.begin() + static_cast<std::ptrdiff_t>(length);
-        length = static_cast<std::size_t>(std::mismatch(first.begin(), end, other.begin(), other.end()).first -
+        const std::string_view other = text(place);
+        length = std::min(length, other.size());
+        length = static_cast<std::size_t>(std::mismatch(first.begin(), first.begin() + length, other.begin()).first -
                                           first.begin());
     }
     return length;
@@ -96,7 +69,9 @@ std::uint64_t head(std::string_view text)
     return value;
 }
 
-void sortByText(std::span<const Row> rows, Places& places, DocumentRows::Order order, std::string Row::* text)
+/// The same by a text, byte by byte.
+template <class Text>
+void sortByText(Places& places, DocumentRows::Order order, const Text& text)
 {
     struct Keyed
     {
@@ -106,57 +81,40 @@ void sortByText(std::span<const Row> rows, Places& places, DocumentRows::Order o
     if (places.empty()) {
         return;
     }
-    const std::size_t prefix = commonPrefix(rows, places, text);
+    const std::size_t prefix = commonPrefix(places, text);
     std::vector<Keyed> keyed;
     keyed.reserve(places.size());
     for (const std::uint32_t place : places) {
-        keyed.push_back({head(std::string_view(rows[place].*text).substr(prefix)), place});
+        keyed.push_back({head(text(place).substr(prefix)), place});
     }
     const bool isAscending = order == DocumentRows::Order::ascending;
     std::ranges::sort(keyed, [&](const Keyed& left, const Keyed& right) {
         if (left.head != right.head) {
             return (left.head < right.head) == isAscending;
         }
-        const int compared = (rows[left.place].*text).compare(rows[right.place].*text);
+        const int compared = text(left.place).compare(text(right.place));
         return compared == 0 ? left.place < right.place : (compared < 0) == isAscending;
     });
     std::ranges::transform(keyed, places.begin(), &Keyed::place);
 }
 
-/// The place of each row's client in the order of their names, without regard to case and accents.
-std::vector<std::uint32_t> clientRanks(std::span<const Row> rows)
+/// The marked ones of `places`.
+Places marked(const Places& places, const std::vector<std::uint8_t>& marks)
 {
-    std::unordered_map<DocumentRows::Key, std::uint32_t> numbers; // the clients as they come
-    std::vector<std::pair<std::string, std::uint32_t>> names;
-    std::vector<std::uint32_t> ranks;
-    ranks.reserve(rows.size());
-    for (const Row& row : rows) {
-        const auto [number, isNew] = numbers.try_emplace(row.client, static_cast<std::uint32_t>(names.size()));
-        if (isNew) {
-            names.emplace_back(folded(row.clientName), number->second);
-        }
-        ranks.push_back(number->second);
+    Places result(places.size());
+    std::size_t count = 0;
+    for (const std::uint32_t place : places) { // without a branch: whether a row fits can't be foreseen
+        result[count] = place;
+        count += marks[place];
     }
-    std::ranges::sort(names);
-    std::vector<std::uint32_t> rankOf(names.size());
-    for (std::uint32_t rank = 0; rank < names.size(); ++rank) {
-        rankOf[names[rank].second] = rank;
-    }
-    std::ranges::transform(ranks, ranks.begin(), [&rankOf](std::uint32_t number) { return rankOf[number]; });
-    return ranks;
+    result.resize(count);
+    return result;
 }
 
-Places fitting(std::span<const Row> rows, const DocumentRows::Filter& filter)
+Places upTo(std::size_t count)
 {
-    const std::vector<std::string> words = wordsOf(filter.text);
-    const std::string tagLine = filter.tag.empty() ? "" : "\n" + folded(filter.tag) + "\n";
-    Places places;
-    places.reserve(rows.size());
-    for (std::uint32_t place = 0; place < rows.size(); ++place) {
-        if (fits(rows[place], filter, words, tagLine)) {
-            places.push_back(place);
-        }
-    }
+    Places places(count);
+    std::iota(places.begin(), places.end(), 0U);
     return places;
 }
 
@@ -164,36 +122,107 @@ Places fitting(std::span<const Row> rows, const DocumentRows::Filter& filter)
 
 std::vector<std::uint32_t> DocumentRows::arranged(const Filter& filter, Column column, Order order) const
 {
-    Places places = fitting(m_rows, filter);
+    constexpr std::size_t fewInRows = 8; // up to one in so many, they alone are sorted
+    const std::optional<Marks> marks = fitting(filter);
+    if (!marks) {
+        return allBy(column, order);
+    }
+    const auto count = static_cast<std::size_t>(std::ranges::count(*marks, 1));
+    const bool isReady = m_arranged && m_arranged->column == column && m_arranged->order == order;
+    if (isReady || count * fewInRows > size()) {
+        return marked(allBy(column, order), *marks);
+    }
+    Places places = marked(upTo(size()), *marks);
+    sort(places, column, order);
+    return places;
+}
+
+/// No value: all of them fit.
+std::optional<DocumentRows::Marks> DocumentRows::fitting(const Filter& filter) const
+{
+    Filter facts = filter;
+    facts.text.clear();
+    const bool asksForFacts = facts != Filter();
+    const Marks found = m_texts.holding(filter.text);
+    if (found.empty() && !asksForFacts) {
+        return std::nullopt;
+    }
+    Marks marks(size(), 1);
+    if (!found.empty()) {
+        std::ranges::transform(m_slots, marks.begin(), [&found](Slot slot) { return found[slot]; });
+    }
+    if (asksForFacts) {
+        const std::string tag = filter.tag.empty() ? std::string() : RowTexts::preparedTag(filter.tag);
+        for (std::uint32_t place = 0; place < marks.size(); ++place) {
+            marks[place] = marks[place] != 0 && fits(m_slots[place], filter, tag) ? 1 : 0;
+        }
+    }
+    return marks;
+}
+
+/// But for the words. The cheap questions come first.
+bool DocumentRows::fits(Slot slot, const Filter& filter, std::string_view tag) const
+{
+    const Facts& facts = m_facts[slot];
+    return (!filter.client || m_texts.clientKey(slot) == *filter.client) &&
+           (!filter.project || facts.project == *filter.project) &&
+           (filter.statuses.empty() || std::ranges::find(filter.statuses, facts.status) != filter.statuses.end()) &&
+           isWithin(facts.issueDate, filter.start, filter.end) &&
+           isWithin(facts.dueDate, filter.dueStart, filter.dueEnd) &&
+           (filter.currencyCode.empty() || m_currencies[m_amounts[slot].currency] == filter.currencyCode) &&
+           (tag.empty() || m_texts.hasTag(slot, tag));
+}
+
+/// Sorted once and kept, so that a letter more in the search doesn't sort.
+const DocumentRows::Places& DocumentRows::allBy(Column column, Order order) const
+{
+    if (!m_arranged || m_arranged->column != column || m_arranged->order != order) {
+        Places places = upTo(size());
+        sort(places, column, order);
+        m_arranged = Arranged{.column = column, .order = order, .places = std::move(places)};
+    }
+    return m_arranged->places;
+}
+
+void DocumentRows::sort(Places& places, Column column, Order order) const
+{
+    const auto facts = [this](std::uint32_t place) -> const Facts& {
+        return m_facts[m_slots[place]];
+    };
+    const auto amounts = [this](std::uint32_t place) -> const Amounts& {
+        return m_amounts[m_slots[place]];
+    };
     switch (column) {
     case Column::number:
-        sortByText(m_rows, places, order, &Row::number);
+        sortByText(places, order, [this](std::uint32_t place) { return m_texts.number(m_slots[place]); });
         break;
     case Column::title:
-        sortByText(m_rows, places, order, &Row::title);
+        sortByText(places, order, [this](std::uint32_t place) { return m_texts.title(m_slots[place]); });
         break;
     case Column::client: {
-        const std::vector<std::uint32_t> ranks = clientRanks(m_rows);
-        sortByFigure(places, order, [&](std::uint32_t place) { return std::int64_t(ranks[place]); });
+        const std::vector<std::uint32_t> ranks = m_texts.clients().ranks();
+        sortByFigure(
+            places, order, [&](std::uint32_t place) { return std::int64_t(ranks[m_texts.client(m_slots[place])]); });
         break;
     }
     case Column::issueDate:
-        sortByFigure(places, order, [this](std::uint32_t place) { return figureOf(m_rows[place].issueDate); });
+        if (order != Order::descending) { // else they are
+            sortByFigure(places, order, [&](std::uint32_t place) { return figureOf(facts(place).issueDate); });
+        }
         break;
     case Column::dueDate:
-        sortByFigure(places, order, [this](std::uint32_t place) { return figureOf(m_rows[place].dueDate); });
+        sortByFigure(places, order, [&](std::uint32_t place) { return figureOf(facts(place).dueDate); });
         break;
     case Column::total:
-        sortByFigure(places, order, [this](std::uint32_t place) { return m_rows[place].totalMinorUnits; });
+        sortByFigure(places, order, [&](std::uint32_t place) { return amounts(place).total; });
         break;
     case Column::due:
-        sortByFigure(places, order, [this](std::uint32_t place) { return m_rows[place].dueMinorUnits; });
+        sortByFigure(places, order, [&](std::uint32_t place) { return amounts(place).due; });
         break;
     case Column::status:
-        sortByFigure(places, order, [this](std::uint32_t place) { return std::int64_t(m_rows[place].status); });
+        sortByFigure(places, order, [&](std::uint32_t place) { return std::int64_t(facts(place).status); });
         break;
     }
-    return places;
 }
 
 } // namespace Quillary

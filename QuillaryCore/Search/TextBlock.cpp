@@ -3,8 +3,29 @@
 #include "QuillaryCore/Foundation/Text.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace Quillary {
+
+namespace {
+
+bool isASCII(std::string_view text)
+{
+    unsigned char all = 0;
+    for (const char byte : text) {
+        all |= static_cast<unsigned char>(byte);
+    }
+    return all < 0x80;
+}
+
+char preparedASCII(char byte)
+{
+    const bool isCapital = byte >= 'A' && byte <= 'Z';
+    const char lower = static_cast<char>(byte + (isCapital ? 'a' - 'A' : 0));
+    return lower == TextBlock::border ? ' ' : lower;
+}
+
+} // namespace
 
 std::string TextBlock::prepared(std::string_view text)
 {
@@ -31,10 +52,20 @@ std::size_t TextBlock::add(std::span<const std::string_view> own, std::span<cons
 
 void TextBlock::append(std::string_view text)
 {
-    if (!text.empty()) {
-        m_text += prepared(text);
-        m_text += border;
+    if (text.empty()) {
+        return;
     }
+    if (isASCII(text)) { // most texts, and folding them is plain
+        const std::size_t begin = m_text.size();
+        m_text += trimmed(text);
+        std::transform(m_text.begin() + static_cast<std::ptrdiff_t>(begin),
+                       m_text.end(),
+                       m_text.begin() + static_cast<std::ptrdiff_t>(begin),
+                       preparedASCII);
+    } else {
+        m_text += prepared(text);
+    }
+    m_text += border;
 }
 
 void TextBlock::blank(std::size_t slot)

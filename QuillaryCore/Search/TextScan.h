@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 /// Finds the places of a text in a block, 64 at a time: by its first and last letter, which is three times as quick as
@@ -48,9 +49,15 @@ void run(const TextBlock& block, std::string_view wanted, const Visitor& visit)
     std::size_t wordsUntil = 0; // before this place only beginnings of words are wanted
     for (std::size_t from = 1; from + wanted.size() <= text.size();) {
         std::uint64_t places = candidates(text, from, wanted);
-        const std::uint64_t words = places == 0 ? 0 : wordBeginnings(text, from);
-        if (from < wordsUntil) {
-            places &= words | allFrom(wordsUntil - from);
+        std::optional<std::uint64_t> words; // many searches never ask for them
+        const auto onlyWords = [&](std::size_t until) {
+            if (!words) {
+                words = wordBeginnings(text, from);
+            }
+            places &= *words | allFrom(until - from);
+        };
+        if (places != 0 && from < wordsUntil) {
+            onlyWords(wordsUntil);
         }
         std::size_t next = from + width;
         while (places != 0) {
@@ -70,7 +77,7 @@ void run(const TextBlock& block, std::string_view wanted, const Visitor& visit)
                 next = end > next ? end : next;
             } else if (then == Then::nextWord) {
                 wordsUntil = end;
-                places &= words | allFrom(end - from);
+                onlyWords(end);
             }
         }
         from = next;

@@ -76,7 +76,7 @@ QVariant DocumentListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || index.row() >= rowCount()) {
         return {};
     }
-    const DocumentRows::Row& row = m_rows.row(m_places[static_cast<std::size_t>(index.row())]);
+    const DocumentRows::Row row = m_rows.row(m_places[static_cast<std::size_t>(index.row())]);
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
@@ -188,14 +188,14 @@ void DocumentListModel::sort(int column, Qt::SortOrder order)
     }
     m_sortColumn = m_columns[static_cast<std::size_t>(column)];
     m_order = order == Qt::AscendingOrder ? DocumentRows::Order::ascending : DocumentRows::Order::descending;
-    arrange();
+    arrange(chosen());
 }
 
 void DocumentListModel::setFilter(DocumentRows::Filter filter)
 {
     if (filter != m_filter) {
         m_filter = std::move(filter);
-        arrange();
+        arrange(chosen());
     }
 }
 
@@ -207,13 +207,14 @@ std::optional<int> DocumentListModel::placeOf(DocumentRows::Column column) const
 
 DocumentRows::Key DocumentListModel::key(int row) const
 {
-    return m_keys[static_cast<std::size_t>(row)];
+    return m_rows.key(m_places[static_cast<std::size_t>(row)]);
 }
 
 std::optional<int> DocumentListModel::rowOf(DocumentRows::Key key) const
 {
-    const auto found = std::ranges::find(m_keys, key);
-    return found == m_keys.end() ? std::nullopt : std::optional(int(found - m_keys.begin()));
+    const std::optional<std::uint32_t> place = m_rows.place(key);
+    const auto found = place ? std::ranges::find(m_places, *place) : m_places.end();
+    return found == m_places.end() ? std::nullopt : std::optional(int(found - m_places.begin()));
 }
 
 std::vector<std::uint32_t> DocumentListModel::placesOf(std::span<const int> rows) const
@@ -236,6 +237,11 @@ DocumentRows::Summary DocumentListModel::summary(std::span<const int> rows) cons
     return m_rows.summary(placesOf(rows));
 }
 
+DocumentRows::Sum DocumentListModel::sum() const
+{
+    return m_rows.sum(m_places);
+}
+
 void DocumentListModel::reload()
 {
     if (!m_library.isOpen()) {
@@ -243,7 +249,7 @@ void DocumentListModel::reload()
     }
     beginResetModel();
     m_rows.load(m_library.context(), m_library.today(), m_library.formats().calendar(), firstScreen);
-    place(m_rows.arranged(m_filter, m_sortColumn, m_order));
+    m_places = m_rows.arranged(m_filter, m_sortColumn, m_order);
     endResetModel();
     if (!m_rows.isWhole()) {
         m_rest.start(0);
@@ -256,10 +262,9 @@ void DocumentListModel::loadRest()
     if (!m_library.isOpen()) {
         return;
     }
-    DocumentRows whole(m_kind);
-    whole.load(m_library.context(), m_library.today(), m_library.formats().calendar());
-    m_rows = std::move(whole); // the rows shown now are found by their keys below
-    arrange();
+    const Chosen chosen = this->chosen();
+    m_rows.load(m_library.context(), m_library.today(), m_library.formats().calendar());
+    arrange(chosen);
 }
 
 void DocumentListModel::take(const ChangeSet& changes)
@@ -269,45 +274,47 @@ void DocumentListModel::take(const ChangeSet& changes)
     }
     if (!m_rows.isWhole()) {
         reload();
-    } else if (m_rows.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar())) {
-        arrange();
+        return;
     }
+    const Chosen chosen = this->chosen();
+    if (m_rows.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar())) {
+        arrange(chosen);
+    }
+}
+
+DocumentListModel::Chosen DocumentListModel::chosen() const
+{
+    Chosen chosen{.indexes = persistentIndexList(), .keys = {}};
+    chosen.keys.reserve(static_cast<std::size_t>(chosen.indexes.size()));
+    for (const QModelIndex& index : chosen.indexes) {
+        chosen.keys.push_back(key(index.row()));
+    }
+    return chosen;
 }
 
 /// Rows that stay keep what is chosen of them. When their number changes everything is told anew, and whoever shows
 /// the list finds its row by the key.
-void DocumentListModel::arrange()
+void DocumentListModel::arrange(const Chosen& chosen)
 {
     std::vector<std::uint32_t> places = m_rows.arranged(m_filter, m_sortColumn, m_order);
-    if (places.size() != m_keys.size()) {
+    if (places.size() != m_places.size()) {
         beginResetModel();
-        place(std::move(places));
+        m_places = std::move(places);
         endResetModel();
         Q_EMIT arranged();
         return;
     }
     Q_EMIT layoutAboutToBeChanged();
-    const std::vector<DocumentRows::Key> keys = m_keys;
-    const QModelIndexList before = persistentIndexList();
-    place(std::move(places));
+    m_places = std::move(places);
     QModelIndexList after;
-    for (const QModelIndex& index : before) {
-        const std::optional<int> row = rowOf(keys[static_cast<std::size_t>(index.row())]);
-        after.push_back(row ? this->index(*row, index.column()) : QModelIndex());
+    after.reserve(chosen.indexes.size());
+    for (std::size_t place = 0; place < chosen.keys.size(); ++place) {
+        const std::optional<int> row = rowOf(chosen.keys[place]);
+        after.push_back(row ? index(*row, chosen.indexes[qsizetype(place)].column()) : QModelIndex());
     }
-    changePersistentIndexList(before, after);
+    changePersistentIndexList(chosen.indexes, after);
     Q_EMIT layoutChanged();
     Q_EMIT arranged();
-}
-
-void DocumentListModel::place(std::vector<std::uint32_t> places)
-{
-    m_places = std::move(places);
-    m_keys.clear();
-    m_keys.reserve(m_places.size());
-    for (const std::uint32_t place : m_places) {
-        m_keys.push_back(m_rows.row(place).key);
-    }
 }
 
 } // namespace Quillary

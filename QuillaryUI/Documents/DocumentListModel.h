@@ -47,6 +47,8 @@ public:
     [[nodiscard]] const DocumentRows& rows() const { return m_rows; }
     [[nodiscard]] DocumentRows::Key key(int row) const;
     [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;
+    /// Of all that are shown.
+    [[nodiscard]] DocumentRows::Sum sum() const;
     [[nodiscard]] DocumentRows::Sum sum(std::span<const int> rows) const;
     [[nodiscard]] DocumentRows::Summary summary(std::span<const int> rows) const;
 
@@ -58,11 +60,18 @@ Q_SIGNALS:
     void arranged();
 
 private:
+    /// The rows that somebody keeps an eye on, by what outlives a change of the rows.
+    struct Chosen
+    {
+        QModelIndexList indexes;
+        std::vector<DocumentRows::Key> keys;
+    };
+
     void reload();
     void loadRest();
     void take(const ChangeSet& changes);
-    void arrange();
-    void place(std::vector<std::uint32_t> places);
+    void arrange(const Chosen& chosen);
+    [[nodiscard]] Chosen chosen() const;
     [[nodiscard]] std::vector<std::uint32_t> placesOf(std::span<const int> rows) const;
     [[nodiscard]] QString text(const DocumentRows::Row& row, int column) const;
     [[nodiscard]] QVariant value(const DocumentRows::Row& row, int column) const;
@@ -74,8 +83,7 @@ private:
     DocumentRows::Filter m_filter;
     DocumentRows::Column m_sortColumn = DocumentRows::Column::issueDate;
     DocumentRows::Order m_order = DocumentRows::Order::descending;
-    std::vector<std::uint32_t> m_places;   ///< the rows shown
-    std::vector<DocumentRows::Key> m_keys; ///< the same by their keys, which outlive a change of the rows
+    std::vector<std::uint32_t> m_places; ///< the rows shown
     QTimer m_rest;
 };
 

@@ -24,7 +24,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -262,9 +261,7 @@ void DocumentsSection::restore()
         m_chosen = 0;
         m_pane->setDocument(0);
     }
-    std::vector<int> all(static_cast<std::size_t>(m_model->rowCount()));
-    std::iota(all.begin(), all.end(), 0);
-    m_sumOfAll = m_model->sum(all);
+    m_sumOfAll = m_model->sum();
     showSelection();
     m_views->refresh();
 }
