@@ -12,20 +12,39 @@ namespace Quillary {
 
 void RowClients::clear()
 {
-    m_numbers = {{0, 0}};
+    m_numbers.clear();
+    m_farNumbers.clear();
     m_keys = {0};
     m_names = {{}};
     m_block.clear();
     m_block.add({}, {});
 }
 
+/// Where a client's number stands; 0 until it has one.
+RowClients::Number& RowClients::entered(Key key)
+{
+    constexpr Key farKey = 1'000'000;
+    if (key < 0 || key >= farKey) {
+        return m_farNumbers[key];
+    }
+    const auto place = static_cast<std::size_t>(key);
+    if (place >= m_numbers.size()) {
+        m_numbers.resize(2 * place + 1);
+    }
+    return m_numbers[place];
+}
+
 RowClients::Number RowClients::number(Key key)
 {
-    const auto [found, isNew] = m_numbers.try_emplace(key, static_cast<Number>(m_keys.size()));
-    if (isNew) {
+    if (key == 0) {
+        return 0;
+    }
+    Number& number = entered(key);
+    if (number == 0) {
+        number = static_cast<Number>(m_keys.size());
         m_keys.push_back(key);
     }
-    return found->second;
+    return number;
 }
 
 void RowClients::readNames(Context& context)
@@ -43,8 +62,8 @@ bool RowClients::rename(Context& context, std::span<const Key> keys)
 {
     std::vector<Number> numbers;
     for (const Key key : keys) {
-        if (const auto found = m_numbers.find(key); found != m_numbers.end()) {
-            numbers.push_back(found->second);
+        if (const Number number = entered(key); number != 0) {
+            numbers.push_back(number);
         }
     }
     if (numbers.empty()) {

@@ -52,8 +52,10 @@ public:
 
 private:
     void readNames(Context& context, std::span<const Number> numbers);
+    [[nodiscard]] Number& entered(Key key);
 
-    std::unordered_map<Key, Number> m_numbers;
+    std::vector<Number> m_numbers;                ///< by key, as far as these are small, which they mostly are
+    std::unordered_map<Key, Number> m_farNumbers; ///< of the others
     std::vector<Key> m_keys;          ///< by number
     std::vector<std::string> m_names; ///< by number
     TextBlock m_block;                ///< their folded names, by number
