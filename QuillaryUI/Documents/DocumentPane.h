@@ -1,23 +1,21 @@
 #pragma once
 
-#include "QuillaryCore/Billing/StatusActions.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 
 #include <QList>
 #include <QWidget>
 
 #include <cstdint>
+#include <optional>
 
 class QAction;
 class QLabel;
-class QMenu;
-class QPrintDialog;
-class QPushButton;
 class QSplitter;
-class QToolButton;
 
 namespace Quillary {
 
+class DocumentCommands;
+class DocumentHead;
 class DraftEditor;
 class LivePage;
 class PaperView;
@@ -43,7 +41,7 @@ public:
     void flush();
 
     /// What can be done to the document, for the window's menu.
-    [[nodiscard]] QList<QAction*> documentActions() const { return m_actions; }
+    [[nodiscard]] QList<QAction*> documentActions() const;
 
 Q_SIGNALS:
     /// Another document is to be shown, such as the copy that was just made.
@@ -63,63 +61,21 @@ private:
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] bool isDraft() const;
     void build();
-    void buildActions();
-    void buildHead();
-    QAction* addAction(const QString& text, const QString& name, const QKeySequence& keys, void (DocumentPane::*run)());
+    void connectEditor();
+    void connectCommands();
     void reload();
-    void fillActions(const Document& document);
-    void fillRelated(const Document& document);
     [[nodiscard]] std::optional<PageJob> page();
-    void applyStatus(StatusAction action);
-    void runNext();
-    void showResult(const std::optional<QString>& refusal, const QString& success);
-    void make(const QString& name, const std::function<const Document&()>& work);
-
-    void askForPayment();
-    void askForReminder();
-    void askForClient(const QString& name);
-    void duplicate();
-    void repeatLast();
-    void makeRecurring();
-    void makeInvoice();
-    void makeCreditNote();
-    void savePDF();
-    void print();
-    void printPages(QPrintDialog& dialog, const PrintResult& result);
-    void email();
-    void removeDraft();
 
     LibraryAccess& m_library;
     std::int64_t m_document = 0;
     bool m_isEditing = false;
+    DocumentCommands* m_commands;
+    DocumentHead* m_head;
     PaperView* m_paper;
     LivePage* m_page;
     DraftEditor* m_editor;
     QSplitter* m_split;
-    QLabel* m_name;
-    QLabel* m_status;
-    QLabel* m_related;
-    QLabel* m_locked;
-    QPushButton* m_edit;
-    QPushButton* m_next;
-    QToolButton* m_more;
-    QMenu* m_menu;
-    QMenu* m_statusMenu;
-    QWidget* m_head;
     QLabel* m_empty;
-    std::optional<StatusAction> m_nextStep;
-    QList<QAction*> m_actions;
-    QAction* m_pay = nullptr;
-    QAction* m_remind = nullptr;
-    QAction* m_duplicate = nullptr;
-    QAction* m_repeat = nullptr;
-    QAction* m_toInvoice = nullptr;
-    QAction* m_recurring = nullptr;
-    QAction* m_credit = nullptr;
-    QAction* m_save = nullptr;
-    QAction* m_print = nullptr;
-    QAction* m_email = nullptr;
-    QAction* m_remove = nullptr;
 };
 
 } // namespace Quillary
