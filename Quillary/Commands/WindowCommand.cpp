@@ -15,6 +15,7 @@
 #include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Lock/LockFile.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/DesktopLook.h"
 #include "QuillaryUI/Look/Translation.h"
 
@@ -87,7 +88,7 @@ ProgramPlaces places(const AppEnvironment& environment, PrintingHost& host)
 /// What stands between the user and the library, in a window: nobody reads standard error.
 void showFailure(const UserError& error)
 {
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quillary"), text(error.message()));
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quillary"), CoreText::sentence(error.message()));
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -9,6 +9,7 @@
 #include "QuillaryUI/Clients/ClientListModel.h"
 #include "QuillaryUI/Clients/ImportSheet.h"
 #include "QuillaryUI/Documents/ClientSheet.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 
@@ -223,7 +224,7 @@ void ClientsSection::importFile()
         });
         sheet->begin();
     } catch (const UserError& error) {
-        Q_EMIT failed(text(error.message()));
+        Q_EMIT failed(CoreText::sentence(error.message()));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ContactPerson.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QFormLayout>
 #include <QLineEdit>
@@ -63,8 +64,10 @@ std::optional<QString> ContactSheet::save()
     });
     if (!refusal) {
         Q_EMIT saved(key);
+        return std::nullopt;
     }
-    return refusal ? std::optional(refusal->replace(QStringLiteral("“email”"), tr("The email"))) : std::nullopt;
+    CoreText::nameField(*refusal, QStringLiteral("email"), tr("Email"));
+    return refusal;
 }
 
 } // namespace Quillary

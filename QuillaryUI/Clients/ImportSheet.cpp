@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Tabular/ClientImport.h"
 #include "QuillaryUI/Clients/ImportRowsModel.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 
 #include <QComboBox>
@@ -119,7 +120,7 @@ void ImportSheet::assign(std::size_t column, const QString& field)
     try {
         m_columns.assign(std::to_string(column + 1), utf8(field));
     } catch (const UserError& error) {
-        m_summary->setText(text(error.message()));
+        m_summary->setText(CoreText::sentence(error.message()));
         return;
     }
     showColumns();

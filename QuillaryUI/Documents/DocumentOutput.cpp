@@ -42,14 +42,14 @@ void DocumentOutput::savePDF(const Document& document)
         }
         const auto* pdf = std::get_if<PrintedPDF>(&result);
         if (pdf == nullptr) {
-            Q_EMIT self->failed(text(std::get<PrintError>(result).message()));
+            Q_EMIT self->failed(CoreText::sentence(std::get<PrintError>(result).message()));
             return;
         }
         try {
             const auto file = saveUniqueFile(folder, name, "pdf", pdf->bytes);
             Q_EMIT self->told(tr("Saved as %1").arg(text(file.string())));
         } catch (const UserError& error) {
-            Q_EMIT self->failed(text(error.message()));
+            Q_EMIT self->failed(CoreText::sentence(error.message()));
         }
     });
 }
@@ -77,13 +77,13 @@ void DocumentOutput::printPages(QPrintDialog& dialog, const PrintResult& result)
 {
     dialog.deleteLater();
     if (const auto* error = std::get_if<PrintError>(&result)) {
-        Q_EMIT failed(text(error->message()));
+        Q_EMIT failed(CoreText::sentence(error->message()));
         return;
     }
     try {
         PaperPrinting::print(m_library.press(), std::get<PrintedPDF>(result), *dialog.printer(), m_host.window());
     } catch (const PrintError& error) {
-        Q_EMIT failed(text(error.message()));
+        Q_EMIT failed(CoreText::sentence(error.message()));
     }
 }
 

@@ -195,11 +195,11 @@ void EmailSheet::fillWords()
             notes.push_back(tr("Something is missing in the document; its editor says what."));
         }
         for (const std::string& note : mail.notes) {
-            notes.push_back(text(note));
+            notes.push_back(CoreText::sentence(note));
         }
         m_notes->setText(notes.join(QChar(u' ')));
     } catch (const UserError& error) {
-        m_notes->setText(text(error.message()));
+        m_notes->setText(CoreText::sentence(error.message()));
     }
     m_notes->setVisible(!m_notes->text().isEmpty());
 }

@@ -8,6 +8,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -62,7 +63,7 @@ void record(const Letter& letter)
 Outcome finish(const Letter& letter, const PrintResult& result)
 {
     if (const auto* error = std::get_if<PrintError>(&result)) {
-        return text(error->message());
+        return CoreText::sentence(error->message());
     }
     if (!letter.library) {
         return Words::tr("The library was closed before the letter was printed.");
@@ -81,7 +82,7 @@ Outcome finish(const Letter& letter, const PrintResult& result)
         }
         return file;
     } catch (const UserError& error) {
-        return text(error.message());
+        return CoreText::sentence(error.message());
     }
 }
 

@@ -10,6 +10,7 @@
 #include "QuillaryUI/Documents/ReminderWriting.h"
 #include "QuillaryUI/Documents/RemindersSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Theme.h"
 
@@ -286,14 +287,14 @@ void SelectionPane::savePDFs()
             [key, folder, done, name = pdfFileName(context, *document, library->business(), calendar)](
                 const PrintResult& result) {
                 if (const auto* error = std::get_if<PrintError>(&result)) {
-                    done({{key, text(error->message())}});
+                    done({{key, CoreText::sentence(error->message())}});
                     return;
                 }
                 std::vector<Failure> failures;
                 try {
                     saveUniqueFile(folder, name, "pdf", std::get<PrintedPDF>(result).bytes);
                 } catch (const UserError& error) {
-                    failures.push_back({key, text(error.message())});
+                    failures.push_back({key, CoreText::sentence(error.message())});
                 }
                 done(std::move(failures));
             });

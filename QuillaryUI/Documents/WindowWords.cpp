@@ -48,8 +48,8 @@ QString label(const QString& argument)
 
 QString refusal(QString sentence)
 {
-    // “change_lines 2: unit_price”, “currency”
-    static const QRegularExpression argument(QStringLiteral("“(?:[a-z_]+ \\d+: )?([a-z_]+)”"));
+    // “change_lines 2: unit_price”, “currency”, „currency“
+    static const QRegularExpression argument(QStringLiteral("[“„]((?:[a-z_]+ \\d+: )?([a-z_]+))[”“]"));
     static const QRegularExpression calls(
         QStringLiteral(",? in (?:the same call|a call of its own) \\([a-z_ ]+\\)(,?)"));
     static const QRegularExpression asides(QStringLiteral(" \\([a-z]+_[a-z_ ]+\\)"));
@@ -57,8 +57,8 @@ QString refusal(QString sentence)
     sentence.remove(asides);
     for (QRegularExpressionMatch match = argument.match(sentence); match.hasMatch();
          match = argument.match(sentence, match.capturedEnd())) {
-        if (const QString words = label(match.captured(1)); !words.isEmpty()) {
-            sentence.replace(match.capturedStart(), match.capturedLength(), QStringLiteral("“%1”").arg(words));
+        if (const QString words = label(match.captured(2)); !words.isEmpty()) {
+            sentence.replace(match.capturedStart(1), match.capturedLength(1), words);
         }
     }
     return sentence;

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/Precondition.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 
 #include <QScopedValueRollback>
 #include <QTimer>
@@ -72,7 +73,7 @@ std::optional<QString> LibraryAccess::attempt(const std::function<void()>& work)
         work();
         return std::nullopt;
     } catch (const UserError& error) {
-        return text(error.message());
+        return CoreText::sentence(error.message());
     }
 }
 

@@ -43,7 +43,7 @@ public:
     [[nodiscard]] PagePress& press() const { return m_press; }
 
     /// One step that can be undone, under the name that the menu shows. No value: it is done and saved; else the sentence
-    /// that says why not, and nothing has changed.
+    /// that says why not, in the language of the windows, and nothing has changed.
     [[nodiscard]] std::optional<QString> perform(const QString& name, const std::function<void()>& work) const;
 
     /// The same for an operation that has a scope of its own.

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Lock/LockFile.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Formats.h"
 
 #include <QCoreApplication>
@@ -78,7 +79,7 @@ std::optional<QString> LockKeeper::unlock(const QString& passphrase)
         // However a letter with an accent was typed, it is the same letter.
         m_file->unlock(utf8(passphrase.normalized(QString::NormalizationForm_C)), m_now());
     } catch (const UserError& error) {
-        return text(error.message());
+        return CoreText::sentence(error.message());
     }
     m_lastInput = m_now();
     m_isLocked = false;

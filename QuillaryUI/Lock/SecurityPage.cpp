@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Lock/LockFile.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Formats.h"
 #include "QuillaryUI/Look/Theme.h"
 
@@ -153,7 +154,7 @@ void SecurityPage::refresh()
                             "Unlock; the library stays as it is.")
                              .arg(text(m_file->path().string())));
     if (const auto problem = m_file->problem()) {
-        tell(text(*problem));
+        tell(CoreText::sentence(*problem));
     }
 }
 
@@ -185,7 +186,7 @@ void SecurityPage::attempt(const std::function<void()>& work, const QString& don
     try {
         work();
     } catch (const UserError& error) {
-        tell(text(error.message()));
+        tell(CoreText::sentence(error.message()));
         return;
     }
     tell({});

@@ -12,8 +12,12 @@ namespace Quillary::CoreText {
 /// translation: what it says was perhaps a person's own.
 [[nodiscard]] QString word(std::string_view english);
 
-/// A sentence that the core filled in: "Aurora's address is missing; invoices must show it.". Its pattern is known here,
-/// and what was filled in stays. As it is when no pattern fits.
+/// A finished sentence or name of the core: "Aurora's address is missing; invoices must show it.". What was filled in
+/// stays where it is a person's own; figures, dates and countries are written as the desktop writes them. As it is when
+/// it isn't known, and always in English windows.
 [[nodiscard]] QString sentence(std::string_view english);
+
+/// A refusal names an argument in quotes: “vat_id”. People know the field by its label.
+void nameField(QString& sentence, const QString& name, const QString& label);
 
 } // namespace Quillary::CoreText

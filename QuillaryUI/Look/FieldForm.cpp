@@ -1,5 +1,6 @@
 #include "QuillaryUI/Look/FieldForm.h"
 
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QCheckBox>
@@ -287,7 +288,7 @@ void FieldForm::tell(Entry& entry, const QString& sentence) const
 {
     QString shown = sentence;
     for (const auto& [name, other] : m_entries) {
-        shown.replace(QStringLiteral("“%1”").arg(name), QStringLiteral("“%1”").arg(other.label));
+        CoreText::nameField(shown, name, other.label);
     }
     entry.isRefused = !sentence.isEmpty();
     entry.error->setText(shown);

@@ -18,6 +18,8 @@ namespace Quillary::Translation {
 
 namespace {
 
+constexpr char languageProperty[] = "languageOfWords";
+
 void add(QCoreApplication& application, const QString& file, const QString& folder)
 {
     auto translator = std::make_unique<QTranslator>();
@@ -44,6 +46,13 @@ void install(QCoreApplication& application, const Locale& words, const Locale& f
     add(application, QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     add(application, QStringLiteral("quillary_") + language, QStringLiteral(":/translations"));
     QLocale::setDefault(QLocale(text(formats.identifier())));
+    application.setProperty(languageProperty, language);
+}
+
+QString language()
+{
+    const QString installed = QCoreApplication::instance()->property(languageProperty).toString();
+    return installed.isEmpty() ? QStringLiteral("en") : installed;
 }
 
 } // namespace Quillary::Translation

@@ -2,6 +2,8 @@
 
 #include "QuillaryCore/Foundation/Locale.h"
 
+#include <QString>
+
 class QCoreApplication;
 
 /// The language of the windows. English is what the sources say; German lies in the program itself.
@@ -11,5 +13,8 @@ namespace Quillary::Translation {
 /// write its dates and numbers as `formats` does. Texts of a language that there is no translation for stay English.
 /// Before the first window is made; a second call replaces the language of the first.
 void install(QCoreApplication& application, const Locale& words, const Locale& formats);
+
+/// The language that was installed: "de". English before that.
+[[nodiscard]] QString language();
 
 } // namespace Quillary::Translation

@@ -5,6 +5,7 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Overview/FigureButton.h"
@@ -272,7 +273,7 @@ void OverviewSection::didRead()
     if (answer->failure.empty()) {
         showAll(answer->figures);
     } else {
-        showFailure(text(answer->failure));
+        showFailure(CoreText::sentence(answer->failure));
     }
     if (m_isStale) {
         setStale();

@@ -1,5 +1,6 @@
 #include "QuillaryUI/Paper/LivePage.h"
 
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
 #include <QEvent>
@@ -91,7 +92,7 @@ void LivePage::finish(std::uint64_t turn, PrintResult result)
             m_view.setPDF(std::move(pdf->bytes), pdf->pageCount, place);
         } else {
             m_lastJob.reset();
-            m_view.setNotice(QString::fromStdString(std::get<PrintError>(result).message()));
+            m_view.setNotice(CoreText::sentence(std::get<PrintError>(result).message()));
         }
     }
     startIfSeen();

@@ -1,5 +1,7 @@
 #include "QuillaryUI/Paper/PaperView.h"
 
+#include "QuillaryUI/Look/CoreText.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QPainter>
@@ -100,7 +102,7 @@ void PaperView::draw(int index)
         page.image = QImage(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGBX8888).copy();
         page.image.setDevicePixelRatio(ratio);
     } catch (const PrintError& error) {
-        m_notice = QString::fromStdString(error.message());
+        m_notice = CoreText::sentence(error.message());
     }
 }
 

@@ -202,7 +202,7 @@ void AssistantsPage::refresh()
     }
     const AssistantSettings settings = m_file->current();
     if (const auto problem = m_file->problem()) {
-        Q_EMIT failed(text(*problem));
+        Q_EMIT failed(CoreText::sentence(*problem));
     }
     const QSignalBlocker quiet(m_isOn);
     m_isOn->setChecked(settings.isOn);
@@ -236,7 +236,7 @@ void AssistantsPage::showLog()
             rows.push_back({timeText(entry.time), text(entry.assistant), text(entry.summary), word(entry.outcome)});
         }
     } catch (const UserError& error) {
-        Q_EMIT failed(text(error.message()));
+        Q_EMIT failed(CoreText::sentence(error.message()));
     }
     PlainTable::fill(*m_log, rows);
 }
@@ -249,7 +249,7 @@ void AssistantsPage::change(const std::function<void(AssistantSettings&)>& chang
                 tr("The settings before could not be understood; they are kept as %1").arg(text(kept->string())));
         }
     } catch (const UserError& error) {
-        Q_EMIT failed(text(error.message()));
+        Q_EMIT failed(CoreText::sentence(error.message()));
     }
     refresh();
 }

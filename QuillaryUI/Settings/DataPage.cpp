@@ -5,6 +5,7 @@
 #include "QuillaryCore/Store/Backups.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Store/Store.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Settings/PlainTable.h"
 
 #include <QDateTime>
@@ -27,6 +28,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace Quillary {
@@ -41,7 +43,7 @@ constexpr int tableHeight = 360;
 struct Outcome
 {
     fs::path file;
-    QString refusal;
+    std::string refusal; ///< as the core says it; empty: it was made
 };
 
 Outcome makeBackup(const Backups& backups, Instant now)
@@ -49,7 +51,7 @@ Outcome makeBackup(const Backups& backups, Instant now)
     try {
         return {backups.makeNow(now), {}};
     } catch (const UserError& error) {
-        return {{}, text(error.message())};
+        return {{}, error.message()};
     }
 }
 
@@ -240,7 +242,7 @@ void DataPage::restore(const fs::path& backup, const QString& name)
         page->refresh();
         if (!outcome.refusal.empty()) {
             Q_EMIT page->failed(
-                tr("The backup was not restored; the library is as it was. %1").arg(text(outcome.refusal)));
+                tr("The backup was not restored; the library is as it was. %1").arg(CoreText::sentence(outcome.refusal)));
         } else if (outcome.kept) {
             Q_EMIT page->told(tr("Restored %1. The library as it was is kept as %2")
                                   .arg(name, text(outcome.kept->filename().string())));
@@ -261,10 +263,10 @@ void DataPage::backUp()
         const Outcome outcome = watcher->result();
         watcher->deleteLater();
         m_isBusy = false;
-        if (outcome.refusal.isEmpty()) {
+        if (outcome.refusal.empty()) {
             Q_EMIT told(tr("Made %1").arg(text(outcome.file.filename().string())));
         } else {
-            Q_EMIT failed(outcome.refusal);
+            Q_EMIT failed(CoreText::sentence(outcome.refusal));
         }
         refresh();
     });

@@ -110,7 +110,7 @@ void NumberingForm::showExample(NumberedKind kind, const QString& pattern)
                 Numbering::example(m_library.context(), kind, m_library.now(), changed, m_library.formats().calendar());
             note = tr("Next number: %1").arg(text(number));
         } catch (const UserError& error) {
-            note = text(error.message());
+            note = CoreText::sentence(error.message());
         }
     }
     m_form.setNote(patternField(kind), note);

@@ -423,14 +423,6 @@
         <translation>Der Kunde</translation>
     </message>
     <message>
-        <source>Germany</source>
-        <translation>Deutschland</translation>
-    </message>
-    <message>
-        <source>Austria</source>
-        <translation>Österreich</translation>
-    </message>
-    <message>
         <source>number</source>
         <translation>Nummer</translation>
     </message>
@@ -761,6 +753,1202 @@
     <message>
         <source>Year and counter</source>
         <translation>Jahr und Zähler</translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 und %2</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Beleg</translation>
+    </message>
+    <message>
+        <source>document</source>
+        <translation>Beleg</translation>
+    </message>
+    <message>
+        <source>This document</source>
+        <translation>Dieser Beleg</translation>
+    </message>
+    <message>
+        <source>quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>one without a number</source>
+        <translation>eine ohne Nummer</translation>
+    </message>
+    <message>
+        <source>price</source>
+        <translation>Preis</translation>
+    </message>
+    <message>
+        <source>fee</source>
+        <translation>Gebühr</translation>
+    </message>
+    <message>
+        <source>rate</source>
+        <translation>Satz</translation>
+    </message>
+    <message>
+        <source>payment</source>
+        <translation>Zahlung</translation>
+    </message>
+    <message>
+        <source>discount</source>
+        <translation>Rabatt</translation>
+    </message>
+    <message>
+        <source>there are none</source>
+        <translation>Es gibt keine</translation>
+    </message>
+    <message>
+        <source>another program is changing it</source>
+        <translation>ein anderes Programm ändert sie gerade</translation>
+    </message>
+    <message>
+        <source>first name</source>
+        <translation>Vorname</translation>
+    </message>
+    <message>
+        <source>last name</source>
+        <translation>Nachname</translation>
+    </message>
+    <message>
+        <source>contact person</source>
+        <translation>Kontaktperson</translation>
+    </message>
+    <message>
+        <source>phone number</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>address</source>
+        <translation>Anschrift</translation>
+    </message>
+    <message>
+        <source>postal code</source>
+        <translation>Postleitzahl</translation>
+    </message>
+    <message>
+        <source>city</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>state</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>client number</source>
+        <translation>Kundennummer</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>tax ID</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>notes</source>
+        <translation>Notizen</translation>
+    </message>
+    <message>
+        <source>Heligoland</source>
+        <translation>Helgoland</translation>
+    </message>
+    <message>
+        <source>Büsingen</source>
+        <translation>Büsingen</translation>
+    </message>
+    <message>
+        <source>Canary Islands</source>
+        <translation>den Kanarischen Inseln</translation>
+    </message>
+    <message>
+        <source>French overseas territories</source>
+        <translation>den französischen Überseegebieten</translation>
+    </message>
+    <message>
+        <source>Wallis and Futuna</source>
+        <translation>Wallis und Futuna</translation>
+    </message>
+    <message>
+        <source>French Polynesia</source>
+        <translation>Französisch-Polynesien</translation>
+    </message>
+    <message>
+        <source>New Caledonia</source>
+        <translation>Neukaledonien</translation>
+    </message>
+    <message>
+        <source>Mount Athos</source>
+        <translation>Athos</translation>
+    </message>
+    <message>
+        <source>Northern Ireland</source>
+        <translation>Nordirland</translation>
+    </message>
+    <message>
+        <source>Document %1</source>
+        <translation>Beleg %1</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>%1 has no lines yet, so it can&apos;t be sent.</source>
+        <translation>%1 hat noch keine Positionen und kann nicht verschickt werden.</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be sent; it gets its number with its client.</source>
+        <translation>%1 kann nicht verschickt werden; die Nummer kommt mit dem Kunden.</translation>
+    </message>
+    <message>
+        <source>An invoice was made from %1 already: %2. Duplicate that one to make another.</source>
+        <translation>%1 wurde schon in Rechnung gestellt: %2. Für eine weitere diese duplizieren.</translation>
+    </message>
+    <message>
+        <source>A recurring template has no status: the invoices that are made from it have.</source>
+        <translation>Eine wiederkehrende Rechnung hat keinen Status: Den haben die Rechnungen, die aus ihr entstehen.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be done to %2 now, only %3.</source>
+        <translation>%2: „%1“ geht jetzt nicht, nur %3.</translation>
+    </message>
+    <message>
+        <source>%1 was credited (%2), so it can&apos;t become a draft again.</source>
+        <translation>%1 ist gutgeschrieben (%2) und kann kein Entwurf mehr werden.</translation>
+    </message>
+    <message>
+        <source>%1 is no quote, so no invoice is made from it.</source>
+        <translation>%1 ist kein Angebot; daraus wird keine Rechnung.</translation>
+    </message>
+    <message>
+        <source>%1 was declined. Reopen it first if the client has changed their mind.</source>
+        <translation>%1 wurde abgelehnt. Hat der Kunde es sich anders überlegt: zuerst wieder öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 takes back an invoice and can&apos;t be made twice. To credit what is left, make a credit note from the invoice.</source>
+        <translation>%1 nimmt eine Rechnung zurück und lässt sich nicht wiederholen. Was noch übrig ist, wird mit einer Gutschrift aus der Rechnung gutgeschrieben.</translation>
+    </message>
+    <message>
+        <source>The project %1 is archived.</source>
+        <translation>Das Projekt %1 ist archiviert.</translation>
+    </message>
+    <message>
+        <source>%1 is no draft any more, so it stays. To take it back, make a credit note.</source>
+        <translation>%1 ist kein Entwurf mehr und bleibt. Zurückgenommen wird mit einer Gutschrift.</translation>
+    </message>
+    <message>
+        <source>%1 is no draft any more, so it stays.</source>
+        <translation>%1 ist kein Entwurf mehr und bleibt.</translation>
+    </message>
+    <message>
+        <source>Money was recorded for %1, so it stays.</source>
+        <translation>Zu %1 ist eine Zahlung erfasst, deshalb bleibt sie.</translation>
+    </message>
+    <message>
+        <source>%1 isn&apos;t a draft any more; its lines stay as they are.</source>
+        <translation>%1 ist kein Entwurf mehr; die Positionen bleiben, wie sie sind.</translation>
+    </message>
+    <message>
+        <source>There is no such line.</source>
+        <translation>Diese Position gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The first line has no line above it to belong to.</source>
+        <translation>Über der ersten Position ist keine, zu der sie gehören könnte.</translation>
+    </message>
+    <message>
+        <source>%1 takes no payments: only invoices do.</source>
+        <translation>%1 nimmt keine Zahlungen: Das tun nur Rechnungen.</translation>
+    </message>
+    <message>
+        <source>That day is in the future: record a payment when it has come in.</source>
+        <translation>Dieser Tag liegt in der Zukunft: Eine Zahlung wird erfasst, wenn sie da ist.</translation>
+    </message>
+    <message>
+        <source>The note can have at most %1 characters.</source>
+        <translation>Die Notiz darf höchstens %1 Zeichen haben.</translation>
+    </message>
+    <message>
+        <source>The tags can have at most %1 characters together.</source>
+        <translation>Die Schlagwörter dürfen zusammen höchstens %1 Zeichen haben.</translation>
+    </message>
+    <message>
+        <source>A document can have at most %1 lines.</source>
+        <translation>Ein Beleg kann höchstens %1 Positionen haben.</translation>
+    </message>
+    <message>
+        <source>A document can have at most %1 discounts.</source>
+        <translation>Ein Beleg kann höchstens %1 Rabatte haben.</translation>
+    </message>
+    <message>
+        <source>A document can have at most %1 fees.</source>
+        <translation>Ein Beleg kann höchstens %1 Gebühren haben.</translation>
+    </message>
+    <message>
+        <source>The quantity of line %1 is too large: at most %2.</source>
+        <translation>Die Menge der Position %1 ist zu groß: höchstens %2.</translation>
+    </message>
+    <message>
+        <source>The price of line %1 is too large: at most %2.</source>
+        <translation>Der Preis der Position %1 ist zu groß: höchstens %2.</translation>
+    </message>
+    <message>
+        <source>The tax rate of line %1 isn&apos;t between 0 and 100 %.</source>
+        <translation>Der Steuersatz der Position %1 liegt nicht zwischen 0 und 100 %.</translation>
+    </message>
+    <message>
+        <source>The amount of line %1 is too large: at most %2.</source>
+        <translation>Der Betrag der Position %1 ist zu groß: höchstens %2.</translation>
+    </message>
+    <message>
+        <source>A discount isn&apos;t between 0 and 100 %.</source>
+        <translation>Ein Rabatt liegt nicht zwischen 0 und 100 %.</translation>
+    </message>
+    <message>
+        <source>A discount is too large: at most %1.</source>
+        <translation>Ein Rabatt ist zu groß: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>The tax rate of a fee isn&apos;t between 0 and 100 %.</source>
+        <translation>Der Steuersatz einer Gebühr liegt nicht zwischen 0 und 100 %.</translation>
+    </message>
+    <message>
+        <source>A fee is too large: at most %1.</source>
+        <translation>Eine Gebühr ist zu groß: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>The document&apos;s figures are too large: at most %1 each.</source>
+        <translation>Die Beträge des Belegs sind zu groß: höchstens je %1.</translation>
+    </message>
+    <message>
+        <source>Only invoices take payments.</source>
+        <translation>Nur Rechnungen nehmen Zahlungen.</translation>
+    </message>
+    <message>
+        <source>A payment needs an amount.</source>
+        <translation>Eine Zahlung braucht einen Betrag.</translation>
+    </message>
+    <message>
+        <source>The payment is too large: at most %1.</source>
+        <translation>Die Zahlung ist zu groß: höchstens %1.</translation>
+    </message>
+    <message>
+        <source>The payments of a document can be at most %1 together.</source>
+        <translation>Die Zahlungen eines Belegs können zusammen höchstens %1 betragen.</translation>
+    </message>
+    <message>
+        <source>A late fee can&apos;t be negative.</source>
+        <translation>Eine Mahngebühr kann nicht negativ sein.</translation>
+    </message>
+    <message>
+        <source>The late fees of a document can be at most %1 together.</source>
+        <translation>Die Mahngebühren eines Belegs können zusammen höchstens %1 betragen.</translation>
+    </message>
+    <message>
+        <source>%1 can&apos;t be credited: only invoices can.</source>
+        <translation>%1 kann nicht gutgeschrieben werden: Das geht nur mit Rechnungen.</translation>
+    </message>
+    <message>
+        <source>%1 is still a draft: change it or delete it instead.</source>
+        <translation>%1 ist noch ein Entwurf: stattdessen ändern oder löschen.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to credit on %1: %2 took all of it.</source>
+        <translation>Auf %1 ist nichts mehr gutzuschreiben: %2 hat alles übernommen.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to credit on %1.</source>
+        <translation>Auf %1 ist nichts mehr gutzuschreiben.</translation>
+    </message>
+    <message>
+        <source>These lines together change what is owed the wrong way, so they can&apos;t be credited by themselves.</source>
+        <translation>Diese Positionen zusammen ändern den geschuldeten Betrag in die falsche Richtung; für sich lassen sie sich nicht gutschreiben.</translation>
+    </message>
+    <message>
+        <source>%1 has no line %2; it has %3.</source>
+        <translation>%1 hat keine Position %2, sondern %3.</translation>
+    </message>
+    <message>
+        <source>Line %1 is named twice.</source>
+        <translation>Position %1 ist zweimal genannt.</translation>
+    </message>
+    <message>
+        <source>Nothing is left to credit of %1.</source>
+        <translation>Von %1 ist nichts mehr gutzuschreiben.</translation>
+    </message>
+    <message>
+        <source>The quantity to credit of %1 must be more than 0.</source>
+        <translation>Von %1 muss mehr als 0 gutgeschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Only %1 is left to credit of %2.</source>
+        <translation>Von %2 ist nur noch %1 gutzuschreiben.</translation>
+    </message>
+    <message>
+        <source>Only %1 are left to credit of %2.</source>
+        <translation>Von %2 sind nur noch %1 gutzuschreiben.</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Position %1</translation>
+    </message>
+    <message>
+        <source>line %1 (“%2”)</source>
+        <translation>Position %1 („%2“)</translation>
+    </message>
+    <message>
+        <source>Only invoices are reminded of.</source>
+        <translation>Gemahnt werden nur Rechnungen.</translation>
+    </message>
+    <message>
+        <source>It is still a draft: nobody was asked to pay it yet.</source>
+        <translation>Sie ist noch ein Entwurf: Es wurde noch niemand um die Zahlung gebeten.</translation>
+    </message>
+    <message>
+        <source>It is paid.</source>
+        <translation>Sie ist bezahlt.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t marked as sent.</source>
+        <translation>Sie ist nicht als verschickt markiert.</translation>
+    </message>
+    <message>
+        <source>Nothing is owed on it.</source>
+        <translation>Es ist nichts mehr offen.</translation>
+    </message>
+    <message>
+        <source>The day to pay by has passed.</source>
+        <translation>Die Zahlungsfrist ist schon vorbei.</translation>
+    </message>
+    <message>
+        <source>The day to pay by lies more than ten years ahead.</source>
+        <translation>Die Zahlungsfrist liegt mehr als zehn Jahre in der Zukunft.</translation>
+    </message>
+    <message>
+        <source>That is a recurring invoice already. Duplicate it to make another.</source>
+        <translation>Das ist schon eine wiederkehrende Rechnung. Für eine weitere diese duplizieren.</translation>
+    </message>
+    <message>
+        <source>%1 is no invoice, so no recurring one is made from it.</source>
+        <translation>%1 ist keine Rechnung; daraus wird keine wiederkehrende.</translation>
+    </message>
+    <message>
+        <source>%1 has no client, and a recurring invoice needs one.</source>
+        <translation>%1 hat keinen Kunden, und eine wiederkehrende Rechnung braucht einen.</translation>
+    </message>
+    <message>
+        <source>%1 has no lines yet, so there is nothing to repeat.</source>
+        <translation>%1 hat noch keine Positionen; es gibt nichts zu wiederholen.</translation>
+    </message>
+    <message>
+        <source>A schedule of weeks has no day of the month; its next date says the day of the week.</source>
+        <translation>Ein Wochenrhythmus hat keinen Tag im Monat; der Wochentag ist der des nächsten Datums.</translation>
+    </message>
+    <message>
+        <source>The day of the month must be 1 to 31; a shorter month uses its last day.</source>
+        <translation>Der Tag im Monat muss 1 bis 31 sein; ein kürzerer Monat nimmt seinen letzten Tag.</translation>
+    </message>
+    <message>
+        <source>The number of invoices must be 1 to %1.</source>
+        <translation>Die Zahl der Rechnungen muss 1 bis %1 sein.</translation>
+    </message>
+    <message>
+        <source>The last day is missing.</source>
+        <translation>Der letzte Tag fehlt.</translation>
+    </message>
+    <message>
+        <source>No such date comes any more.</source>
+        <translation>Ein solches Datum kommt nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Its schedule was made by a newer Quillary: choose whether it goes by weeks, months, quarters or years.</source>
+        <translation>Der Rhythmus stammt von einem neueren Quillary: Bitte Wochen, Monate, Quartale oder Jahre wählen.</translation>
+    </message>
+    <message>
+        <source>It has no next date any more: choose one.</source>
+        <translation>Es gibt kein nächstes Datum mehr: Bitte eines wählen.</translation>
+    </message>
+    <message>
+        <source>It would end before its first invoice, that of %1.</source>
+        <translation>Sie würde vor ihrer ersten Rechnung enden, der vom %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no recurring invoice.</source>
+        <translation>%1 ist keine wiederkehrende Rechnung.</translation>
+    </message>
+    <message>
+        <source>Give the view a name.</source>
+        <translation>Die Ansicht braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>There is a view called “%1” already.</source>
+        <translation>Es gibt schon eine Ansicht „%1“.</translation>
+    </message>
+    <message>
+        <source>Choose a client first: this number counts per client.</source>
+        <translation>Zuerst einen Kunden wählen: Diese Nummer zählt je Kunde.</translation>
+    </message>
+    <message>
+        <source>This client has no client number, which the format needs.</source>
+        <translation>Dieser Kunde hat keine Kundennummer, und das Format braucht sie.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t find an unused number. Check the format in Settings › Numbering.</source>
+        <translation>Es wurde keine freie Nummer gefunden. Bitte das Format unter Einstellungen › Nummern prüfen.</translation>
+    </message>
+    <message>
+        <source>A new number couldn&apos;t be checked against the library. %1</source>
+        <translation>Eine neue Nummer ließ sich nicht mit der Bibliothek vergleichen. %1</translation>
+    </message>
+    <message>
+        <source>Enter a format.</source>
+        <translation>Bitte ein Format eingeben.</translation>
+    </message>
+    <message>
+        <source>{%1} isn&apos;t a placeholder.</source>
+        <translation>{%1} ist kein Platzhalter.</translation>
+    </message>
+    <message>
+        <source>Keep the format under %1 characters.</source>
+        <translation>Das Format muss kürzer als %1 Zeichen sein.</translation>
+    </message>
+    <message>
+        <source>The format can&apos;t contain tabs or line breaks.</source>
+        <translation>Das Format darf keine Tabulatoren und Zeilenumbrüche enthalten.</translation>
+    </message>
+    <message>
+        <source>Every { needs a matching }.</source>
+        <translation>Zu jeder { gehört eine }.</translation>
+    </message>
+    <message>
+        <source>Add a counter such as {###} so every number is different.</source>
+        <translation>Bitte einen Zähler wie {###} einfügen, damit jede Nummer anders ist.</translation>
+    </message>
+    <message>
+        <source>Use only one counter.</source>
+        <translation>Bitte nur einen Zähler verwenden.</translation>
+    </message>
+    <message>
+        <source>A counter can have at most %1 #.</source>
+        <translation>Ein Zähler kann höchstens %1 # haben.</translation>
+    </message>
+    <message>
+        <source>Client numbers can&apos;t include {client} or a per-client counter.</source>
+        <translation>Kundennummern können weder {client} noch einen Zähler je Kunde enthalten.</translation>
+    </message>
+    <message>
+        <source>Enter a file name format.</source>
+        <translation>Bitte ein Format für Dateinamen eingeben.</translation>
+    </message>
+    <message>
+        <source>Include {number} so two documents never get the same file name.</source>
+        <translation>Bitte {number} einfügen, damit nie zwei Belege denselben Dateinamen bekommen.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be undone, because what it changed has been changed again since.</source>
+        <translation>„%1“ lässt sich nicht rückgängig machen, weil das Geänderte seitdem wieder geändert wurde.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be redone, because what it changed has been changed again since.</source>
+        <translation>„%1“ lässt sich nicht wiederholen, weil das Geänderte seitdem wieder geändert wurde.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be undone, because other entries depend on what would go or come back.</source>
+        <translation>„%1“ lässt sich nicht rückgängig machen, weil andere Einträge von dem abhängen, was verschwinden oder zurückkommen würde.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be redone, because other entries depend on what would go or come back.</source>
+        <translation>„%1“ lässt sich nicht wiederholen, weil andere Einträge von dem abhängen, was verschwinden oder zurückkommen würde.</translation>
+    </message>
+    <message>
+        <source>The end lies before the start.</source>
+        <translation>Das Ende liegt vor dem Beginn.</translation>
+    </message>
+    <message>
+        <source>A time entry can&apos;t be longer than a million hours.</source>
+        <translation>Eine Zeit kann nicht länger als eine Million Stunden sein.</translation>
+    </message>
+    <message>
+        <source>A timer can&apos;t start or stop in the future.</source>
+        <translation>Eine Stoppuhr kann nicht in der Zukunft beginnen oder enden.</translation>
+    </message>
+    <message>
+        <source>This time is on an invoice. Remove its line there first; an invoice that was sent keeps it.</source>
+        <translation>Diese Zeit steht auf einer Rechnung. Zuerst dort ihre Position entfernen; eine verschickte Rechnung behält sie.</translation>
+    </message>
+    <message>
+        <source>“%1” is no time. Write from when to when, like 9:00-10:30, or how long, like 1:30 or 90m.</source>
+        <translation>„%1“ ist keine Zeit. Schreiben lässt sich von wann bis wann, wie 9:00-10:30, oder wie lange, wie 1:30 oder 90m.</translation>
+    </message>
+    <message>
+        <source>“%1” is too long: at most %2 characters.</source>
+        <translation>„%1“ ist zu lang: höchstens %2 Zeichen.</translation>
+    </message>
+    <message>
+        <source>“%1” must be true or false.</source>
+        <translation>„%1“ muss „true“ oder „false“ sein.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a plain number such as 12.5.</source>
+        <translation>„%1“ muss eine Zahl wie 12,5 sein.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a whole number from %2 to %3.</source>
+        <translation>„%1“ muss eine ganze Zahl von %2 bis %3 sein.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large for a %2: at most %3.</source>
+        <translation>„%1“ ist zu groß (%2): höchstens %3.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t be negative: a %2 is 0 or more.</source>
+        <translation>„%1“ kann nicht negativ sein (%2): 0 oder mehr.</translation>
+    </message>
+    <message>
+        <source>“%1” is too large: a quantity is at most %2.</source>
+        <translation>„%1“ ist zu groß: Eine Menge ist höchstens %2.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a percentage from 0 to 100 with at most two decimals, such as 19 or 5.5.</source>
+        <translation>„%1“ muss ein Prozentsatz von 0 bis 100 mit höchstens zwei Nachkommastellen sein, wie 19 oder 5,5.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a date such as 2026-03-31.</source>
+        <translation>„%1“ muss ein Datum wie 2026-03-31 sein.</translation>
+    </message>
+    <message>
+        <source>“%1” has too many entries: at most %2.</source>
+        <translation>„%1“ hat zu viele Einträge: höchstens %2.</translation>
+    </message>
+    <message>
+        <source>“%1” is missing.</source>
+        <translation>„%1“ fehlt.</translation>
+    </message>
+    <message>
+        <source>“%1” “%2” is there already.</source>
+        <translation>„%2“ gibt es schon („%1“).</translation>
+    </message>
+    <message>
+        <source>“%1” must be an ISO currency code such as EUR.</source>
+        <translation>„%1“ muss ein ISO-Währungscode wie EUR sein.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t become %2: the price has more decimals than it.</source>
+        <translation>„%1“ kann nicht %2 werden: Der Preis hat mehr Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>“%1” can&apos;t become %2: the hourly rate or the late fee has more decimals than it.</source>
+        <translation>„%1“ kann nicht %2 werden: Der Stundensatz oder die Mahngebühr hat mehr Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>“%1” isn&apos;t known. `quillary unit list` shows your own units; hour, day and piece are usual.</source>
+        <translation>„%1“ ist nicht bekannt. Üblich sind Stunde, Tag und Stück; die eigenen stehen unter Katalog › Einheiten.</translation>
+    </message>
+    <message>
+        <source>“%1” is none of your tax rates: %2.</source>
+        <translation>„%1“ ist keiner der Steuersätze: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a code of UN/ECE Recommendation 20 such as HUR or C62.</source>
+        <translation>„%1“ muss ein Code der UN/ECE-Empfehlung 20 wie HUR oder C62 sein.</translation>
+    </message>
+    <message>
+        <source>“%1” must be intro or outro.</source>
+        <translation>„%1“ muss „intro“ oder „outro“ sein.</translation>
+    </message>
+    <message>
+        <source>“%1” must be one of %2.</source>
+        <translation>„%1“ muss eines von diesen sein: %2.</translation>
+    </message>
+    <message>
+        <source>“%1” is read from a file.</source>
+        <translation>„%1“ wird aus einer Datei gelesen.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a colour written as #RRGGBB, such as #1F4E8C.</source>
+        <translation>„%1“ muss eine Farbe der Form #RRGGBB sein, wie #1F4E8C.</translation>
+    </message>
+    <message>
+        <source>“%1” isn&apos;t a UPI ID such as name@bank.</source>
+        <translation>„%1“ ist keine UPI-ID wie name@bank.</translation>
+    </message>
+    <message>
+        <source>“%1” names “%2”, which is no unit of ours.</source>
+        <translation>„%1“ nennt „%2“; diese Einheit gibt es hier nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a two-letter ISO country code such as DE.</source>
+        <translation>„%1“ muss ein ISO-Ländercode mit zwei Buchstaben wie DE sein.</translation>
+    </message>
+    <message>
+        <source>“%1” must be an email address such as name@example.com.</source>
+        <translation>„%1“ muss eine E-Mail-Adresse wie name@example.com sein.</translation>
+    </message>
+    <message>
+        <source>“%1” doesn&apos;t have the form of a VAT ID, such as ATU12345678 or DE123456789.</source>
+        <translation>„%1“ hat nicht die Form einer USt-IdNr. wie ATU12345678 oder DE123456789.</translation>
+    </message>
+    <message>
+        <source>“%1” isn&apos;t a valid IBAN: its check digits or its length are wrong.</source>
+        <translation>„%1“ ist keine gültige IBAN: Die Prüfziffern oder die Länge stimmen nicht.</translation>
+    </message>
+    <message>
+        <source>“%1” isn&apos;t a valid BIC: it has 8 or 11 characters, such as COBADEFFXXX.</source>
+        <translation>„%1“ ist kein gültiger BIC: Er hat 8 oder 11 Zeichen, wie COBADEFFXXX.</translation>
+    </message>
+    <message>
+        <source>Give the client a name: “name”, or “first_name” and “last_name”.</source>
+        <translation>Der Kunde braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>Give the contact person a name or an email address.</source>
+        <translation>Die Kontaktperson braucht einen Namen oder eine E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to invoices: a %2 asks for no payment.</source>
+        <translation>„%1“ gehört zu Rechnungen. %2: Hier wird keine Zahlung verlangt.</translation>
+    </message>
+    <message>
+        <source>“%1” belongs to quotes.</source>
+        <translation>„%1“ gehört zu Angeboten.</translation>
+    </message>
+    <message>
+        <source>“%1” is before the quote&apos;s own date.</source>
+        <translation>„%1“ liegt vor dem Datum des Angebots.</translation>
+    </message>
+    <message>
+        <source>“%1” must be a date such as 2026-03-31, a period such as 2026-03-01..2026-03-31, or today, yesterday, invoice_date, this_week, last_week, this_month or last_month.</source>
+        <translation>„%1“ muss ein Datum oder ein Zeitraum sein.</translation>
+    </message>
+    <message>
+        <source>“%1” holds too many.</source>
+        <translation>„%1“: Das sind zu viele.</translation>
+    </message>
+    <message>
+        <source>“%1” names line %2; there are %3 lines.</source>
+        <translation>„%1“ nennt Position %2; es gibt %3.</translation>
+    </message>
+    <message>
+        <source>“%1” is needed: “%2” is priced in %3, the document is in %4.</source>
+        <translation>„%1“ wird gebraucht: „%2“ hat einen Preis in %3, der Beleg ist in %4.</translation>
+    </message>
+    <message>
+        <source>“%1” isn&apos;t known. Use hour, day, week, month, year, minute, piece, flat rate, page or word, another usual unit such as kilogram or metre, or one of the user&apos;s own units.</source>
+        <translation>„%1“ ist nicht bekannt. Möglich sind Stunde, Tag, Woche, Monat, Jahr, Minute, Stück, Pauschale, Seite, Wort, eine andere übliche Einheit wie Kilogramm oder Meter oder eine eigene.</translation>
+    </message>
+    <message>
+        <source>“%1” needs a document without tax: set tax_exempt as well.</source>
+        <translation>„%1“ setzt einen Beleg ohne Steuer voraus.</translation>
+    </message>
+    <message>
+        <source>“%1” needs a client.</source>
+        <translation>„%1“ setzt einen Kunden voraus.</translation>
+    </message>
+    <message>
+        <source>The last invoice, %1, is in %2; this document is in %3.</source>
+        <translation>Die letzte Rechnung, %1, ist in %2; dieser Beleg ist in %3.</translation>
+    </message>
+    <message>
+        <source>%1 has no earlier invoice to copy.</source>
+        <translation>Für %1 gibt es keine frühere Rechnung zum Übernehmen.</translation>
+    </message>
+    <message>
+        <source>Give “discount_percent” or “discount_amount”, not both.</source>
+        <translation>Ein Rabatt ist entweder ein Prozentsatz oder ein Betrag.</translation>
+    </message>
+    <message>
+        <source>The currency can&apos;t become %1: line %2 (“%3”) bills tracked time, which is priced in %4. Give its price in %5 in the same call (change_lines with unit_price), remove the line first, or set “currency” to %6.</source>
+        <translation>Die Währung kann nicht %1 werden: Position %2 („%3“) berechnet erfasste Zeit in %4. Erst die Position entfernen und mit einem Preis in %5 neu anlegen oder bei %6 bleiben.</translation>
+    </message>
+    <message>
+        <source>The currency can&apos;t become %1: line %2 (“%3”) comes from the catalog, where it is priced in %4. Give its price in %5 in the same call (change_lines with unit_price), remove the line first, or set “currency” to %6.</source>
+        <translation>Die Währung kann nicht %1 werden: Position %2 („%3“) kommt aus dem Katalog und hat dort einen Preis in %4. Erst die Position entfernen und mit einem Preis in %5 neu anlegen oder bei %6 bleiben.</translation>
+    </message>
+    <message>
+        <source>A line can bill a million hours at most.</source>
+        <translation>Eine Position kann höchstens eine Million Stunden berechnen.</translation>
+    </message>
+    <message>
+        <source>Time goes on invoices: no other document bills it.</source>
+        <translation>Zeit gehört auf Rechnungen: Kein anderer Beleg berechnet sie.</translation>
+    </message>
+    <message>
+        <source>The invoice has no client, so it can&apos;t be said whose time it bills.</source>
+        <translation>Die Rechnung hat keinen Kunden; so ist nicht klar, wessen Zeit sie berechnet.</translation>
+    </message>
+    <message>
+        <source>%1 has no unbilled time like that.</source>
+        <translation>Für %1 gibt es keine solche noch nicht berechnete Zeit.</translation>
+    </message>
+    <message>
+        <source>%1 has no unbilled time.</source>
+        <translation>Für %1 gibt es keine noch nicht berechnete Zeit.</translation>
+    </message>
+    <message>
+        <source>The hourly rate is in %1, this document in %2. Set the document&apos;s currency to %3, or add the hours with add_lines and their price.</source>
+        <translation>Der Stundensatz ist in %1, dieser Beleg in %2. Den Beleg auf %3 stellen oder die Stunden als Positionen mit Preis eintragen.</translation>
+    </message>
+    <message>
+        <source>%1 is a template, which only the user changes, in Quillary. The invoices made from it can be changed while they are drafts.</source>
+        <translation>%1 ist eine Vorlage. Die Rechnungen, die aus ihr entstehen, lassen sich als Entwürfe ändern.</translation>
+    </message>
+    <message>
+        <source>%1 is no draft any more, so it can&apos;t be changed. To correct an invoice that was sent, make a credit note for it and a new invoice.</source>
+        <translation>%1 ist kein Entwurf mehr und wird nicht geändert. Eine verschickte Rechnung wird mit einer Gutschrift und einer neuen Rechnung berichtigt.</translation>
+    </message>
+    <message>
+        <source>%1 is no draft any more, so it can&apos;t be changed.</source>
+        <translation>%1 ist kein Entwurf mehr und wird nicht geändert.</translation>
+    </message>
+    <message>
+        <source>The client can&apos;t become %1: line %2 (“%3”) bills tracked time of %4. Remove such lines first, in a call of its own (remove_lines), then change the client.</source>
+        <translation>Der Kunde kann nicht %1 werden: Position %2 („%3“) berechnet Zeit für %4. Zuerst solche Positionen entfernen, dann den Kunden ändern.</translation>
+    </message>
+    <message>
+        <source>There&apos;s no client %1. find_clients lists them, create_client adds one.</source>
+        <translation>Es gibt keinen Kunden %1.</translation>
+    </message>
+    <message>
+        <source>There&apos;s no project %1.</source>
+        <translation>Es gibt kein Projekt %1.</translation>
+    </message>
+    <message>
+        <source>There&apos;s no catalog item %1. find_catalog_items lists them.</source>
+        <translation>Im Katalog gibt es %1 nicht.</translation>
+    </message>
+    <message>
+        <source>%1 is no email address.</source>
+        <translation>%1 ist keine E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>There is no address in the list of recipients.</source>
+        <translation>In der Liste der Empfänger steht keine Adresse.</translation>
+    </message>
+    <message>
+        <source>No email address is known: fill it in in the mail program.</source>
+        <translation>Es ist keine E-Mail-Adresse bekannt: Bitte im Mailprogramm ausfüllen.</translation>
+    </message>
+    <message>
+        <source>The client&apos;s address %1 is none that mail can go to: correct it in the mail program.</source>
+        <translation>An die Adresse %1 des Kunden kann keine E-Mail gehen: Bitte im Mailprogramm berichtigen.</translation>
+    </message>
+    <message>
+        <source>The email still says %1, for which there is no value.</source>
+        <translation>In der E-Mail steht noch %1; dafür gibt es keinen Wert.</translation>
+    </message>
+    <message>
+        <source>The text isn&apos;t readable as UTF-8.</source>
+        <translation>Der Text ist nicht als UTF-8 lesbar.</translation>
+    </message>
+    <message>
+        <source>An email needs a subject.</source>
+        <translation>Eine E-Mail braucht einen Betreff.</translation>
+    </message>
+    <message>
+        <source>A subject is one line of text.</source>
+        <translation>Ein Betreff ist eine einzige Zeile.</translation>
+    </message>
+    <message>
+        <source>A subject has at most %1 characters.</source>
+        <translation>Ein Betreff hat höchstens %1 Zeichen.</translation>
+    </message>
+    <message>
+        <source>The text of an email has at most %1 characters.</source>
+        <translation>Der Text einer E-Mail hat höchstens %1 Zeichen.</translation>
+    </message>
+    <message>
+        <source>Take at least %1 characters; a few words are easy to remember and hard to guess.</source>
+        <translation>Mindestens %1 Zeichen; ein paar Wörter sind leicht zu merken und schwer zu erraten.</translation>
+    </message>
+    <message>
+        <source>That is too long for a passphrase.</source>
+        <translation>Das ist zu lang für ein Passwort.</translation>
+    </message>
+    <message>
+        <source>That isn&apos;t the passphrase.</source>
+        <translation>Das ist nicht das Passwort.</translation>
+    </message>
+    <message>
+        <source>That isn&apos;t the passphrase. %1</source>
+        <translation>Das ist nicht das Passwort. %1</translation>
+    </message>
+    <message>
+        <source>Try again in a second.</source>
+        <translation>In einer Sekunde noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>Try again in %1 seconds.</source>
+        <translation>In %1 Sekunden noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>There isn&apos;t enough memory to keep a passphrase safely. Close other programs, then try again.</source>
+        <translation>Der Arbeitsspeicher reicht nicht, um ein Passwort sicher aufzuheben. Bitte andere Programme schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The lock in %1 can&apos;t be understood. Delete the file to go on without a passphrase; the library stays as it is.</source>
+        <translation>Die Sperre in %1 ist nicht lesbar. Wird die Datei gelöscht, geht es ohne Passwort weiter; die Bibliothek bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The settings in %1 can&apos;t be understood, so AI assistants are turned off. Turn them on again to begin with new settings; the file is kept.</source>
+        <translation>Die Einstellungen in %1 sind nicht lesbar; deshalb sind KI-Assistenten abgeschaltet. Wer sie wieder einschaltet, beginnt mit neuen Einstellungen; die Datei bleibt erhalten.</translation>
+    </message>
+    <message>
+        <source>%1 AI assistants are turned off until it can be read.</source>
+        <translation>%1 KI-Assistenten sind abgeschaltet, bis sie lesbar ist.</translation>
+    </message>
+    <message>
+        <source>The library in “%1” can’t be changed, because its folder is read-only. Choose a folder that you may write to.</source>
+        <translation>Die Bibliothek in „%1“ kann nicht geändert werden, weil der Ordner schreibgeschützt ist. Bitte einen Ordner mit Schreibrecht wählen.</translation>
+    </message>
+    <message>
+        <source>The library in “%1” is open in another Quillary. Close it there, then try again.</source>
+        <translation>Die Bibliothek in „%1“ ist in einem anderen Quillary geöffnet. Bitte dort schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The running Quillary couldn&apos;t hand the library over. Close it, then try again.</source>
+        <translation>Das laufende Quillary konnte die Bibliothek nicht übergeben. Bitte schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” can’t be made. Choose a place for the library where you may write.</source>
+        <translation>Der Ordner „%1“ kann nicht angelegt werden. Bitte einen Ort mit Schreibrecht für die Bibliothek wählen.</translation>
+    </message>
+    <message>
+        <source>“%1” isn’t a Quillary library.</source>
+        <translation>„%1“ ist keine Quillary-Bibliothek.</translation>
+    </message>
+    <message>
+        <source>There is no library in “%1”, so there is nothing to back up.</source>
+        <translation>In „%1“ ist keine Bibliothek; es gibt nichts zu sichern.</translation>
+    </message>
+    <message>
+        <source>There is no library in “%1”.</source>
+        <translation>In „%1“ ist keine Bibliothek.</translation>
+    </message>
+    <message>
+        <source>“%1” is still empty.</source>
+        <translation>„%1“ ist noch leer.</translation>
+    </message>
+    <message>
+        <source>“%1” was last used with an older Quillary. Open it in Quillary once, so that it is brought up to date.</source>
+        <translation>„%1“ wurde zuletzt mit einem älteren Quillary benutzt. Bitte einmal in Quillary öffnen, damit sie auf den neuen Stand kommt.</translation>
+    </message>
+    <message>
+        <source>“%1” was last used with a newer Quillary (its format is %2, this Quillary knows formats up to %3). Open it with that version, or update this one.</source>
+        <translation>„%1“ wurde zuletzt mit einem neueren Quillary benutzt (Format %2; dieses Quillary kennt Formate bis %3). Bitte mit jener Version öffnen oder diese aktualisieren.</translation>
+    </message>
+    <message>
+        <source>“%1” has tables that no version of Quillary makes, so it was left alone. Restore a backup of it.</source>
+        <translation>„%1“ enthält Tabellen, die keine Version von Quillary anlegt, und blieb deshalb unberührt. Bitte eine Sicherung wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be brought up to date, because its disk is full; it is as it was. Make room for about %2 MB and start again.</source>
+        <translation>„%1“ konnte nicht auf den neuen Stand gebracht werden, weil der Datenträger voll ist; sie ist, wie sie war. Bitte etwa %2 MB freimachen und neu starten.</translation>
+    </message>
+    <message>
+        <source>“%1” was changed by another program while it was being brought up to date. Close that program and start again.</source>
+        <translation>„%1“ wurde von einem anderen Programm geändert, während sie auf den neuen Stand kam. Bitte jenes Programm schließen und neu starten.</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be brought up to date: the new file didn’t pass its check. The library is as it was.</source>
+        <translation>„%1“ konnte nicht auf den neuen Stand gebracht werden: Die neue Datei hat die Prüfung nicht bestanden. Die Bibliothek ist, wie sie war.</translation>
+    </message>
+    <message>
+        <source>The backup couldn’t be made, because the disk that holds “%1” is full. Make room and try again.</source>
+        <translation>Die Sicherung wurde nicht erstellt, weil der Datenträger mit „%1“ voll ist. Bitte Platz schaffen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The backup didn’t pass its check and wasn’t kept. Try again.</source>
+        <translation>Die Sicherung hat die Prüfung nicht bestanden und wurde nicht aufgehoben. Bitte noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The backup couldn’t be restored, because the disk that holds “%1” is full. The library is as it was. Make room and try again.</source>
+        <translation>Die Sicherung wurde nicht wiederhergestellt, weil der Datenträger mit „%1“ voll ist. Die Bibliothek ist, wie sie war. Bitte Platz schaffen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” is empty.</source>
+        <translation>„%1“ ist leer.</translation>
+    </message>
+    <message>
+        <source>“%1” is the library itself.</source>
+        <translation>„%1“ ist die Bibliothek selbst.</translation>
+    </message>
+    <message>
+        <source>There is no backup “%1” in “%2”.</source>
+        <translation>In „%2“ gibt es keine Sicherung „%1“.</translation>
+    </message>
+    <message>
+        <source>The copy of “%1” came out incomplete and wasn’t kept. Try again.</source>
+        <translation>Die Kopie von „%1“ war unvollständig und wurde nicht aufgehoben. Bitte noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>The disk that holds “%1” is full. Nothing was saved by this step. Make room and try again.</source>
+        <translation>Der Datenträger mit „%1“ ist voll. Dieser Schritt hat nichts gespeichert. Bitte Platz schaffen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be written. Check that you may write to this file and its folder, and that the disk isn’t write-protected.</source>
+        <translation>„%1“ kann nicht geschrieben werden. Bitte prüfen, ob für die Datei und ihren Ordner das Schreibrecht da ist und der Datenträger nicht schreibgeschützt ist.</translation>
+    </message>
+    <message>
+        <source>“%1” can’t be opened. Check that the folder exists and that you may read and write it.</source>
+        <translation>„%1“ kann nicht geöffnet werden. Bitte prüfen, ob es den Ordner gibt und ob er gelesen und beschrieben werden darf.</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be written: the disk reports a fault. Nothing was saved by this step. Check the disk, then try again.</source>
+        <translation>„%1“ konnte nicht geschrieben werden: Der Datenträger meldet einen Fehler. Dieser Schritt hat nichts gespeichert. Bitte den Datenträger prüfen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” is being used by another program. Close that program and try again.</source>
+        <translation>„%1“ wird von einem anderen Programm benutzt. Bitte jenes schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” is damaged and can’t be read. Restore a backup of it.</source>
+        <translation>„%1“ ist beschädigt und nicht lesbar. Bitte eine Sicherung wiederherstellen.</translation>
+    </message>
+    <message>
+        <source>A text or an image is too large to be saved. Shorten it and try again.</source>
+        <translation>Ein Text oder Bild ist zu groß zum Speichern. Bitte kürzen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>There isn’t enough memory. Close other programs and try again.</source>
+        <translation>Der Arbeitsspeicher reicht nicht. Bitte andere Programme schließen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be read or written: the disk reports a fault. Check the disk, then try again.</source>
+        <translation>„%1“ konnte nicht gelesen oder geschrieben werden: Der Datenträger meldet einen Fehler. Bitte den Datenträger prüfen und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>“%1” couldn’t be read or written.</source>
+        <translation>„%1“ konnte nicht gelesen oder geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t make the folder %1: %2.</source>
+        <translation>Der Ordner %1 konnte nicht angelegt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t write %1: %2.</source>
+        <translation>%1 konnte nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t open %1: %2.</source>
+        <translation>%1 konnte nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t read %1: %2.</source>
+        <translation>%1 konnte nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t look at %1: %2.</source>
+        <translation>%1 konnte nicht angesehen werden: %2.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t lock %1: %2.</source>
+        <translation>%1 konnte nicht gesperrt werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder, not a file.</source>
+        <translation>%1 ist ein Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1 is too large: at most %2.</source>
+        <translation>%1 ist zu groß: höchstens %2.</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Byte</translation>
+    </message>
+    <message>
+        <source>A file couldn&apos;t be saved in the folder “%1” (%2).</source>
+        <translation>Im Ordner „%1“ konnte keine Datei gespeichert werden (%2).</translation>
+    </message>
+    <message>
+        <source>There is no folder “%1”.</source>
+        <translation>Es gibt keinen Ordner „%1“.</translation>
+    </message>
+    <message>
+        <source>Files can&apos;t be saved in the folder “%1”.</source>
+        <translation>Im Ordner „%1“ lassen sich keine Dateien speichern.</translation>
+    </message>
+    <message>
+        <source>The disk with the folder “%1” is full.</source>
+        <translation>Der Datenträger mit dem Ordner „%1“ ist voll.</translation>
+    </message>
+    <message>
+        <source>The folder “%1” holds too many files named “%2”.</source>
+        <translation>Der Ordner „%1“ enthält zu viele Dateien namens „%2“.</translation>
+    </message>
+    <message>
+        <source>Couldn&apos;t listen at %1</source>
+        <translation>Auf %1 ließ sich nicht warten.</translation>
+    </message>
+    <message>
+        <source>Quillary is already running.</source>
+        <translation>Quillary läuft schon.</translation>
+    </message>
+    <message>
+        <source>The socket path is too long.</source>
+        <translation>Der Pfad des Sockets ist zu lang.</translation>
+    </message>
+    <message>
+        <source>Pages can&apos;t be printed here.</source>
+        <translation>Hier können keine Seiten gedruckt werden.</translation>
+    </message>
+    <message>
+        <source>Pages can&apos;t be printed because a part of Quillary is missing. Please install it again. (%1)</source>
+        <translation>Es können keine Seiten gedruckt werden, weil ein Teil von Quillary fehlt. Bitte neu installieren. (%1)</translation>
+    </message>
+    <message>
+        <source>Pages can&apos;t be printed here, because this system doesn&apos;t let the page renderer lock itself in (user namespaces are off). Turn them on, or set QTWEBENGINE_DISABLE_SANDBOX=1.</source>
+        <translation>Hier können keine Seiten gedruckt werden, weil dieses System den Seitenrenderer sich nicht abschotten lässt (User-Namespaces sind aus). Bitte einschalten oder QTWEBENGINE_DISABLE_SANDBOX=1 setzen.</translation>
+    </message>
+    <message>
+        <source>The page could not be printed, because the page renderer stopped twice while it worked on it.</source>
+        <translation>Die Seite wurde nicht gedruckt, weil der Seitenrenderer dabei zweimal stehen blieb.</translation>
+    </message>
+    <message>
+        <source>The page could not be printed, because it took too long.</source>
+        <translation>Die Seite wurde nicht gedruckt, weil es zu lange dauerte.</translation>
+    </message>
+    <message>
+        <source>The page could not be printed, because the page renderer did not accept it.</source>
+        <translation>Die Seite wurde nicht gedruckt, weil der Seitenrenderer sie nicht annahm.</translation>
+    </message>
+    <message>
+        <source>The page could not be printed, because the page renderer handed back nothing.</source>
+        <translation>Die Seite wurde nicht gedruckt, weil der Seitenrenderer nichts lieferte.</translation>
+    </message>
+    <message>
+        <source>The printed page could not be finished as a PDF file. (%1)</source>
+        <translation>Die gedruckte Seite ließ sich nicht als PDF fertigstellen. (%1)</translation>
+    </message>
+    <message>
+        <source>This is not a PDF that can be read.</source>
+        <translation>Das ist kein lesbares PDF.</translation>
+    </message>
+    <message>
+        <source>There is no page %1; the document has %2.</source>
+        <translation>Es gibt keine Seite %1; der Beleg hat %2.</translation>
+    </message>
+    <message>
+        <source>No picture of this page could be made.</source>
+        <translation>Von dieser Seite ließ sich kein Bild machen.</translation>
+    </message>
+    <message>
+        <source>The picture is damaged and can&apos;t be read.</source>
+        <translation>Das Bild ist beschädigt und nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>The picture has %1 megapixels. A logo may have up to %2; please choose a smaller one.</source>
+        <translation>Das Bild hat %1 Megapixel. Ein Logo darf bis zu %2 haben; bitte ein kleineres wählen.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MB. Please choose a smaller picture.</source>
+        <translation>Die Datei ist größer als %1 MB. Bitte ein kleineres Bild wählen.</translation>
+    </message>
+    <message>
+        <source>This file is not a picture that can be a logo. Please choose a PNG, JPEG, WebP or SVG file.</source>
+        <translation>Diese Datei ist kein Bild für ein Logo. Bitte eine PNG-, JPEG-, WebP- oder SVG-Datei wählen.</translation>
+    </message>
+    <message>
+        <source>Nothing can be seen in this picture: all of it is transparent.</source>
+        <translation>In diesem Bild ist nichts zu sehen: Es ist ganz durchsichtig.</translation>
+    </message>
+    <message>
+        <source>This SVG file is damaged and can&apos;t be read.</source>
+        <translation>Diese SVG-Datei ist beschädigt und nicht lesbar.</translation>
+    </message>
+    <message>
+        <source>This SVG drawing is too complex for a logo.</source>
+        <translation>Diese SVG-Zeichnung ist zu aufwendig für ein Logo.</translation>
+    </message>
+    <message>
+        <source>The file has no rows.</source>
+        <translation>Die Datei hat keine Zeilen.</translation>
+    </message>
+    <message>
+        <source>The file isn&apos;t readable text. Save it as CSV from your spreadsheet app and try again.</source>
+        <translation>Die Datei ist kein lesbarer Text. Bitte in der Tabellenkalkulation als CSV speichern und es noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>Column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>There is no name; the email address stands for it.</source>
+        <translation>Der Name fehlt; dafür steht die E-Mail-Adresse.</translation>
+    </message>
+    <message>
+        <source>Only the first %1 characters of the %2 are kept.</source>
+        <translation>%2: Nur die ersten %1 Zeichen bleiben.</translation>
+    </message>
+    <message>
+        <source>“%1” is what a spreadsheet program left of a longer number.</source>
+        <translation>„%1“ ist, was eine Tabellenkalkulation von einer längeren Nummer übrig ließ.</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a company nor a person; it is kept in the notes.</source>
+        <translation>„%1“ ist weder Firma noch Person; es steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>“%1” is no email address; it is kept in the notes.</source>
+        <translation>„%1“ ist keine E-Mail-Adresse; es steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>“%1” is no known country; it is kept in the notes.</source>
+        <translation>„%1“ ist kein bekanntes Land; es steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>“%1” is no known currency; it is kept in the notes.</source>
+        <translation>„%1“ ist keine bekannte Währung; es steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>Documents can&apos;t be written in “%1”; it is kept in the notes.</source>
+        <translation>Belege gibt es nicht in der Sprache „%1“; das steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>“%1” doesn&apos;t have the form of a VAT ID; it is kept in the notes.</source>
+        <translation>„%1“ hat nicht die Form einer USt-IdNr.; es steht in den Notizen.</translation>
+    </message>
+    <message>
+        <source>The currency can&apos;t become %1: the price %2 has more decimals than it.</source>
+        <translation>Die Währung kann nicht %1 werden: Der Preis %2 hat mehr Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>The currency can&apos;t become %1: the discount %2 has more decimals than it.</source>
+        <translation>Die Währung kann nicht %1 werden: Der Rabatt %2 hat mehr Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>The currency can&apos;t become %1: the fee %2 has more decimals than it.</source>
+        <translation>Die Währung kann nicht %1 werden: Die Gebühr %2 hat mehr Nachkommastellen.</translation>
+    </message>
+    <message>
+        <source>The interval must be 1 to %1 weeks.</source>
+        <translation>Der Abstand muss 1 bis %1 Wochen sein.</translation>
+    </message>
+    <message>
+        <source>The interval must be 1 to %1 months.</source>
+        <translation>Der Abstand muss 1 bis %1 Monate sein.</translation>
+    </message>
+    <message>
+        <source>The interval must be 1 to %1 quarters.</source>
+        <translation>Der Abstand muss 1 bis %1 Quartale sein.</translation>
+    </message>
+    <message>
+        <source>The interval must be 1 to %1 years.</source>
+        <translation>Der Abstand muss 1 bis %1 Jahre sein.</translation>
     </message>
 </context>
 <context>
@@ -1277,10 +2465,6 @@
     <message>
         <source>Change Contact Person</source>
         <translation>Ansprechpartner ändern</translation>
-    </message>
-    <message>
-        <source>The email</source>
-        <translation>Die E-Mail-Adresse</translation>
     </message>
 </context>
 <context>

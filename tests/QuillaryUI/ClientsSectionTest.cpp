@@ -129,7 +129,7 @@ TEST_F(ClientsSectionTest, keepsThePeopleAtAClientInTheirOrder)
         return names;
     };
     add("Ana", "ana@");
-    EXPECT_TRUE(child<QLabel>(section, "sheetError").text().startsWith("The email must be"));
+    EXPECT_TRUE(child<QLabel>(section, "sheetError").text().startsWith("“Email” must be"));
     QTest::keyClicks(&child<QLineEdit>(section, "contact_email"), "one.example");
     child<QPushButton>(section, "sheetAnswer").click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
