@@ -1,5 +1,6 @@
 #include "QuillaryUI/Catalog/RecordDesk.h"
 
+#include "QuillaryCore/Assistant/Description/DocumentDescription.h"
 #include "QuillaryCore/Assistant/Operations/RecordFields.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Foundation/Text.h"
@@ -54,7 +55,8 @@ public:
         for (const Record* record : records) {
             list.push_back({record->ref.key(), {}, {}});
             for (const RecordField<Record>& field : recordFields<Record>()) {
-                list.back().texts.push_back(text(field.text(m_library.environment(), *record)));
+                const std::string plain = field.text(m_library.environment(), *record);
+                list.back().texts.push_back(typed(*record, field.name, plain));
                 list.back().shown.push_back(shown(*record, field.name, list.back().texts.back()));
             }
         }
@@ -100,18 +102,32 @@ public:
 private:
     [[nodiscard]] const Record* find(std::int64_t key) const { return m_library.context().find(Ref<Record>(key)); }
 
+    static bool isRate(std::string_view field) { return field == "rate" || field == "tax_rate"; }
+
+    /// What stands in the form: figures as the desktop writes them.
+    [[nodiscard]] QString typed(const Record& record, std::string_view field, const std::string& plain) const
+    {
+        const Formats& formats = m_library.formats();
+        if constexpr (requires { record.unitPriceMinorUnits; }) {
+            if (field == "price") {
+                return formats.amount(record.unitPriceMinorUnits, record.currencyCode);
+            }
+        }
+        const auto rate = isRate(field) ? Percent::basisPoints(plain) : std::nullopt;
+        return rate ? formats.percent(*rate) : text(plain);
+    }
+
+    /// What stands in the list.
     [[nodiscard]] QString shown(const Record& record, std::string_view field, const QString& typed) const
     {
         if constexpr (requires { record.unitPriceMinorUnits; }) {
             return field == "price" ? m_library.formats().money(record.unitPriceMinorUnits, record.currencyCode)
                                     : typed;
-        } else if constexpr (requires { record.basisPoints; }) {
-            return field == "rate" ? text(Percent::format(record.basisPoints)) : typed;
         }
         return typed;
     }
 
-    /// Flags are flags; an amount may be typed as the desktop writes numbers.
+    /// Flags are flags; figures may be typed as the desktop writes them.
     [[nodiscard]] JSON argument(const Record& record, const QString& field, const QString& value) const
     {
         for (const RecordField<Record>& known : recordFields<Record>()) {
@@ -127,7 +143,8 @@ private:
                 return Money(*amount, record.currencyCode).plainText();
             }
         }
-        return utf8(value);
+        const auto rate = isRate(utf8(field)) ? Percent::basisPoints(utf8(value)) : std::nullopt;
+        return rate ? rateFigure(*rate) : utf8(value);
     }
 
     LibraryAccess& m_library;

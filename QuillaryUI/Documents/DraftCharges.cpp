@@ -24,7 +24,7 @@ namespace {
 QString discountText(const Discount& discount, const Document& draft, const Formats& formats)
 {
     return Totals::discountKindFromRaw(discount.kindRaw) == Totals::DiscountKind::percentage
-               ? text(Percent::format(discount.basisPoints))
+               ? formats.percent(discount.basisPoints)
                : formats.amount(discount.amountMinorUnits, draft.currencyCode);
 }
 

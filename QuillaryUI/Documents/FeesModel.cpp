@@ -4,7 +4,6 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/Fee.h"
-#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 
@@ -77,7 +76,7 @@ QString FeesModel::text(const Entry& fee, int column, int role) const
         return fee.title;
     }
     if (column == tax) {
-        return Quillary::text(Percent::format(fee.taxBasisPoints));
+        return formats.percent(fee.taxBasisPoints);
     }
     return role == Qt::EditRole ? formats.amount(fee.amountMinorUnits, m_currencyCode)
                                 : formats.money(fee.amountMinorUnits, m_currencyCode);

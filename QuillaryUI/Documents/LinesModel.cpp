@@ -7,7 +7,6 @@
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Units.h"
 #include "QuillaryCore/Money/Money.h"
-#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Money/Quantity.h"
 #include "QuillaryUI/Documents/PastedLines.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
@@ -142,7 +141,7 @@ QString LinesModel::editText(const Line& line, int column) const
     case price:
         return formats.amount(line.unitPriceMinorUnits, m_currencyCode);
     case tax:
-        return Quillary::text(Percent::format(line.taxBasisPoints));
+        return formats.percent(line.taxBasisPoints);
     default:
         return {};
     }

@@ -3,7 +3,6 @@
 #include "QuillaryCore/Billing/DocumentAmounts.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/DraftFields.h"
 #include "QuillaryUI/Documents/LinesModel.h"
@@ -76,9 +75,8 @@ void LinesPanel::showTotals(const Document& draft)
     const Totals::Result totals = calculateTotals(m_desk.library().context(), draft);
     QString text = tr("Net %1").arg(formats.money(totals.net, draft.currencyCode));
     for (const Totals::TaxLine& line : totals.taxLines) {
-        text +=
-            tr(" &nbsp;·&nbsp; Tax %1 %2")
-                .arg(Quillary::text(Percent::format(line.basisPoints)), formats.money(line.tax, draft.currencyCode));
+        text += tr(" &nbsp;·&nbsp; Tax %1 %2")
+                    .arg(formats.percent(line.basisPoints), formats.money(line.tax, draft.currencyCode));
     }
     text += tr(" &nbsp;·&nbsp; <b>Total %1</b>").arg(formats.money(totals.total, draft.currencyCode));
     m_totals->setText(text);

@@ -5,7 +5,6 @@
 #include "QuillaryCore/Model/TaxRate.h"
 #include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Model/Units.h"
-#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
@@ -58,11 +57,11 @@ QStringList unitNames(const LibraryAccess& library)
     return names;
 }
 
-QStringList rateTexts(Context& context)
+QStringList rateTexts(const LibraryAccess& library)
 {
     QStringList texts;
-    for (const TaxRate* rate : TaxRates::all(context)) {
-        texts.push_back(text(Percent::format(rate->basisPoints)));
+    for (const TaxRate* rate : TaxRates::all(library.context())) {
+        texts.push_back(library.formats().percent(rate->basisPoints));
     }
     return texts;
 }
@@ -141,7 +140,7 @@ private:
         case LinesModel::unit:
             return unitNames(m_library);
         case LinesModel::tax:
-            return rateTexts(m_library.context());
+            return rateTexts(m_library);
         default:
             return {};
         }

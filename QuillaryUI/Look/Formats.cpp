@@ -5,6 +5,10 @@
 
 #include <QStringList>
 
+#include <unicode/localpointer.h>
+#include <unicode/unum.h>
+
+#include <array>
 #include <chrono>
 #include <utility>
 
@@ -20,9 +24,29 @@ std::string utf8(const QString& text)
     return text.toStdString();
 }
 
+namespace {
+
+QString percentSign(const Locale& locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::LocalUNumberFormatPointer format(
+        unum_open(UNUM_PERCENT, nullptr, 0, locale.identifier().c_str(), nullptr, &status));
+    std::array<char16_t, 8> sign{};
+    const std::int32_t length =
+        U_SUCCESS(status)
+            ? unum_getTextAttribute(
+                  format.getAlias(), UNUM_POSITIVE_SUFFIX, sign.data(), std::int32_t(sign.size()), &status)
+            : 0;
+    // Where the sign stands in front, as in Turkish, it is typed behind all the same.
+    return U_SUCCESS(status) && length > 0 ? QString::fromUtf16(sign.data(), length) : QStringLiteral("%");
+}
+
+} // namespace
+
 Formats::Formats(Locale locale, Calendar calendar)
     : m_locale(std::move(locale))
     , m_calendar(std::move(calendar))
+    , m_percentSign(percentSign(m_locale))
 {
 }
 
@@ -48,6 +72,12 @@ QString Formats::amount(std::int64_t minorUnits, std::string_view currencyCode) 
 QString Formats::quantity(std::int64_t thousandths) const
 {
     return text(Quantity::format(thousandths, m_locale));
+}
+
+QString Formats::percent(std::int32_t basisPoints) const
+{
+    constexpr int digits = 2;
+    return text(m_locale.formatDecimal(basisPoints, digits, 0)) + m_percentSign;
 }
 
 QString Formats::date(const std::optional<Instant>& day) const

@@ -31,6 +31,8 @@ public:
     /// The amount alone, for an edit field.
     [[nodiscard]] QString amount(std::int64_t minorUnits, std::string_view currencyCode) const;
     [[nodiscard]] QString quantity(std::int64_t thousandths) const;
+    /// "7.5%", or with the space that the locale puts before the sign: it never breaks there. Unit: basis points.
+    [[nodiscard]] QString percent(std::int32_t basisPoints) const;
     /// Empty without a date.
     [[nodiscard]] QString date(const std::optional<Instant>& day) const;
 
@@ -43,6 +45,7 @@ public:
 private:
     Locale m_locale;
     Calendar m_calendar;
+    QString m_percentSign; ///< with the space before it
 };
 
 } // namespace Quillary

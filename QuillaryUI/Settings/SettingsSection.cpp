@@ -1,8 +1,10 @@
 #include "QuillaryUI/Settings/SettingsSection.h"
 
+#include "QuillaryCore/Assistant/Description/DocumentDescription.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Money/Money.h"
+#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Lock/SecurityPage.h"
 #include "QuillaryUI/Look/FieldForm.h"
@@ -40,10 +42,24 @@ bool isAmount(const QString& name)
     return name == QLatin1String("hourly_rate") || name == QLatin1String("late_fee");
 }
 
-QString shownValue(const BusinessSettings::Entry& entry)
+bool isRate(const QString& name)
+{
+    return name == QLatin1String("late_fee_percent");
+}
+
+/// As its field has it: figures as the desktop writes them.
+QString shownValue(const LibraryAccess& library, const BusinessSettings::Entry& entry)
 {
     if (entry.value.boolean() != nullptr) {
         return *entry.value.boolean() ? QStringLiteral("yes") : QString();
+    }
+    const QString name = text(entry.name);
+    const std::string& currency = library.business().currencyCode;
+    if (const auto amount = isAmount(name) ? Money::fromDecimalString(entry.text, currency) : std::nullopt) {
+        return library.formats().amount(amount->minorUnits(), currency);
+    }
+    if (const auto rate = isRate(name) ? Percent::basisPoints(entry.text) : std::nullopt) {
+        return library.formats().percent(*rate);
     }
     // No level was ever chosen: it is the second.
     return entry.name == "late_fee_from_level" && entry.text == "0" ? QStringLiteral("2") : text(entry.text);
@@ -209,7 +225,7 @@ void SettingsSection::refresh()
         const QString name = text(entry.name);
         for (FieldForm* form : m_forms) {
             if (form->has(name)) {
-                form->setValue(name, shownValue(entry));
+                form->setValue(name, shownValue(m_library, entry));
                 form->setNote(name, SettingTexts::note(text(entry.note)));
             }
         }
@@ -223,12 +239,12 @@ void SettingsSection::refresh()
 /// What another setting makes meaningless is not asked for.
 void SettingsSection::showWhatCounts()
 {
-    const auto stored = [this](const char* name) {
-        return shownValue(BusinessSettings::entry(m_library.environment(), name));
+    const auto value = [this](const char* name) {
+        return shownValue(m_library, BusinessSettings::entry(m_library.environment(), name));
     };
-    const QString lateFee = stored("late_fee_kind");
-    const bool isOwnLabel = stored("tax_label") == QLatin1String("custom");
-    const bool isExempt = !stored("tax_exempt").isEmpty();
+    const QString lateFee = value("late_fee_kind");
+    const bool isOwnLabel = value("tax_label") == QLatin1String("custom");
+    const bool isExempt = !value("tax_exempt").isEmpty();
     for (FieldForm* form : m_forms) {
         form->setShown(QStringLiteral("late_fee"), lateFee == QLatin1String("fixed"));
         form->setShown(QStringLiteral("late_fee_percent"), lateFee == QLatin1String("percentage"));
@@ -245,6 +261,9 @@ QString SettingsSection::stored(const QString& name, const QString& value) const
         const std::string& currency = m_library.business().currencyCode;
         const auto amount = TypedNumber::amount(value, currency, m_library.formats().locale());
         return amount ? text(Money(*amount, currency).plainText()) : value;
+    }
+    if (const auto rate = isRate(name) ? Percent::basisPoints(utf8(value)) : std::nullopt) {
+        return text(rateFigure(*rate));
     }
     const bool isFlag = BusinessSettings::entry(m_library.environment(), utf8(name)).value.boolean() != nullptr;
     return isFlag && value.isEmpty() ? QStringLiteral("no") : value;

@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/TaxRate.h"
+#include "QuillaryCore/Money/Percent.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Catalog/RecordPanel.h"
 #include "tests/QuillaryUI/WindowLibrary.h"
@@ -52,12 +53,13 @@ TEST_F(CatalogSectionTest, addsChangesRefusesAndRemoves)
     const int before = rows.rowCount();
     section.makeNew();
     type("field_name", "Consulting");
-    type("field_price", "95.50");
+    type("field_price", "1195.5");
     type("field_unit", "hours");
     settle();
     const auto* item = library.context().first<CatalogItem>("name = ?", std::string("Consulting"));
     ASSERT_NE(item, nullptr);
-    EXPECT_EQ(item->unitPriceMinorUnits, 9550);
+    EXPECT_EQ(item->unitPriceMinorUnits, 119'550);
+    EXPECT_EQ(child<QLineEdit>(panel(), "field_price").text(), "1,195.50");
     EXPECT_EQ(item->unit, "hour");
 
     section.makeNew(); // a name of its own, and none that is taken
@@ -77,11 +79,17 @@ TEST_F(CatalogSectionTest, hasOneUsualTaxRate)
     for (const char* name : {"High", "Low"}) {
         section.makeNew();
         type("field_name", name);
+        type("field_rate", "7,5 %");
         child<QCheckBox>(panel(), "field_default").click();
         settle();
     }
     EXPECT_EQ(library.context().count<TaxRate>("isDefault = 1"), 1);
     EXPECT_EQ(library.context().first<TaxRate>("isDefault = 1")->name, "Low");
+    EXPECT_EQ(library.context().first<TaxRate>("isDefault = 1")->basisPoints, 750);
+    EXPECT_EQ(child<QLineEdit>(panel(), "field_rate").text(), "7.5%");
+    const Formats german(Locale("de_DE"), library.formats().calendar());
+    EXPECT_EQ(german.percent(750), QStringLiteral("7,5\u00a0%"));
+    EXPECT_EQ(Percent::basisPoints(utf8(german.percent(750))), 750);
 }
 
 } // namespace

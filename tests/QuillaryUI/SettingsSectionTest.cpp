@@ -76,8 +76,9 @@ TEST_F(SettingsSectionTest, changesOneByOneAndTellsWhatFollows)
     const bool wasExempt = library.business().taxExempt;
     exempt.click();
     EXPECT_EQ(library.business().taxExempt, !wasExempt);
-    type("field_hourly_rate", "120");
-    EXPECT_EQ(library.business().hourlyRateMinorUnits, 12000);
+    type("field_hourly_rate", "1250");
+    EXPECT_EQ(library.business().hourlyRateMinorUnits, 125'000);
+    EXPECT_EQ(child<QLineEdit>(section, "field_hourly_rate").text(), "1,250.00");
 
     library.context().undo(); // one step each
     settle();
