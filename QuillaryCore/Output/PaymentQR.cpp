@@ -103,7 +103,34 @@ std::vector<std::uint8_t> drawn(const QRcode& code, std::size_t scale, std::size
     return pixels;
 }
 
+/// Whom the money goes to.
+std::string_view payee(const Business& business)
+{
+    return business.accountHolder.empty() ? business.name : business.accountHolder;
+}
+
 } // namespace
+
+std::optional<Obstacle> obstacle(const Business& business)
+{
+    const std::string currency = upperCasedASCII(business.currencyCode);
+    if (currency == "INR") {
+        const std::string_view payeeID = trimmed(business.upiID);
+        return payeeID.empty()                    ? std::optional(Obstacle::noUPI)
+               : !Validation::isValidUPI(payeeID) ? std::optional(Obstacle::wrongUPI)
+                                                  : std::nullopt;
+    }
+    if (currency != "EUR") {
+        return Obstacle::otherCurrency;
+    }
+    if (trimmed(business.iban).empty()) {
+        return Obstacle::noIBAN;
+    }
+    if (!Validation::isValidIBAN(business.iban)) {
+        return Obstacle::wrongIBAN;
+    }
+    return oneLine(payee(business), longestName).empty() ? std::optional(Obstacle::noName) : std::nullopt;
+}
 
 std::optional<std::string> payload(Context& context,
                                    const Document& document,
@@ -118,23 +145,22 @@ std::optional<std::string> payload(Context& context,
         return std::nullopt;
     }
     const Money amount(amountMinorUnits ? *amountMinorUnits : amountDueMinorUnits(context, document), currency);
-    const std::string_view payee = business.accountHolder.empty() ? business.name : business.accountHolder;
-    return currency == "EUR" ? epcPayload(payee, business.iban, business.bic, amount, document.number)
-                             : upiPayload(business.upiID, payee, amount, document.number);
+    return currency == "EUR" ? epcPayload(payee(business), business.iban, business.bic, amount, document.number)
+                             : upiPayload(business.upiID, payee(business), amount, document.number);
 }
 
 std::optional<std::string> epcPayload(
     std::string_view name, std::string_view iban, std::string_view bic, const Money& amount, std::string_view reference)
 {
-    const std::string payee = oneLine(name, longestName);
+    const std::string holder = oneLine(name, longestName);
     const bool isPayable = amount.minorUnits() > 0 && amount.minorUnits() < amountLimit;
-    if (amount.currencyCode() != "EUR" || !isPayable || !Validation::isValidIBAN(iban) || payee.empty()) {
+    if (amount.currencyCode() != "EUR" || !isPayable || !Validation::isValidIBAN(iban) || holder.empty()) {
         return std::nullopt;
     }
     // Service tag, version, character set (UTF-8), credit transfer; at the end no purpose and no structured reference.
     return fmt::format("BCD\n002\n1\nSCT\n{}\n{}\n{}\nEUR{}\n\n\n{}",
                        Validation::isValidBIC(bic) ? Validation::compactIBAN(bic) : std::string(),
-                       payee,
+                       holder,
                        Validation::compactIBAN(iban),
                        decimalText(amount),
                        oneLine(reference, longestReference));

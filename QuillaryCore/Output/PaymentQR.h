@@ -25,6 +25,19 @@ namespace PaymentQR {
                                                  const Business& business,
                                                  std::optional<std::int64_t> amountMinorUnits = std::nullopt);
 
+/// What the business has to mend before its invoices can carry a code.
+enum class Obstacle {
+    otherCurrency, ///< its own is neither the euro nor the rupee
+    noName,
+    noIBAN,
+    wrongIBAN, ///< fails its check
+    noUPI,
+    wrongUPI, ///< isn't of the form name@bank
+};
+
+/// Why no invoice in the business's own currency gets a code, whatever it asks for. No value: nothing is in the way.
+[[nodiscard]] std::optional<Obstacle> obstacle(const Business& business);
+
 /// A SEPA credit transfer. No value: another currency than the euro, an amount that is not between 0.01 and
 /// 999,999,999.99, an IBAN that fails its check, an empty name. A BIC that fails its check is left out; line breaks
 /// inside a text become spaces, since each line has a meaning. Source: EPC069-12, version 002.

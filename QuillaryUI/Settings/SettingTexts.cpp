@@ -153,9 +153,7 @@ QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
          businessFields(locale)},
         {QStringLiteral("bank"),
          Words::tr("Bank & QR"),
-         Words::tr(
-             "Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code "
-             "that the client's banking app reads."),
+         Words::tr("Where the money goes. It is printed on your invoices."),
          bankFields()},
         {QStringLiteral("numbering"),
          Words::tr("Numbering"),

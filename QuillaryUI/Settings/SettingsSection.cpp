@@ -15,6 +15,7 @@
 #include "QuillaryUI/Settings/LogoRow.h"
 #include "QuillaryUI/Settings/LookPage.h"
 #include "QuillaryUI/Settings/NumberingForm.h"
+#include "QuillaryUI/Settings/PaymentCodeHint.h"
 #include "QuillaryUI/Settings/ProgramPage.h"
 #include "QuillaryUI/Settings/SettingTexts.h"
 
@@ -236,7 +237,7 @@ void SettingsSection::refresh()
     m_logo->refresh();
 }
 
-/// What another setting makes meaningless is not asked for.
+/// What another setting makes meaningless is not asked for, and what follows from several is told.
 void SettingsSection::showWhatCounts()
 {
     const auto value = [this](const char* name) {
@@ -251,6 +252,8 @@ void SettingsSection::showWhatCounts()
         form->setShown(QStringLiteral("late_fee_from_level"), lateFee != QLatin1String("none"));
         form->setShown(QStringLiteral("custom_tax_label"), isOwnLabel);
         form->setShown(QStringLiteral("tax_exempt_note"), isExempt);
+        form->setNote(QStringLiteral("show_payment_qr_code"), PaymentCodeHint::about(m_library.business()));
+        form->setNote(QStringLiteral("upi_id"), PaymentCodeHint::aboutUPI());
     }
 }
 

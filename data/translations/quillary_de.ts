@@ -1963,6 +1963,45 @@
     </message>
 </context>
 <context>
+    <name>PaymentCodeHint</name>
+    <message>
+        <source>Your invoices are usually in %1: they don&apos;t get one.</source>
+        <translation>Rechnungen sind hier meist in %1: Sie bekommen keinen.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t printed yet: the account holder and the name of your business are missing.</source>
+        <translation>Er wird noch nicht gedruckt: Der Kontoinhaber und der Name des Unternehmens fehlen.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t printed yet: your IBAN is missing.</source>
+        <translation>Er wird noch nicht gedruckt: Die eigene IBAN fehlt.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t printed: your IBAN is wrong, its check digits or its length.</source>
+        <translation>Er wird nicht gedruckt: An der eigenen IBAN stimmen die Prüfziffern oder die Länge nicht.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t printed yet: your UPI ID is missing.</source>
+        <translation>Er wird noch nicht gedruckt: Die eigene UPI-ID fehlt.</translation>
+    </message>
+    <message>
+        <source>It isn&apos;t printed: your UPI ID is wrong.</source>
+        <translation>Er wird nicht gedruckt: Die eigene UPI-ID stimmt nicht.</translation>
+    </message>
+    <message>
+        <source>The QR code appears on invoices in euros (with your IBAN) and rupees (with your UPI ID); banking apps fill in the payment from it.</source>
+        <translation>Der QR-Code steht auf Rechnungen in Euro (mit der eigenen IBAN) und Rupien (mit der eigenen UPI-ID); Banking-Apps füllen daraus die Zahlung aus.</translation>
+    </message>
+    <message>
+        <source>For invoices in Indian rupees, so clients can pay by scanning a QR code.</source>
+        <translation>Für Rechnungen in indischen Rupien: Kunden bezahlen, indem sie einen QR-Code scannen.</translation>
+    </message>
+    <message>
+        <source>A UPI ID looks like name@bank.</source>
+        <translation>Eine UPI-ID sieht aus wie name@bank.</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>Move Line</source>
@@ -2660,6 +2699,105 @@
     </message>
 </context>
 <context>
+    <name>Quillary::DocumentCommands</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Record Payment…</source>
+        <translation>Zahlung erfassen…</translation>
+    </message>
+    <message>
+        <source>Send Reminder…</source>
+        <translation>Mahnen…</translation>
+    </message>
+    <message>
+        <source>Email…</source>
+        <translation>E-Mail…</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF speichern</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken…</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>New Invoice Like the Client&apos;s Last</source>
+        <translation>Neue Rechnung wie die letzte des Kunden</translation>
+    </message>
+    <message>
+        <source>Make Invoice</source>
+        <translation>Rechnung erstellen</translation>
+    </message>
+    <message>
+        <source>Make Credit Note</source>
+        <translation>Gutschrift erstellen</translation>
+    </message>
+    <message>
+        <source>Make Recurring…</source>
+        <translation>Wiederkehrend machen…</translation>
+    </message>
+    <message>
+        <source>Delete Draft…</source>
+        <translation>Entwurf löschen…</translation>
+    </message>
+    <message>
+        <source>A copy was made as a draft.</source>
+        <translation>Eine Kopie wurde als Entwurf angelegt.</translation>
+    </message>
+    <message>
+        <source>A draft invoice was made from the quote.</source>
+        <translation>Aus dem Angebot wurde ein Rechnungsentwurf erstellt.</translation>
+    </message>
+    <message>
+        <source>A draft credit note was made for all that is left of the invoice.</source>
+        <translation>Über alles, was von der Rechnung noch übrig ist, wurde ein Gutschriftentwurf erstellt.</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>A draft like the client&apos;s last invoice was made.</source>
+        <translation>Ein Entwurf wie die letzte Rechnung des Kunden wurde erstellt.</translation>
+    </message>
+    <message>
+        <source>The recurring invoice was made.</source>
+        <translation>Die wiederkehrende Rechnung wurde angelegt.</translation>
+    </message>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+    <message>
+        <source>Delete Draft</source>
+        <translation>Entwurf löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1?</source>
+        <translation>%1 löschen?</translation>
+    </message>
+    <message>
+        <source>Time that it billed becomes free again. Undo brings it back.</source>
+        <translation>Darin abgerechnete Zeit wird wieder frei. „Rückgängig“ holt den Entwurf zurück.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%1 was deleted.</source>
+        <translation>%1 wurde gelöscht.</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::DocumentFilterBar</name>
     <message>
         <source>Any time</source>
@@ -2818,6 +2956,33 @@
     </message>
 </context>
 <context>
+    <name>Quillary::DocumentHead</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More actions</source>
+        <translation>Weitere Aktionen</translation>
+    </message>
+    <message>
+        <source>This document has been sent, so it stays as it is. To correct it, take it back to draft under More ▸ Status, or credit it.</source>
+        <translation>Dieser Beleg ist verschickt und bleibt deshalb, wie er ist. Zum Korrigieren unter Mehr ▸ Status wieder zum Entwurf machen oder eine Gutschrift dazu erstellen.</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::DocumentListModel</name>
     <message>
         <source>No number</source>
@@ -2865,150 +3030,17 @@
     </message>
 </context>
 <context>
-    <name>Quillary::DocumentPane</name>
-    <message>
-        <source>Status</source>
-        <translation>Status</translation>
-    </message>
-    <message>
-        <source>Choose a document to see its page.</source>
-        <translation>Links einen Beleg wählen, um seine Seite zu sehen.</translation>
-    </message>
-    <message>
-        <source>Record Payment…</source>
-        <translation>Zahlung erfassen…</translation>
-    </message>
-    <message>
-        <source>Send Reminder…</source>
-        <translation>Mahnen…</translation>
-    </message>
-    <message>
-        <source>Email…</source>
-        <translation>E-Mail…</translation>
-    </message>
-    <message>
-        <source>Save as PDF</source>
-        <translation>Als PDF speichern</translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation>Duplizieren</translation>
-    </message>
-    <message>
-        <source>Make Invoice</source>
-        <translation>Rechnung erstellen</translation>
-    </message>
-    <message>
-        <source>Make Credit Note</source>
-        <translation>Gutschrift erstellen</translation>
-    </message>
-    <message>
-        <source>Delete Draft…</source>
-        <translation>Entwurf löschen…</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
-        <source>More actions</source>
-        <translation>Weitere Aktionen</translation>
-    </message>
-    <message>
-        <source>Done</source>
-        <translation>Fertig</translation>
-    </message>
-    <message>
-        <source>Edit</source>
-        <translation>Bearbeiten</translation>
-    </message>
-    <message>
-        <source>%1 · %2</source>
-        <translation>%1 · %2</translation>
-    </message>
-    <message>
-        <source>This document has been sent, so it stays as it is. To correct it, take it back to draft under More ▸ Status, or credit it.</source>
-        <translation>Dieser Beleg ist verschickt und bleibt deshalb, wie er ist. Zum Korrigieren unter Mehr ▸ Status wieder zum Entwurf machen oder eine Gutschrift dazu erstellen.</translation>
-    </message>
-    <message>
-        <source>A copy was made as a draft.</source>
-        <translation>Eine Kopie wurde als Entwurf angelegt.</translation>
-    </message>
-    <message>
-        <source>A draft invoice was made from the quote.</source>
-        <translation>Aus dem Angebot wurde ein Rechnungsentwurf erstellt.</translation>
-    </message>
-    <message>
-        <source>A draft credit note was made for all that is left of the invoice.</source>
-        <translation>Über alles, was von der Rechnung noch übrig ist, wurde ein Gutschriftentwurf erstellt.</translation>
-    </message>
-    <message>
-        <source>Change Document</source>
-        <translation>Beleg ändern</translation>
-    </message>
+    <name>Quillary::DocumentOutput</name>
     <message>
         <source>Saved as %1</source>
         <translation>Gespeichert als %1</translation>
     </message>
+</context>
+<context>
+    <name>Quillary::DocumentPane</name>
     <message>
-        <source>Delete Draft</source>
-        <translation>Entwurf löschen</translation>
-    </message>
-    <message>
-        <source>Delete %1?</source>
-        <translation>%1 löschen?</translation>
-    </message>
-    <message>
-        <source>Time that it billed becomes free again. Undo brings it back.</source>
-        <translation>Darin abgerechnete Zeit wird wieder frei. „Rückgängig“ holt den Entwurf zurück.</translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>%1 was deleted.</source>
-        <translation>%1 wurde gelöscht.</translation>
-    </message>
-    <message>
-        <source>Print…</source>
-        <translation>Drucken…</translation>
-    </message>
-    <message>
-        <source>New Invoice Like the Client&apos;s Last</source>
-        <translation>Neue Rechnung wie die letzte des Kunden</translation>
-    </message>
-    <message>
-        <source>Make Recurring…</source>
-        <translation>Wiederkehrend machen…</translation>
-    </message>
-    <message>
-        <source>%1 (%2)</source>
-        <translation>%1 (%2)</translation>
-    </message>
-    <message>
-        <source>Credits %1</source>
-        <translation>Gutschrift zu %1</translation>
-    </message>
-    <message>
-        <source>From %1</source>
-        <translation>Aus %1</translation>
-    </message>
-    <message>
-        <source>Led to %1</source>
-        <translation>Daraus entstanden: %1</translation>
-    </message>
-    <message>
-        <source>New Invoice</source>
-        <translation>Neue Rechnung</translation>
-    </message>
-    <message>
-        <source>A draft like the client&apos;s last invoice was made.</source>
-        <translation>Ein Entwurf wie die letzte Rechnung des Kunden wurde erstellt.</translation>
-    </message>
-    <message>
-        <source>The recurring invoice was made.</source>
-        <translation>Die wiederkehrende Rechnung wurde angelegt.</translation>
+        <source>Choose a document to see its page.</source>
+        <translation>Links einen Beleg wählen, um seine Seite zu sehen.</translation>
     </message>
 </context>
 <context>
@@ -3090,50 +3122,22 @@
     </message>
 </context>
 <context>
-    <name>Quillary::DraftEditor</name>
+    <name>Quillary::DraftCharges</name>
     <message>
-        <source>Lines</source>
-        <translation>Positionen</translation>
+        <source>Discount</source>
+        <translation>Rabatt</translation>
     </message>
     <message>
-        <source>Client</source>
-        <translation>Kunde</translation>
-    </message>
-    <message>
-        <source>Date</source>
-        <translation>Datum</translation>
-    </message>
-    <message>
-        <source> days</source>
-        <translation> Tagen</translation>
-    </message>
-    <message>
-        <source>To be paid within</source>
-        <translation>Zahlbar in</translation>
-    </message>
-    <message>
-        <source>A date, or from – to</source>
-        <translation>Ein Datum oder von – bis</translation>
-    </message>
-    <message>
-        <source>Delivered or done</source>
-        <translation>Geliefert oder geleistet</translation>
-    </message>
-    <message>
-        <source>Title</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Introduction</source>
-        <translation>Einleitung</translation>
+        <source>Write a discount as a percentage from 0% to 100%, or as an amount such as 50.00.</source>
+        <translation>Einen Rabatt als Prozentsatz von 0 % bis 100 % oder als Betrag wie 50,00 eingeben.</translation>
     </message>
     <message>
         <source>10% or an amount</source>
         <translation>10 % oder ein Betrag</translation>
     </message>
     <message>
-        <source>Discount</source>
-        <translation>Rabatt</translation>
+        <source>Fees</source>
+        <translation>Gebühren</translation>
     </message>
     <message>
         <source>Taxed</source>
@@ -3160,61 +3164,77 @@
         <translation>Grund der Befreiung</translation>
     </message>
     <message>
-        <source>Closing text</source>
-        <translation>Schlusstext</translation>
-    </message>
-    <message>
-        <source>Language</source>
-        <translation>Sprache</translation>
-    </message>
-    <message>
-        <source>Currency</source>
-        <translation>Währung</translation>
-    </message>
-    <message>
-        <source>Net %1</source>
-        <translation>Netto %1</translation>
-    </message>
-    <message>
-        <source> &amp;nbsp;·&amp;nbsp; Tax %1 %2</source>
-        <translation> &amp;nbsp;·&amp;nbsp; Steuer %1 %2</translation>
-    </message>
-    <message>
-        <source> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Total %1&lt;/b&gt;</source>
-        <translation> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Gesamt %1&lt;/b&gt;</translation>
-    </message>
-    <message>
-        <source>Change Document</source>
-        <translation>Beleg ändern</translation>
-    </message>
-    <message>
         <source>Change Tax</source>
         <translation>Steuer ändern</translation>
     </message>
+</context>
+<context>
+    <name>Quillary::DraftDates</name>
     <message>
-        <source>Write a date such as %1, or two with a dash between them.</source>
-        <translation>Ein Datum wie %1 eingeben oder zwei mit einem Strich dazwischen.</translation>
+        <source>Date</source>
+        <translation>Datum</translation>
     </message>
     <message>
         <source>Valid until</source>
         <translation>Gültig bis</translation>
     </message>
     <message>
-        <source>Copy the lines of the last invoice</source>
-        <translation>Positionen der letzten Rechnung übernehmen</translation>
+        <source> days</source>
+        <translation> Tagen</translation>
     </message>
     <message>
-        <source>Copy Lines</source>
-        <translation>Positionen übernehmen</translation>
+        <source>To be paid within</source>
+        <translation>Zahlbar in</translation>
     </message>
     <message>
-        <source>Write a discount as a percentage from 0% to 100%, or as an amount such as 50.00.</source>
-        <translation>Einen Rabatt als Prozentsatz von 0 % bis 100 % oder als Betrag wie 50,00 eingeben.</translation>
+        <source>Delivered or done</source>
+        <translation>Geliefert oder geleistet</translation>
     </message>
     <message>
-        <source>Fees</source>
-        <translation>Gebühren</translation>
+        <source>Write a date such as %1, or two with a dash between them.</source>
+        <translation>Ein Datum wie %1 eingeben oder zwei mit einem Strich dazwischen.</translation>
     </message>
+    <message>
+        <source>A date, or from – to</source>
+        <translation>Ein Datum oder von – bis</translation>
+    </message>
+    <message>
+        <source>Due on %1</source>
+        <translation>Fällig am %1</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DraftEditor</name>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Introduction</source>
+        <translation>Einleitung</translation>
+    </message>
+    <message>
+        <source>Closing text</source>
+        <translation>Schlusstext</translation>
+    </message>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DraftFields</name>
+    <message>
+        <source>Change Document</source>
+        <translation>Beleg ändern</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::DraftFiling</name>
     <message>
         <source>Project, tags, language and currency</source>
         <translation>Projekt, Schlagwörter, Sprache und Währung</translation>
@@ -3236,19 +3256,20 @@
         <translation>Schlagwörter</translation>
     </message>
     <message>
-        <source>A currency has three letters, such as EUR.</source>
-        <translation>Eine Währung hat drei Buchstaben, zum Beispiel EUR.</translation>
-    </message>
-    <message>
-        <source>Due on %1</source>
-        <translation>Fällig am %1</translation>
-    </message>
-</context>
-<context>
-    <name>Quillary::DraftFields</name>
-    <message>
         <source>Change Document</source>
         <translation>Beleg ändern</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>A currency has three letters, such as EUR.</source>
+        <translation>Eine Währung hat drei Buchstaben, zum Beispiel EUR.</translation>
     </message>
 </context>
 <context>
@@ -3752,6 +3773,33 @@
     <message>
         <source>Drag the number to move the line.</source>
         <translation>An der Nummer ziehen, um die Position zu verschieben.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::LinesPanel</name>
+    <message>
+        <source>Copy the lines of the last invoice</source>
+        <translation>Positionen der letzten Rechnung übernehmen</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Copy Lines</source>
+        <translation>Positionen übernehmen</translation>
+    </message>
+    <message>
+        <source>Net %1</source>
+        <translation>Netto %1</translation>
+    </message>
+    <message>
+        <source> &amp;nbsp;·&amp;nbsp; Tax %1 %2</source>
+        <translation> &amp;nbsp;·&amp;nbsp; Steuer %1 %2</translation>
+    </message>
+    <message>
+        <source> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Total %1&lt;/b&gt;</source>
+        <translation> &amp;nbsp;·&amp;nbsp; &lt;b&gt;Gesamt %1&lt;/b&gt;</translation>
     </message>
 </context>
 <context>
@@ -4412,6 +4460,25 @@
     <message>
         <source>No recurring invoices yet. What you bill again and again can be made by itself.</source>
         <translation>Noch keine wiederkehrenden Rechnungen. Was immer wieder abgerechnet wird, kann von selbst entstehen.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RelatedDocuments</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Credits %1</source>
+        <translation>Gutschrift zu %1</translation>
+    </message>
+    <message>
+        <source>From %1</source>
+        <translation>Aus %1</translation>
+    </message>
+    <message>
+        <source>Led to %1</source>
+        <translation>Daraus entstanden: %1</translation>
     </message>
 </context>
 <context>
@@ -5795,10 +5862,6 @@
         <translation>Bank &amp; QR</translation>
     </message>
     <message>
-        <source>Where the money goes. With an IBAN, a UPI ID or the details of your country an invoice can carry a code that the client&apos;s banking app reads.</source>
-        <translation>Wohin das Geld geht. Mit einer IBAN, einer UPI-ID oder den Angaben des eigenen Landes kann eine Rechnung einen Code tragen, den die Banking-App des Kunden liest.</translation>
-    </message>
-    <message>
         <source>Numbering</source>
         <translation>Nummern</translation>
     </message>
@@ -5909,6 +5972,10 @@
     <message>
         <source>How numbers and file names are made. {yyyy}, {yy}, {mm}, {dd} and {q} stand for the date, {###} for the counter with as many digits; {###,y}, {###,q}, {###,m} and {###,d} begin anew with each year, quarter, month and day.</source>
         <translation>Wie Nummern und Dateinamen gebildet werden. {yyyy}, {yy}, {mm}, {dd} und {q} stehen für das Datum, {###} für den Zähler mit ebenso vielen Stellen; {###,y}, {###,q}, {###,m} und {###,d} beginnen mit jedem Jahr, Quartal, Monat und Tag neu.</translation>
+    </message>
+    <message>
+        <source>Where the money goes. It is printed on your invoices.</source>
+        <translation>Wohin das Geld geht. Es steht auf den Rechnungen.</translation>
     </message>
 </context>
 <context>

@@ -1,9 +1,11 @@
 #include "QuillaryCore/Output/PaymentQR.h"
 
+#include "QuillaryCore/Model/Business.h"
 #include "tests/Support/QRReader.h"
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 
 namespace Quillary {
@@ -64,6 +66,46 @@ TEST(PaymentQRTest, writesNoCreditTransferThatABankWouldRefuse)
     for (const auto& [name, account, amount, isPayable] : cases) {
         EXPECT_EQ(PaymentQR::epcPayload(name, account, "", amount, "1").has_value(), isPayable)
             << name << " " << account << " " << amount.minorUnits();
+    }
+}
+
+/// What the settings tell and what invoices carry never part: without an obstacle a payable amount has its code.
+TEST(PaymentQRTest, namesWhatIsInTheWay)
+{
+    using enum PaymentQR::Obstacle;
+    struct Case
+    {
+        const char* holder;
+        const char* name;
+        std::string_view iban;
+        const char* upiID;
+        const char* currency;
+        std::optional<PaymentQR::Obstacle> obstacle;
+    };
+    const Case cases[] = {
+        {"", "Ada", iban, "", "EUR", std::nullopt},
+        {"Ada", "", iban, "", "eur", std::nullopt},
+        {"", " \n", iban, "", "EUR", noName},
+        {"", "Ada", " ", "", "EUR", noIBAN},
+        {"", "Ada", "DE89370400440532013001", "", "EUR", wrongIBAN},
+        {"", "Ada", "", "ada@bank", "INR", std::nullopt},
+        {"", "Ada", iban, "", "INR", noUPI},
+        {"", "Ada", iban, "ada", "INR", wrongUPI},
+        {"", "Ada", iban, "ada@bank", "GBP", otherCurrency},
+    };
+    for (const auto& [holder, name, account, upiID, currency, obstacle] : cases) {
+        Business business;
+        business.accountHolder = holder;
+        business.name = name;
+        business.iban = account;
+        business.upiID = upiID;
+        business.currencyCode = currency;
+        EXPECT_EQ(PaymentQR::obstacle(business), obstacle) << account << upiID << currency;
+        const std::string& payee = business.accountHolder.empty() ? business.name : business.accountHolder;
+        const bool isCode = business.currencyCode == "INR"
+                                ? PaymentQR::upiPayload(upiID, payee, Money(100, "INR"), "1").has_value()
+                                : PaymentQR::epcPayload(payee, account, "", Money(100, currency), "1").has_value();
+        EXPECT_EQ(isCode, !obstacle) << account << upiID << currency;
     }
 }
 

@@ -89,6 +89,24 @@ TEST_F(SettingsSectionTest, changesOneByOneAndTellsWhatFollows)
     EXPECT_EQ(exempt.isChecked(), wasExempt);
 }
 
+/// The sample's business pays in pounds.
+TEST_F(SettingsSectionTest, tellsWhyNoPaymentCodeIsPrinted)
+{
+    section.showPage("bank");
+    const auto hint = [this] {
+        return child<QLabel>(section, "note_show_payment_qr_code").text();
+    };
+    child<QCheckBox>(section, "field_show_payment_qr_code").setChecked(true);
+    settle();
+    EXPECT_TRUE(hint().endsWith("Your invoices are usually in GBP: they don't get one."));
+    library.context().edit(library.business()).currencyCode = "EUR";
+    type("field_iban", "");
+    EXPECT_TRUE(hint().endsWith("It isn't printed yet: your IBAN is missing."));
+    type("field_iban", "DE89 3704 0044 0532 0130 00");
+    EXPECT_TRUE(hint().endsWith("banking apps fill in the payment from it."));
+    EXPECT_TRUE(child<QLabel>(section, "note_upi_id").text().endsWith("A UPI ID looks like name@bank."));
+}
+
 TEST_F(SettingsSectionTest, keepsTheUsersOwnWordsForAnEmail)
 {
     const auto stored = [this](EmailKind kind) {
