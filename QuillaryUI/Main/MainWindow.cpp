@@ -256,6 +256,7 @@ void MainWindow::addTimer()
 {
     auto* timer = new RunningTimer(m_library, m_deck);
     m_deck->foot().addWidget(timer);
+    connect(timer, &RunningTimer::stopping, this, &MainWindow::flush);
     connect(timer, &RunningTimer::told, this, &MainWindow::tell);
     connect(timer, &RunningTimer::failed, this, &MainWindow::warn);
     connect(timer, &RunningTimer::wantedTime, this, [this] { showSection(QStringLiteral("time")); });

@@ -4,10 +4,9 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Model/TimeEntry.h"
-#include "QuillaryCore/Schedules/TimeInvoicing.h"
-#include "QuillaryCore/Schedules/TimeMath.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Schedules/TimerControl.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -16,7 +15,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <chrono>
 
 namespace Quillary {
@@ -106,26 +104,19 @@ void RunningTimer::reload()
 
 void RunningTimer::tick()
 {
-    if (!m_library.isOpen() || isHidden()) {
-        return;
+    if (m_library.isOpen() && !isHidden()) {
+        m_clock->setText(TimerControl::clockText(m_library));
     }
-    const auto running = TimeTracking::running(m_library.context());
-    const std::int64_t seconds = running.empty() ? 0 : TimeInvoicing::duration(*running.front(), m_library.now());
-    m_clock->setText(text(TimeMath::clock(std::max<std::int64_t>(seconds, 0))));
 }
 
 void RunningTimer::stop()
 {
-    std::int64_t seconds = 0;
-    const auto refusal = m_library.perform(tr("Stop Timer"), [&] {
-        for (const TimeEntry* entry : TimeTracking::stop(m_library.context(), m_library.now())) {
-            seconds = std::max(seconds, TimeInvoicing::duration(*entry, m_library.now()));
-        }
-    });
-    if (refusal) {
-        Q_EMIT failed(*refusal);
+    Q_EMIT stopping();
+    const TimerControl::Outcome outcome = TimerControl::stop(m_library);
+    if (outcome.isRefused) {
+        Q_EMIT failed(outcome.sentence);
     } else {
-        Q_EMIT told(tr("%1 hours were recorded.").arg(text(TimeMath::hoursAndMinutes(seconds))));
+        Q_EMIT told(outcome.sentence);
     }
 }
 

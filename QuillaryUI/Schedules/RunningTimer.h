@@ -22,6 +22,8 @@ public:
 Q_SIGNALS:
     void told(const QString& sentence);
     void failed(const QString& sentence);
+    /// What is being typed about the work elsewhere is to be saved now: afterwards it would be nobody's.
+    void stopping();
     /// Where the entry can be changed.
     void wantedTime();
 

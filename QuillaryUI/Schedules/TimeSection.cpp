@@ -142,6 +142,11 @@ void TimeSection::fitPeriod()
                           : std::nullopt);
 }
 
+void TimeSection::flush()
+{
+    m_timer->describe();
+}
+
 void TimeSection::refreshDay()
 {
     fitPeriod();

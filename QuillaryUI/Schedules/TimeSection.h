@@ -27,6 +27,7 @@ public:
     /// Asks for an entry.
     void makeNew() override;
     void refreshDay() override;
+    void flush() override;
 
 private:
     void build();

@@ -3,12 +3,11 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Model/TimeEntry.h"
-#include "QuillaryCore/Schedules/TimeInvoicing.h"
-#include "QuillaryCore/Schedules/TimeMath.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
 #include "QuillaryUI/Library/ProjectBox.h"
+#include "QuillaryUI/Schedules/TimerControl.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -16,7 +15,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include <algorithm>
 #include <chrono>
 
 namespace Quillary {
@@ -55,7 +53,10 @@ TimerBar::TimerBar(LibraryAccess& library, QWidget* parent)
     });
     connect(m_project, &QComboBox::activated, this, &TimerBar::describe);
     connect(&library, &LibraryAccess::opened, this, &TimerBar::reload);
-    connect(&library, &LibraryAccess::closing, this, [this] { m_second.stop(); });
+    connect(&library, &LibraryAccess::closing, this, [this] {
+        describe();
+        m_second.stop();
+    });
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (!changes.of<TimeEntry>().isEmpty()) {
             reload();
@@ -120,19 +121,13 @@ void TimerBar::reload()
 
 void TimerBar::tick()
 {
-    std::int64_t seconds = 0;
-    if (m_isRunning && m_library.isOpen()) {
-        const auto running = TimeTracking::running(m_library.context());
-        seconds = running.empty() ? 0 : TimeInvoicing::duration(*running.front(), m_library.now());
-    }
-    m_clock->setText(text(TimeMath::clock(std::max<std::int64_t>(seconds, 0))));
+    m_clock->setText(TimerControl::clockText(m_library));
     m_clock->setForegroundRole(m_isRunning ? QPalette::WindowText : QPalette::PlaceholderText);
 }
 
 void TimerBar::startOrStop()
 {
     if (m_isRunning) {
-        describe();
         stop();
     } else {
         start();
@@ -153,16 +148,12 @@ void TimerBar::start()
 
 void TimerBar::stop()
 {
-    std::int64_t seconds = 0;
-    const auto refusal = m_library.perform(tr("Stop Timer"), [&] {
-        for (const TimeEntry* entry : TimeTracking::stop(m_library.context(), m_library.now())) {
-            seconds = std::max(seconds, TimeInvoicing::duration(*entry, m_library.now()));
-        }
-    });
-    if (refusal) {
-        Q_EMIT failed(*refusal);
+    describe();
+    const TimerControl::Outcome outcome = TimerControl::stop(m_library);
+    if (outcome.isRefused) {
+        Q_EMIT failed(outcome.sentence);
     } else {
-        Q_EMIT told(tr("%1 hours were recorded.").arg(text(TimeMath::hoursAndMinutes(seconds))));
+        Q_EMIT told(outcome.sentence);
     }
 }
 

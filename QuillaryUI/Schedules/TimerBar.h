@@ -23,6 +23,9 @@ class TimerBar : public QWidget
 public:
     explicit TimerBar(LibraryAccess& library, QWidget* parent = nullptr);
 
+    /// Writes what is typed about the timer that runs.
+    void describe();
+
 Q_SIGNALS:
     void told(const QString& sentence);
     void failed(const QString& sentence);
@@ -34,8 +37,6 @@ private:
     void startOrStop();
     void start();
     void stop();
-    /// Writes what is typed about the timer that runs.
-    void describe();
 
     LibraryAccess& m_library;
     QTimer m_second;

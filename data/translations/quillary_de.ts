@@ -4765,14 +4765,6 @@
         <source>Stop the timer</source>
         <translation>Stoppuhr anhalten</translation>
     </message>
-    <message>
-        <source>Stop Timer</source>
-        <translation>Stoppuhr anhalten</translation>
-    </message>
-    <message>
-        <source>%1 hours were recorded.</source>
-        <translation>%1 Stunden wurden erfasst.</translation>
-    </message>
 </context>
 <context>
     <name>Quillary::SavedViewsButton</name>
@@ -5337,14 +5329,6 @@
     <message>
         <source>Start Timer</source>
         <translation>Stoppuhr starten</translation>
-    </message>
-    <message>
-        <source>Stop Timer</source>
-        <translation>Stoppuhr anhalten</translation>
-    </message>
-    <message>
-        <source>%1 hours were recorded.</source>
-        <translation>%1 Stunden wurden erfasst.</translation>
     </message>
     <message>
         <source>Change Timer</source>
@@ -6030,6 +6014,17 @@
     <message>
         <source>Not billable</source>
         <translation>Nicht abrechenbar</translation>
+    </message>
+</context>
+<context>
+    <name>TimerControl</name>
+    <message>
+        <source>Stop Timer</source>
+        <translation>Stoppuhr anhalten</translation>
+    </message>
+    <message>
+        <source>%1 hours were recorded.</source>
+        <translation>%1 Stunden wurden erfasst.</translation>
     </message>
 </context>
 <context>

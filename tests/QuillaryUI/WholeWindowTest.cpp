@@ -1,6 +1,8 @@
 // Every page of the window as those meet it who don't see it, who have no mouse, or who read German.
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Translation.h"
@@ -17,9 +19,11 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSet>
 #include <QSplitter>
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -94,6 +98,22 @@ protected:
     WindowLibrary data;
     std::unique_ptr<MainWindow> window;
 };
+
+/// The button in the sidebar takes no keyboard: what is being typed about the work has not been saved by leaving it.
+TEST_F(WholeWindowTest, stopsTheTimerWithTheNoteThatIsBeingTyped)
+{
+    open("en_US");
+    window->showSection(QStringLiteral("time"));
+    child<QPushButton>(*window, "timerButton").click();
+    WindowLibrary::settle();
+    auto& note = child<QLineEdit>(*window, "timerNote");
+    note.setFocus();
+    QTest::keyClicks(&note, QStringLiteral("Proofs"));
+    QTest::mouseClick(&child<QToolButton>(*window, "stopTimer"), Qt::LeftButton);
+    const auto* entry = data.library.context().first<TimeEntry>("");
+    ASSERT_TRUE(entry != nullptr && entry->end);
+    EXPECT_EQ(entry->note, "Proofs");
+}
 
 TEST_F(WholeWindowTest, tellsWhatEachControlIs)
 {
