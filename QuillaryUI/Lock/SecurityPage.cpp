@@ -64,7 +64,9 @@ SecurityPage::SecurityPage(const std::filesystem::path& file, std::function<Inst
     connect(m_again, &QLineEdit::returnPressed, m_set, &QPushButton::click);
     connect(m_remove, &QPushButton::clicked, this, &SecurityPage::remove);
     connect(m_idle, &QComboBox::activated, this, [this] {
-        attempt([this] { m_file->setIdleMinutes(m_idle->currentData().toInt()); }, {});
+        // A passphrase that is being typed stays; and what could not be written down is not shown as if it were.
+        attempt([this] { m_file->setIdleMinutes(m_idle->currentData().toInt()); });
+        showIdle();
     });
     setEnabled(!file.empty());
     refresh();
@@ -131,7 +133,6 @@ void SecurityPage::showEvent(QShowEvent* event)
 
 void SecurityPage::refresh()
 {
-    const LockSettings settings = m_file->current();
     const bool isSet = m_file->hasPassphrase();
     m_old->setVisible(isSet);
     m_oldLabel->setVisible(isSet);
@@ -141,21 +142,27 @@ void SecurityPage::refresh()
         field->clear();
     }
     m_idle->setEnabled(isSet);
-    m_idle->clear();
-    m_idle->addItem(idleText(0), 0);
-    for (const int minutes : idleChoices) {
-        m_idle->addItem(idleText(minutes), minutes);
-    }
-    if (m_idle->findData(settings.idleMinutes) < 0) {
-        m_idle->addItem(idleText(settings.idleMinutes), settings.idleMinutes);
-    }
-    m_idle->setCurrentIndex(m_idle->findData(settings.idleMinutes));
+    showIdle();
     m_forgotten->setText(tr("A passphrase can't be read back. Who has forgotten it deletes the file %1 and presses "
                             "Unlock; the library stays as it is.")
                              .arg(text(m_file->path().string())));
     if (const auto problem = m_file->problem()) {
         tell(CoreText::sentence(*problem));
     }
+}
+
+void SecurityPage::showIdle()
+{
+    const int stored = m_file->current().idleMinutes;
+    m_idle->clear();
+    m_idle->addItem(idleText(0), 0);
+    for (const int minutes : idleChoices) {
+        m_idle->addItem(idleText(minutes), minutes);
+    }
+    if (m_idle->findData(stored) < 0) {
+        m_idle->addItem(idleText(stored), stored);
+    }
+    m_idle->setCurrentIndex(m_idle->findData(stored));
 }
 
 void SecurityPage::tell(const QString& sentence)
@@ -172,28 +179,30 @@ void SecurityPage::set()
         m_again->setFocus(Qt::OtherFocusReason);
         return;
     }
-    attempt([this] { m_file->setPassphrase(typed(*m_old), typed(*m_fresh), m_now()); },
-            tr("The passphrase is set. Ctrl+L locks."));
+    if (attempt([this] { m_file->setPassphrase(typed(*m_old), typed(*m_fresh), m_now()); })) {
+        refresh();
+        Q_EMIT told(tr("The passphrase is set. Ctrl+L locks."));
+    }
 }
 
 void SecurityPage::remove()
 {
-    attempt([this] { m_file->removePassphrase(typed(*m_old), m_now()); }, tr("There is no passphrase any more."));
+    if (attempt([this] { m_file->removePassphrase(typed(*m_old), m_now()); })) {
+        refresh();
+        Q_EMIT told(tr("There is no passphrase any more."));
+    }
 }
 
-void SecurityPage::attempt(const std::function<void()>& work, const QString& done)
+bool SecurityPage::attempt(const std::function<void()>& work)
 {
     try {
         work();
     } catch (const UserError& error) {
         tell(CoreText::sentence(error.message()));
-        return;
+        return false;
     }
     tell({});
-    refresh();
-    if (!done.isEmpty()) {
-        Q_EMIT told(done);
-    }
+    return true;
 }
 
 } // namespace Quillary

@@ -36,10 +36,12 @@ private:
     QLineEdit* addField(QFormLayout& form, const QString& name, const QString& label);
     void build();
     void refresh();
+    void showIdle();
     void tell(const QString& sentence);
     void set();
     void remove();
-    void attempt(const std::function<void()>& work, const QString& done);
+    /// False: it was refused, and the page says why.
+    bool attempt(const std::function<void()>& work);
 
     std::unique_ptr<LockFile> m_file;
     std::function<Instant()> m_now;

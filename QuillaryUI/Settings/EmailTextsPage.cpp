@@ -1,22 +1,17 @@
 #include "QuillaryUI/Settings/EmailTextsPage.h"
 
-#include "QuillaryCore/Billing/Reminders.h"
-#include "QuillaryCore/Documents/DocumentName.h"
 #include "QuillaryCore/Letters/EmailTemplates.h"
 #include "QuillaryCore/Model/Business.h"
-#include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Model/DocumentKind.h"
-#include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/EmailTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Look/Choices.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/FieldForm.h"
+#include "QuillaryUI/Settings/EmailPreview.h"
 #include "QuillaryUI/Settings/PlainTable.h"
 
 #include <QComboBox>
 #include <QEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -36,26 +31,9 @@ namespace {
 constexpr int gap = 8;
 constexpr int bodyHeight = 264;
 constexpr int placeholdersHeight = 256;
-constexpr int leastPreview = 264;
 
 const QString subjectField = QStringLiteral("email_subject");
 const QString bodyField = QStringLiteral("email_body");
-
-DocumentKind documentKind(EmailKind kind)
-{
-    switch (kind) {
-    case EmailKind::quote:
-        return DocumentKind::quote;
-    case EmailKind::creditNote:
-        return DocumentKind::creditNote;
-    case EmailKind::invoice:
-    case EmailKind::reminder:
-    case EmailKind::secondReminder:
-    case EmailKind::finalNotice:
-        break;
-    }
-    return DocumentKind::invoice;
-}
 
 QString kindText(EmailKind kind)
 {
@@ -73,9 +51,7 @@ EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     , m_restore(new QPushButton(tr("Return to the Built-In Text"), this))
     , m_form(new FieldForm([this](const QString& name, const QString& value) { return save(name, value); }, this))
     , m_placeholders(PlainTable::make({tr("Placeholder"), tr("What it stands for")}, 1, this))
-    , m_matter(new QComboBox(this))
-    , m_shownSubject(new QLabel(this))
-    , m_shownBody(new QLabel(this))
+    , m_preview(new EmailPreview(library, this))
 {
     setObjectName(QStringLiteral("emailTextsPage"));
     auto* texts = buildTexts();
@@ -90,7 +66,7 @@ EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     auto* columns = new QHBoxLayout;
     columns->setSpacing(3 * gap);
     columns->addLayout(left, 3);
-    columns->addWidget(buildPreview(), 2);
+    columns->addWidget(m_preview, 2);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->setSpacing(2 * gap);
@@ -102,6 +78,7 @@ EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     connect(m_subject, &QLineEdit::textChanged, this, &EmailTextsPage::preview);
     connect(m_body, &QPlainTextEdit::textChanged, this, &EmailTextsPage::preview);
     connect(m_form, &FieldForm::saved, this, &EmailTextsPage::refresh);
+    connect(m_preview, &EmailPreview::changed, this, &EmailTextsPage::preview);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (isVisible() && (!changes.of<EmailTemplate>().isEmpty() || !changes.of<Business>().isEmpty())) {
             refresh();
@@ -179,46 +156,6 @@ QWidget* EmailTextsPage::buildPlaceholders()
     return part;
 }
 
-QWidget* EmailTextsPage::buildPreview()
-{
-    auto* part = new QWidget(this);
-    m_matter->setObjectName(QStringLiteral("emailMatter"));
-    m_matter->setAccessibleName(tr("What the preview is filled with"));
-    m_matter->setFocusPolicy(Qt::StrongFocus);
-    m_matter->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    connect(m_matter, &QComboBox::activated, this, [this] {
-        readValues();
-        preview();
-    });
-    auto* sheet = new QFrame(part);
-    sheet->setObjectName(QStringLiteral("card"));
-    sheet->setStyleSheet(QStringLiteral("QFrame#card { background: palette(base); border: 1px solid palette(midlight);"
-                                        " border-radius: 8px; }"));
-    sheet->setMinimumHeight(leastPreview);
-    QFont bold = m_shownSubject->font();
-    bold.setBold(true);
-    m_shownSubject->setFont(bold);
-    m_shownSubject->setObjectName(QStringLiteral("emailShownSubject"));
-    m_shownBody->setObjectName(QStringLiteral("emailShownBody"));
-    auto* lines = new QVBoxLayout(sheet);
-    lines->setContentsMargins(2 * gap, 2 * gap, 2 * gap, 2 * gap);
-    lines->setSpacing(2 * gap);
-    for (QLabel* label : {m_shownSubject, m_shownBody}) {
-        label->setTextFormat(Qt::PlainText);
-        label->setWordWrap(true);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        lines->addWidget(label);
-    }
-    lines->addStretch();
-    auto* column = new QVBoxLayout(part);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(gap);
-    column->addWidget(m_matter);
-    column->addWidget(sheet);
-    column->addStretch();
-    return part;
-}
-
 EmailText EmailTextsPage::typed() const
 {
     return {utf8(m_subject->text()), utf8(m_body->toPlainText())};
@@ -254,7 +191,7 @@ void EmailTextsPage::choose()
         m_form->begin();
     }
     showPlaceholders();
-    fillMatters();
+    m_preview->begin(m_chosen.kind, m_chosen.language);
     refresh();
 }
 
@@ -270,6 +207,7 @@ void EmailTextsPage::refresh()
     m_origin->setText(isOwn ? tr("Your own text") : tr("Built-in text"));
     m_restore->setEnabled(isOwn);
     markOwn();
+    m_preview->readValues(); // the business's name is among them
     preview();
 }
 
@@ -292,69 +230,11 @@ void EmailTextsPage::showPlaceholders()
     PlainTable::fill(*m_placeholders, rows);
 }
 
-/// The newest document that such an email could go with. Null: there is none yet.
-const Document* EmailTextsPage::newest() const
-{
-    Context& context = m_library.context();
-    const auto kindRaw = static_cast<std::int16_t>(documentKind(m_chosen.kind));
-    const std::string languageCode(code(m_chosen.language));
-    if (!reminderLevel(m_chosen.kind)) {
-        return context.first<Document>(
-            "kindRaw = ? AND languageCode = ? ORDER BY issueDate DESC, id DESC", kindRaw, languageCode);
-    }
-    return context.first<Document>("kindRaw = ? AND statusRaw = ? AND languageCode = ? AND cachedTotalMinorUnits + "
-                                   "cachedLateFeesMinorUnits > cachedPaidMinorUnits ORDER BY issueDate DESC, id DESC",
-                                   kindRaw,
-                                   static_cast<std::int16_t>(DocumentStatus::sent),
-                                   languageCode);
-}
-
-void EmailTextsPage::fillMatters()
-{
-    const bool wasReal = m_matter->currentIndex() > 0;
-    m_matter->clear();
-    m_matter->addItem(tr("Shown with made-up values"), QVariant::fromValue<qint64>(0));
-    if (const Document* document = newest()) {
-        m_matter->addItem(tr("Shown with %1").arg(CoreText::sentence(documentName(*document))),
-                          QVariant::fromValue<qint64>(document->ref.key()));
-    }
-    m_matter->setCurrentIndex(wasReal ? m_matter->count() - 1 : 0);
-    readValues();
-}
-
-EmailDraft::Values EmailTextsPage::valuesOf(const Document& document) const
-{
-    Context& context = m_library.context();
-    const Business& business = m_library.business();
-    const Calendar& calendar = m_library.formats().calendar();
-    const Instant today = calendar.storedDay(calendar.date(m_library.now()));
-    EmailDraft::Matter matter{.document = document, .business = business, .recipientName = {}, .reminder = nullptr};
-    ReminderNotice notice{.details = {}, .date = today};
-    if (const auto level = reminderLevel(m_chosen.kind)) {
-        notice.details = reminderOfLevel(context, document, business, *level, today, calendar);
-        matter.reminder = &notice;
-    }
-    return EmailDraft::values(context, matter, m_library.now(), calendar);
-}
-
-void EmailTextsPage::readValues()
-{
-    m_samples = EmailDraft::sampleValues(
-        m_chosen.kind, m_chosen.language, m_library.business(), m_library.now(), m_library.formats().calendar());
-    const Document* document = m_library.context().find(Ref<Document>(m_matter->currentData().toLongLong()));
-    m_values = document == nullptr ? m_samples : valuesOf(*document);
-}
-
-/// As it would arrive, with every key; nothing is read from the library for it.
+/// As it would arrive.
 void EmailTextsPage::preview()
 {
-    const EmailText filled = EmailDraft::fill(typed(), m_values);
-    m_shownSubject->setText(text(filled.subject));
-    m_shownBody->setText(text(filled.body));
-    QStringList unknown;
-    for (const std::string& word : EmailDraft::unfilled(typed(), m_samples)) {
-        unknown.push_back(text(word));
-    }
+    m_preview->showText(typed());
+    const QStringList unknown = m_preview->unknown(typed());
     m_form->setNote(bodyField,
                     unknown.isEmpty() ? QString()
                                       : tr("This email has nothing to put in the place of %1: it stays as it is.")

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "QuillaryCore/Letters/EmailDraft.h"
 #include "QuillaryCore/Letters/EmailKind.h"
+#include "QuillaryCore/Letters/EmailText.h"
+#include "QuillaryCore/Model/DocumentLanguage.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
 
@@ -16,8 +17,8 @@ class QTableWidget;
 
 namespace Quillary {
 
+class EmailPreview;
 class FieldForm;
-struct Document;
 
 /// The words that emails begin with, for each kind and language: changed beside what a reader would see.
 class EmailTextsPage : public Section
@@ -37,20 +38,15 @@ private:
     QWidget* buildChoices();
     QWidget* buildTexts();
     QWidget* buildPlaceholders();
-    QWidget* buildPreview();
     void choose();
     void refresh();
     void markOwn();
     void showPlaceholders();
-    void fillMatters();
-    void readValues();
     void preview();
     void insertPlaceholder();
     void restore();
     [[nodiscard]] std::optional<QString> save(const QString& name, const QString& value);
     [[nodiscard]] EmailText typed() const;
-    [[nodiscard]] const Document* newest() const;
-    [[nodiscard]] EmailDraft::Values valuesOf(const Document& document) const;
 
     /// Whose words stand in the fields: what was typed is saved for these, also when others have just been chosen.
     struct Shown
@@ -72,11 +68,7 @@ private:
     QPlainTextEdit* m_body;
     bool m_isInSubject = false; ///< the keyboard was there last
     QTableWidget* m_placeholders;
-    QComboBox* m_matter; ///< what the preview is filled with
-    QLabel* m_shownSubject;
-    QLabel* m_shownBody;
-    EmailDraft::Values m_values;
-    EmailDraft::Values m_samples;
+    EmailPreview* m_preview;
 };
 
 } // namespace Quillary

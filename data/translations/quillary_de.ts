@@ -3308,6 +3308,21 @@
     </message>
 </context>
 <context>
+    <name>Quillary::EmailPreview</name>
+    <message>
+        <source>What the preview is filled with</source>
+        <translation>Womit die Vorschau gefüllt wird</translation>
+    </message>
+    <message>
+        <source>Shown with made-up values</source>
+        <translation>Mit erfundenen Werten</translation>
+    </message>
+    <message>
+        <source>Shown with %1</source>
+        <translation>Mit %1</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::EmailSheet</name>
     <message>
         <source>The email is open in your mail program. It goes out when you send it there.</source>
@@ -3413,10 +3428,6 @@
         <translation>Den gewählten Platzhalter einfügen</translation>
     </message>
     <message>
-        <source>What the preview is filled with</source>
-        <translation>Womit die Vorschau gefüllt wird</translation>
-    </message>
-    <message>
         <source>Your own text</source>
         <translation>Eigener Text</translation>
     </message>
@@ -3427,14 +3438,6 @@
     <message>
         <source>%1 (your own)</source>
         <translation>%1 (eigener)</translation>
-    </message>
-    <message>
-        <source>Shown with made-up values</source>
-        <translation>Mit erfundenen Werten</translation>
-    </message>
-    <message>
-        <source>Shown with %1</source>
-        <translation>Mit %1</translation>
     </message>
     <message>
         <source>This email has nothing to put in the place of %1: it stays as it is.</source>
