@@ -1,6 +1,7 @@
 #include "Quillary/Screenshots.h"
 
 #include "Quillary/PrintingHost.h"
+#include "Quillary/SampleHistory.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Assistant/Operations/ContactOperations.h"
 #include "QuillaryCore/Assistant/Operations/RecordFields.h"
@@ -208,6 +209,7 @@ int draw(const fs::path& folder, PrintingHost& host, const Locale& words)
     Translation::install(*QCoreApplication::instance(), words, locale);
     SampleLibrary samples(language);
     addTime(samples);
+    addHistory(samples);
     LibrarySearch search(samples.context());
     LibraryAccess library(host, Formats(locale, samples.calendar()));
     library.open({.context = samples.context(),

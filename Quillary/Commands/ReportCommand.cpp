@@ -25,7 +25,7 @@ using Kind = ReportOrder::Kind;
 void print(const FinishedReport& report, const Locale& locale)
 {
     const auto lastRow = report.hasTotal ? ReportText::LastRow::isTotal : ReportText::LastRow::isOneOfMany;
-    fmt::print("{}\n\n{}", report.title, ReportText::table(report.table, lastRow, report.currencyCode, locale));
+    fmt::print("{}\n\n{}", report.title(), ReportText::table(report.table, lastRow, report.currencyCode, locale));
     if (const std::string bars = report.aging ? ReportText::agingBars(*report.aging, locale) : ""; !bars.empty()) {
         fmt::print("\n{}", bars);
     }

@@ -58,7 +58,6 @@ std::string joined(std::string_view first, std::span<const std::string> others)
     return result;
 }
 
-/// What is no picture would leave a hole in the page.
 bool isPNG(const Bytes& bytes)
 {
     constexpr std::array<std::uint8_t, 16> beginning = {
@@ -68,12 +67,15 @@ bool isPNG(const Bytes& bytes)
 
 } // namespace
 
+Bytes logo(const Business& business)
+{
+    return isPNG(business.logoData) ? business.logoData : Bytes();
+}
+
 void addSeller(PrintedDocument& printed, const PrintSource& source)
 {
     const Business& business = source.business;
-    if (isPNG(business.logoData)) {
-        printed.logo = business.logoData;
-    }
+    printed.logo = logo(business);
     printed.sellerName = trimmed(business.name);
     printed.sellerAddress = PostalAddress::of(business).lines();
     if (source.crossesBorder()) {

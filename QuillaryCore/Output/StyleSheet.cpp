@@ -165,6 +165,25 @@ constexpr std::string_view letterRules =
 .design-modern.letter table.totals tr.total td { padding: 8pt 10pt; }
 )css";
 
+/// No letter in an envelope: the head is as high as it needs to be, and the figures get the room. The total is told by a
+/// line and by weight, not by colour alone.
+constexpr std::string_view tableRules = R"css(.table .head { min-height: 0; align-items: center; margin-bottom: 14pt; }
+.table h1 { font-size: 17pt; margin-bottom: 4pt; }
+table.facts { border-collapse: collapse; font-size: 8.5pt; }
+table.facts td { padding: 1pt 14pt 1pt 0; vertical-align: top; }
+table.facts td.label { color: #777; white-space: nowrap; }
+.table table.lines { font-size: 8.5pt; margin-top: 12pt; }
+.table table.lines th, .table table.lines td { padding: 4pt 0 4pt 10pt; }
+.table table.lines th:first-child, .table table.lines td:first-child { padding-left: 4pt; }
+.table table.lines th:last-child, .table table.lines td:last-child { padding-right: 4pt; }
+.table table.lines th { vertical-align: bottom; letter-spacing: .02em; overflow-wrap: normal; }
+.table table.lines th.num { white-space: normal; }
+.table table.lines tr.last { break-after: avoid; page-break-after: avoid; }
+.table table.lines tr.total td { font-weight: 700; color: #1d1d1f; border-top: 1pt solid #1d1d1f; border-bottom: none;
+                                 padding-top: 6pt; }
+.note { color: #555; font-size: 8.5pt; }
+)css";
+
 constexpr int tintPercent = 10;
 constexpr int strongTintPercent = 22;
 constexpr double readable = 4.5;     ///< of small text
@@ -227,6 +246,11 @@ std::string legibility(const TemplateSettings& settings)
 void appendLetter(std::string& html)
 {
     html += letterRules;
+}
+
+void appendTable(std::string& html)
+{
+    html += tableRules;
 }
 
 void append(std::string& html, const TemplateSettings& settings)

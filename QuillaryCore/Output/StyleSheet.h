@@ -15,6 +15,9 @@ void append(std::string& html, const TemplateSettings& settings);
 /// What a letter adds, which has a paragraph and a few figures where a document has its lines.
 void appendLetter(std::string& html);
 
+/// What a table adds that fills the page, under the business's name instead of an address.
+void appendTable(std::string& html);
+
 /// What all pages share. It begins in the middle of the `:root` rule, after the height of the logo.
 [[nodiscard]] std::string_view base();
 

@@ -48,11 +48,14 @@ private:
     {
         AgingReport report = AgingReport::make(m_context, m_setting.now, m_setting.calendar, m_order.currencyCode);
         const std::string today = m_setting.locale.formatDate(m_setting.calendar.date(m_setting.now));
-        return {.title = fmt::format("Open invoices on {}, {}", today, m_order.currencyCode),
-                .fileName = "Aging Report",
-                .table = ReportCSV::aging(report),
-                .aging = std::move(report),
-                .otherCurrencies = ReportData::openCurrencies(m_context)};
+        FinishedReport finished{.heading = "Open invoices on " + today,
+                                .period = {},
+                                .fileName = "Aging Report",
+                                .table = ReportCSV::aging(report),
+                                .chart = chart(report),
+                                .otherCurrencies = ReportData::openCurrencies(m_context)};
+        finished.aging = std::move(report);
+        return finished;
     }
 
     [[nodiscard]] FinishedReport ofPeriod()
@@ -62,8 +65,10 @@ private:
         FinishedReport report = m_order.kind == Kind::clients    ? clients(range)
                                 : m_order.kind == Kind::invoices ? invoices(range)
                                                                  : tax(range);
-        report.title += fmt::format(", {}, {}", periodText(period, m_setting.locale), m_order.currencyCode);
-        report.fileName += fmt::format(" {} to {}", isoText(period.first), isoText(period.last));
+        report.period = periodText(period, m_setting.locale);
+        if (period != ReportPeriod::all()) {
+            report.fileName += fmt::format(" {} to {}", isoText(period.first), isoText(period.last));
+        }
         report.otherCurrencies = ReportData::currencies(m_context, range);
         return report;
     }
@@ -73,28 +78,55 @@ private:
         const TaxReport report = TaxReport::make(m_context, range, m_order.basis, m_order.currencyCode);
         const std::string by = lowerCasedASCII(title(m_order.basis));
         if (m_order.kind == Kind::tax) {
-            return {.title = "Tax report " + by, .fileName = "Tax Report", .table = ReportCSV::tax(report, m_taxLabel)};
+            return {.heading = "Tax report " + by,
+                    .period = {},
+                    .fileName = "Tax Report",
+                    .table = ReportCSV::tax(report, m_taxLabel),
+                    .chart = chart(report)};
         }
-        return {.title = "Documents of the tax report " + by,
+        return {.heading = "Documents of the tax report " + by,
+                .period = {},
                 .fileName = "Tax Documents",
                 .table = ReportCSV::taxDocuments(report, m_taxLabel, m_setting.calendar),
-                .hasTotal = false};
+                .hasTotal = false,
+                .chart = chart(report)};
     }
 
     [[nodiscard]] FinishedReport clients(const DateRange& range)
     {
-        return {.title = "Clients",
+        const ClientReport report = ClientReport::make(m_context, range, m_order.currencyCode);
+        return {.heading = "Clients",
+                .period = {},
                 .fileName = "Client Report",
-                .table = ReportCSV::clients(ClientReport::make(m_context, range, m_order.currencyCode))};
+                .table = ReportCSV::clients(report),
+                .chart = chart(report)};
     }
 
     [[nodiscard]] FinishedReport invoices(const DateRange& range)
     {
         const InvoiceList list =
             InvoiceList::make(m_context, range, m_order.currencyCode, m_setting.now, m_setting.calendar);
-        return {.title = "Invoices and credit notes",
+        return {.heading = "Invoices and credit notes",
+                .period = {},
                 .fileName = "Invoices",
-                .table = ReportCSV::invoices(list, m_taxLabel, m_setting.calendar)};
+                .table = ReportCSV::invoices(list, m_taxLabel, m_setting.calendar),
+                .chart = chart(list)};
+    }
+
+    [[nodiscard]] std::optional<ReportChart> chart(const TaxReport& report)
+    {
+        return m_order.hasChart ? ReportChart::of(m_context, report, m_order.period, m_setting.calendar) : std::nullopt;
+    }
+
+    [[nodiscard]] std::optional<ReportChart> chart(const InvoiceList& list) const
+    {
+        return m_order.hasChart ? ReportChart::of(list, m_order.period, m_setting.calendar) : std::nullopt;
+    }
+
+    template <class Report>
+    [[nodiscard]] std::optional<ReportChart> chart(const Report& report) const
+    {
+        return m_order.hasChart ? ReportChart::of(report) : std::nullopt;
     }
 
     Context& m_context;
@@ -104,6 +136,12 @@ private:
 };
 
 } // namespace
+
+std::string FinishedReport::title() const
+{
+    return period.empty() ? fmt::format("{}, {}", heading, currencyCode)
+                          : fmt::format("{}, {}, {}", heading, period, currencyCode);
+}
 
 FinishedReport FinishedReport::make(Context& context, const ReportOrder& order, const Setting& setting)
 {

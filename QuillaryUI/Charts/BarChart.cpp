@@ -28,11 +28,46 @@ namespace {
 
 constexpr int leastHeight = 240;
 constexpr int ticks = 5;
+constexpr double widestBars = 0.66;      ///< of a place's room
+constexpr double barWidthForEach = 0.11; ///< a few bars needn't fill the width
 
 /// How long a bar is drawn; what it says is written from the exact amount.
 double length(std::int64_t minorUnits, const std::string& currencyCode)
 {
     return double(minorUnits) / std::pow(10.0, Money::fractionDigits(currencyCode));
+}
+
+/// How far the bars go down and up.
+std::pair<std::int64_t, std::int64_t> extent(const std::vector<BarChart::Series>& series, bool isStacked)
+{
+    std::int64_t least = 0;
+    std::int64_t most = 0;
+    const std::size_t places = series.empty() ? 0 : series.front().amounts.size();
+    for (std::size_t place = 0; place < places; ++place) {
+        std::int64_t down = 0;
+        std::int64_t up = 0;
+        for (const BarChart::Series& one : series) {
+            const std::int64_t amount = one.amounts[place];
+            down = isStacked ? down + std::min<std::int64_t>(amount, 0) : std::min(down, amount);
+            up = isStacked ? up + std::max<std::int64_t>(amount, 0) : std::max(up, amount);
+        }
+        least = std::min(least, down);
+        most = std::max(most, up);
+    }
+    return {least, most};
+}
+
+/// An axis takes each text once: equal ones are told apart by what nobody sees.
+QStringList eachOnce(const QStringList& names)
+{
+    QStringList all;
+    for (QString name : names) {
+        do {
+            name += QChar(0x200b);
+        } while (all.contains(name));
+        all.push_back(name);
+    }
+    return all;
 }
 
 void color(QAbstractAxis& axis, const QPalette& palette)
@@ -48,6 +83,8 @@ BarChart::BarChart(Formats formats, QWidget* parent)
     : QWidget(parent)
     , m_formats(std::move(formats))
     , m_chart(new QChart)
+    , m_across(new QBarCategoryAxis)
+    , m_up(new QValueAxis)
     , m_view(new QChartView(m_chart, this)) // which owns the chart
 {
     m_chart->setBackgroundVisible(false);
@@ -55,6 +92,11 @@ BarChart::BarChart(Formats formats, QWidget* parent)
     m_chart->layout()->setContentsMargins(0, 0, 0, 0);
     m_chart->setLocalizeNumbers(true);
     m_chart->setLocale(QLocale(text(m_formats.locale().identifier())));
+    m_chart->addAxis(m_across, Qt::AlignBottom); // it owns them
+    m_chart->addAxis(m_up, Qt::AlignLeft);
+    m_across->setGridLineVisible(false);
+    m_up->setLabelFormat(QStringLiteral("%.0f"));
+    m_up->setLineVisible(false);
     m_chart->legend()->setAlignment(Qt::AlignTop);
     m_chart->legend()->setMarkerShape(QLegend::MarkerShapeCircle);
     m_view->setRenderHint(QPainter::Antialiasing);
@@ -77,7 +119,7 @@ void BarChart::setBars(const QStringList& names,
     QAbstractBarSeries* bars = arrangement == Arrangement::onOneAnother
                                    ? static_cast<QAbstractBarSeries*>(new QStackedBarSeries)
                                    : new QBarSeries;
-    bars->setBarWidth(0.66);
+    bars->setBarWidth(std::min(widestBars, barWidthForEach * double(names.size())));
     for (const Series& one : series) {
         auto* set = new QBarSet(one.name);
         set->setColor(one.color);
@@ -99,7 +141,7 @@ void BarChart::setBars(const QStringList& names,
         bars->append(set);
     }
     m_chart->addSeries(bars);
-    addAxes(names, series, currencyCode);
+    setAxes(names, series, currencyCode, arrangement);
     for (QLegendMarker* marker : m_chart->legend()->markers()) {
         marker->setPen(Qt::NoPen);
     }
@@ -108,38 +150,23 @@ void BarChart::setBars(const QStringList& names,
     describe(names, series, currencyCode);
 }
 
-void BarChart::addAxes(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode)
+void BarChart::setAxes(const QStringList& names,
+                       const std::vector<Series>& series,
+                       const std::string& currencyCode,
+                       Arrangement arrangement)
 {
-    for (QAbstractAxis* axis : m_chart->axes()) {
-        m_chart->removeAxis(axis);
-        axis->deleteLater();
-    }
-    auto* across = new QBarCategoryAxis;
-    across->append(names);
-    across->setGridLineVisible(false);
-    auto* up = new QValueAxis;
-    std::int64_t most = 0;
-    std::int64_t least = 0;
-    for (const Series& one : series) {
-        for (const std::int64_t amount : one.amounts) {
-            most = std::max(most, amount);
-            least = std::min(least, amount);
-        }
-    }
-    up->setRange(length(least, currencyCode), most == 0 && least == 0 ? 1.0 : length(most, currencyCode));
-    up->setTickCount(ticks);
-    up->applyNiceNumbers();
-    up->setLabelFormat(QStringLiteral("%.0f"));
-    up->setLabelsVisible(most != 0 || least != 0);
-    up->setLineVisible(false);
-    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(across), static_cast<QAbstractAxis*>(up)}) {
+    m_across->clear();
+    m_across->append(eachOnce(names));
+    const auto [least, most] = extent(series, arrangement == Arrangement::onOneAnother);
+    m_up->setRange(length(least, currencyCode), most == 0 && least == 0 ? 1.0 : length(most, currencyCode));
+    m_up->setTickCount(ticks);
+    m_up->applyNiceNumbers();
+    m_up->setLabelsVisible(most != 0 || least != 0);
+    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(m_across), static_cast<QAbstractAxis*>(m_up)}) {
         color(*axis, palette());
-    }
-    m_chart->addAxis(across, Qt::AlignBottom);
-    m_chart->addAxis(up, Qt::AlignLeft);
-    for (QAbstractSeries* bars : m_chart->series()) {
-        bars->attachAxis(across);
-        bars->attachAxis(up);
+        for (QAbstractSeries* bars : m_chart->series()) {
+            bars->attachAxis(axis);
+        }
     }
 }
 

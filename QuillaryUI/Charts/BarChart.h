@@ -10,9 +10,11 @@
 #include <string>
 #include <vector>
 
+class QBarCategoryAxis;
 class QBarSet;
 class QChart;
 class QChartView;
+class QValueAxis;
 
 namespace Quillary {
 
@@ -33,7 +35,7 @@ public:
 
     enum class Arrangement {
         besideOneAnother,
-        onOneAnother, ///< where each name has an amount in only one of the series
+        onOneAnother,
     };
 
     explicit BarChart(Formats formats, QWidget* parent = nullptr);
@@ -48,11 +50,16 @@ Q_SIGNALS:
     void chosen(int name);
 
 private:
-    void addAxes(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode);
+    void setAxes(const QStringList& names,
+                 const std::vector<Series>& series,
+                 const std::string& currencyCode,
+                 Arrangement arrangement);
     void describe(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode);
 
     Formats m_formats;
     QChart* m_chart;
+    QBarCategoryAxis* m_across;
+    QValueAxis* m_up;
     QChartView* m_view;
 };
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Paper/PaperDesk.h"
 
 #include <QObject>
-
-class QPrintDialog;
-class QWidget;
+#include <QWidget>
 
 namespace Quillary {
 
@@ -32,7 +31,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] PageJob page(const Document& document) const;
-    void printPages(QPrintDialog& dialog, const PrintResult& result);
+    [[nodiscard]] PaperDesk::Asker asker();
 
     LibraryAccess& m_library;
     QWidget& m_host;

@@ -6,6 +6,7 @@
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Main/SectionDeck.h"
+#include "QuillaryUI/Reports/ReportsSection.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -68,6 +69,8 @@ void MainWindow::buildDocumentMenu(QMenu& menu)
         menu.clear();
         if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
             menu.addActions(documents->documentActions());
+        } else if (auto* reports = qobject_cast<ReportsSection*>(m_deck->current())) {
+            menu.addActions(reports->reportActions());
         }
         if (menu.isEmpty()) {
             menu.addAction(tr("No document is chosen"))->setEnabled(false);

@@ -55,10 +55,14 @@ void drawPage(PagePress& press, const Bytes& pdf, int page, const QPrinter& prin
 
 void prepare(QPrinter& printer, const PageGeometry& geometry, const QString& name)
 {
-    const QPageSize paper(QSizeF(geometry.width, geometry.height), QPageSize::Point, {}, QPageSize::FuzzyMatch);
+    // A sheet is known by its upright size; what lies across it is turned.
+    const bool isAcross = geometry.width > geometry.height;
+    const QSizeF size(std::min(geometry.width, geometry.height), std::max(geometry.width, geometry.height));
+    const QPageSize paper(size, QPageSize::Point, {}, QPageSize::FuzzyMatch);
     printer.setResolution(resolution);
     printer.setFullPage(true);
-    printer.setPageLayout(QPageLayout(paper, QPageLayout::Portrait, {}, QPageLayout::Point));
+    printer.setPageLayout(
+        QPageLayout(paper, isAcross ? QPageLayout::Landscape : QPageLayout::Portrait, {}, QPageLayout::Point));
     printer.setDocName(name);
     printer.setCreator(QCoreApplication::applicationName());
 }

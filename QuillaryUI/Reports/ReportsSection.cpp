@@ -5,14 +5,20 @@
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
 #include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Tabular/CSVWriter.h"
+#include "QuillaryUI/Charts/BarChart.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Reports/ReportBars.h"
 #include "QuillaryUI/Reports/ReportModel.h"
+#include "QuillaryUI/Reports/ReportPaper.h"
 #include "QuillaryUI/Reports/ReportPicker.h"
 
+#include <QAction>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -21,6 +27,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -33,8 +40,15 @@ constexpr int border = 24;
 constexpr int gap = 12;
 constexpr int settling = 60; ///< milliseconds
 constexpr int widestColumn = 320;
-constexpr int columnGap = 24;
+constexpr int columnGap = 8;
 constexpr double headingSize = 1.3;
+constexpr int chartHeight = 264;
+
+constexpr std::array pages = {std::pair("tax", ReportOrder::Kind::tax),
+                              std::pair("tax-documents", ReportOrder::Kind::taxDocuments),
+                              std::pair("aging", ReportOrder::Kind::aging),
+                              std::pair("clients", ReportOrder::Kind::clients),
+                              std::pair("invoices", ReportOrder::Kind::invoices)};
 
 } // namespace
 
@@ -42,10 +56,12 @@ ReportsSection::ReportsSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
     , m_library(library)
     , m_picker(new ReportPicker(library.formats(), this))
-    , m_save(new QPushButton(tr("Save as CSV"), this))
+    , m_save(new QPushButton(tr("Save"), this))
+    , m_print(new QPushButton(tr("Print…"), this))
     , m_heading(new QLabel(this))
     , m_others(new QLabel(this))
     , m_message(new QLabel(this))
+    , m_chart(new BarChart(library.formats(), this))
     , m_table(new QTableView(this))
     , m_pages(new QStackedWidget(this))
     , m_model(new ReportModel(library.formats(), this))
@@ -72,11 +88,16 @@ void ReportsSection::build()
     m_message->setObjectName(QStringLiteral("reportMessage"));
     m_message->setAlignment(Qt::AlignCenter);
     m_message->setWordWrap(true);
+    m_chart->setObjectName(QStringLiteral("reportChart"));
+    m_chart->setAccessibleName(tr("Chart of the report"));
+    m_chart->setFixedHeight(chartHeight);
+    m_chart->hide();
 
     m_table->setModel(m_model);
     Lists::dress(*m_table, QStringLiteral("reportTable"), tr("Report"), std::nullopt);
     m_table->setSelectionMode(QTableView::ExtendedSelection);
     m_table->setAlternatingRowColors(true);
+    m_table->viewport()->installEventFilter(this);
     m_table->setHorizontalScrollMode(QTableView::ScrollPerPixel);
 
     m_pages->addWidget(m_table);
@@ -84,27 +105,58 @@ void ReportsSection::build()
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(border, border / 2, border, border);
     column->setSpacing(gap);
+    buildActions();
     column->addWidget(buildBar());
     column->addWidget(m_heading);
+    column->addWidget(m_chart);
     column->addWidget(m_pages, 1);
     column->addWidget(m_others);
+}
+
+void ReportsSection::buildActions()
+{
+    const auto add = [this](const QString& words, const char* name, const QKeySequence& keys, auto run) {
+        auto* action = new QAction(words, this);
+        action->setObjectName(QString::fromLatin1(name));
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(action, &QAction::triggered, this, run);
+        addAction(action);
+        m_actions.push_back(action);
+    };
+    add(tr("Save as PDF"), "savePDF", QKeySequence(QStringLiteral("Ctrl+Shift+S")), [this] { savePDF(); });
+    add(tr("Save as CSV: Standard (Commas and Points)"), "saveCSV", {}, [this] { save(CSVFormat::standard()); });
+    add(tr("Save as CSV: For the Spreadsheet Program on This Machine"), "saveSpreadsheet", {}, [this] {
+        save(CSVFormat::excel(m_library.formats().locale()));
+    });
+    add(tr("Print…"), "print", QKeySequence::Print, [this] { print(); });
+}
+
+/// What can't be read, or isn't there, is neither saved nor printed.
+void ReportsSection::allowSaving(bool isAllowed)
+{
+    m_save->setEnabled(isAllowed);
+    m_print->setEnabled(isAllowed);
+    for (QAction* action : m_actions) {
+        action->setEnabled(isAllowed);
+    }
 }
 
 QWidget* ReportsSection::buildBar()
 {
     auto* bar = new QWidget(this);
     m_save->setObjectName(QStringLiteral("saveReport"));
-    auto* dialects = new QMenu(m_save);
-    dialects->addAction(tr("Standard (commas and points)"), this, [this] { save(CSVFormat::standard()); });
-    dialects->addAction(tr("For the spreadsheet program on this machine"), this, [this] {
-        save(CSVFormat::excel(m_library.formats().locale()));
-    });
-    m_save->setMenu(dialects);
+    m_print->setObjectName(QStringLiteral("printReport"));
+    auto* ways = new QMenu(m_save);
+    ways->addActions(m_actions.first(m_actions.size() - 1));
+    m_save->setMenu(ways);
+    connect(m_print, &QPushButton::clicked, this, &ReportsSection::print);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_picker);
     row->addStretch();
     row->addWidget(m_save);
+    row->addWidget(m_print);
     return bar;
 }
 
@@ -126,6 +178,23 @@ void ReportsSection::showEvent(QShowEvent* event)
     Section::showEvent(event);
     if (m_isStale) {
         refresh();
+    }
+}
+
+QStringList ReportsSection::pageNames() const
+{
+    QStringList names;
+    for (const auto& [name, kind] : pages) {
+        names.push_back(QString::fromLatin1(name));
+    }
+    return names;
+}
+
+void ReportsSection::showPage(const QString& name)
+{
+    const auto found = std::ranges::find(pages, utf8(name), [](const auto& page) { return std::string(page.first); });
+    if (found != pages.end()) {
+        showReport(found->second);
     }
 }
 
@@ -168,11 +237,12 @@ void ReportsSection::refresh()
     }
     m_isStale = false;
     const Calendar& calendar = m_library.formats().calendar();
-    const std::optional<ReportOrder> order = m_picker->order(calendar.date(m_library.now()));
+    std::optional<ReportOrder> order = m_picker->order(calendar.date(m_library.now()));
     if (!order) {
         showMessage(tr("The last day lies before the first. Choose a later one."));
         return;
     }
+    order->hasChart = true;
     FinishedReport report;
     const auto failure = m_library.attempt([&] {
         report = FinishedReport::make(
@@ -189,23 +259,19 @@ void ReportsSection::refresh()
 
 void ReportsSection::display(FinishedReport report)
 {
-    QStringList parts = text(report.title).split(QStringLiteral(", "));
-    for (QString& part : parts) {
-        part = CoreText::sentence(utf8(part));
-    }
-    m_heading->setText(parts.join(QStringLiteral(", ")));
+    m_heading->setText(ReportPaper::title(report));
     m_heading->show();
-    QStringList others;
-    for (const std::string& code : report.otherCurrencies) {
-        others.push_back(text(code));
-    }
-    m_others->setVisible(!others.isEmpty());
-    m_others->setText(tr("Not in this report: amounts in %1.").arg(others.join(QStringLiteral(", "))));
+    m_others->setText(ReportPaper::note(report));
+    m_others->setVisible(!m_others->text().isEmpty());
     const std::size_t rows = report.table.rows.size();
     const bool isEmpty = report.hasTotal ? rows <= 1 : rows == 0;
     m_model->show(report.table, report.hasTotal);
     fitColumns();
-    m_save->setEnabled(true);
+    allowSaving(true);
+    m_chart->setVisible(report.chart.has_value());
+    if (report.chart) {
+        ReportBars::show(*report.chart, report.currencyCode, m_library.formats(), *m_chart);
+    }
     if (isEmpty) {
         m_message->setText(report.aging ? tr("Nothing is owed to you.") : tr("There is nothing in this period."));
         m_message->setForegroundRole(QPalette::PlaceholderText);
@@ -214,20 +280,39 @@ void ReportsSection::display(FinishedReport report)
     m_report = std::move(report);
 }
 
+/// Clients get what room is left; where there is none, the table is wider than the window.
 void ReportsSection::fitColumns()
 {
     QHeaderView* header = m_table->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::Interactive); // a column that stretches keeps its width
     m_table->resizeColumnsToContents();
-    int stretched = 0;
+    m_stretched = 0;
+    m_natural = 0;
     for (int column = 0; column < m_model->columnCount(); ++column) {
-        header->setSectionResizeMode(column, QHeaderView::Interactive);
         header->resizeSection(column, std::min(widestColumn, header->sectionSize(column) + columnGap));
-        const bool isClient = m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole) == tr("Client");
-        stretched = isClient ? column : stretched;
+        m_natural += header->sectionSize(column);
+        if (m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole) == CoreText::word("Client")) {
+            m_stretched = column;
+        }
     }
-    if (m_model->columnCount() > 0) {
-        header->setSectionResizeMode(stretched, QHeaderView::Stretch);
+    stretch();
+}
+
+void ReportsSection::stretch()
+{
+    if (m_stretched < m_model->columnCount()) {
+        m_table->horizontalHeader()->setSectionResizeMode(
+            m_stretched, m_natural <= m_table->viewport()->width() ? QHeaderView::Stretch : QHeaderView::Interactive);
     }
+}
+
+/// The table's own room, which comes after it was filled.
+bool ReportsSection::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize) {
+        stretch();
+    }
+    return Section::eventFilter(watched, event);
 }
 
 /// Instead of the table, so that nobody takes something else for the answer.
@@ -237,7 +322,8 @@ void ReportsSection::showMessage(const QString& sentence)
     m_model->show({}, false);
     m_heading->hide();
     m_others->hide();
-    m_save->setEnabled(false);
+    allowSaving(false);
+    m_chart->hide();
     m_message->setForegroundRole(QPalette::WindowText);
     m_message->setText(sentence);
     m_pages->setCurrentWidget(m_message);
@@ -262,6 +348,39 @@ void ReportsSection::save(const CSVFormat& format)
     } else {
         Q_EMIT told(tr("Saved as %1").arg(text(file.string())));
     }
+}
+
+void ReportsSection::savePDF()
+{
+    if (m_report && m_library.isOpen()) {
+        PaperDesk::savePDF(m_library.press(),
+                           page(),
+                           m_library.environment().printer().downloadsFolder(),
+                           m_report->fileName,
+                           asker());
+    }
+}
+
+void ReportsSection::print()
+{
+    if (m_report && m_library.isOpen()) {
+        PaperDesk::print(m_library.press(), page(), ReportPaper::title(*m_report), asker());
+    }
+}
+
+PageJob ReportsSection::page() const
+{
+    return ReportPaper::page(*m_report, *m_model, m_library.business(), m_library.formats(), m_library.now());
+}
+
+PaperDesk::Asker ReportsSection::asker()
+{
+    return {.widget = *this,
+            .told = [this](const QString& sentence) { Q_EMIT told(sentence); },
+            .failed =
+                [this](const QString& sentence) {
+                    Q_EMIT failed(CoreText::sentence(utf8(sentence)));
+                }};
 }
 
 } // namespace Quillary

@@ -3,6 +3,7 @@
 #include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Store.h"
+#include "QuillaryUI/Charts/BarChart.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Overview/FigureButton.h"
@@ -16,12 +17,12 @@
 #include "tests/Support/TempFolder.h"
 
 #include <QAbstractItemModelTester>
+#include <QAction>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 
@@ -29,17 +30,25 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <utility>
 
 namespace Quillary {
 namespace {
 
-/// Prints nothing: what these windows show beside a page is looked at.
-class NoPress final : public PagePress
+/// Prints a few bytes at once, and remembers what was to be printed.
+class QuickPress final : public PagePress
 {
 public:
-    void press(PageJob /*job*/, PrintReply /*reply*/) override {}
+    void press(PageJob job, PrintReply reply) override
+    {
+        last = std::move(job);
+        reply(PrintedPDF{Bytes{'%', 'P', 'D', 'F'}, 1});
+    }
     PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
     void warmUp() override {}
+
+    PageJob last;
 };
 
 /// An open library with an overdue invoice, a draft, a template and a client with an hourly rate.
@@ -105,7 +114,7 @@ protected:
     AssistantLibrary samples;
     Client* client = nullptr;
     std::unique_ptr<LibrarySearch> search;
-    NoPress press;
+    QuickPress press;
     LibraryAccess library{press, Formats(Locale("en_GB"), Calendar("Europe/Berlin"))};
 };
 
@@ -133,7 +142,7 @@ TEST_F(FiguresAndTimeTest, figuresLeadToTheirListsAndFollowTheLibrary)
     EXPECT_EQ(child<QLabel>(overview, "overviewOwed").text(), "Nothing is owed to you.");
 }
 
-TEST_F(FiguresAndTimeTest, reportsAreSavedAndAFailureIsNoReport)
+TEST_F(FiguresAndTimeTest, reportsAreSavedAndPrintedAndAFailureIsNoReport)
 {
     ReportsSection reports(library);
     reports.show();
@@ -145,16 +154,26 @@ TEST_F(FiguresAndTimeTest, reportsAreSavedAndAFailureIsNoReport)
 
     QString told;
     QObject::connect(&reports, &Section::told, [&](const QString& sentence) { told = sentence; });
-    QPushButton& save = child<QPushButton>(reports, "saveReport");
-    save.menu()->actions().front()->trigger();
-    const auto file = folder.path() / "Aging Report.csv";
-    EXPECT_EQ(told, "Saved as " + text(file.string()));
-    EXPECT_TRUE(std::filesystem::exists(file));
+    const auto run = [&](const char* action) {
+        child<QAction>(reports, action).trigger();
+        return told;
+    };
+    EXPECT_EQ(run("saveCSV"), "Saved as " + text((folder.path() / "Aging Report.csv").string()));
+    EXPECT_EQ(run("savePDF"), "Saved as " + text((folder.path() / "Aging Report.pdf").string()));
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "Aging Report.pdf"));
+    EXPECT_EQ(press.last.title, "Open invoices on 17 Mar 2026");
+    EXPECT_NE(press.last.html.find(R"(<tr class="total"><td>Total</td><td class="num">1</td>)"), std::string::npos);
+    EXPECT_EQ(press.last.pageLabel, "Page {page} of {pages}");
+    const BarChart& chart = child<BarChart>(reports, "reportChart");
+    EXPECT_TRUE(chart.isVisible());
+    EXPECT_EQ(chart.accessibleDescription(), "1–30 days, Overdue: €119.00");
 
     samples.store.connection().execute("ALTER TABLE Document RENAME TO Lost");
     reports.showReport(ReportOrder::Kind::invoices);
     EXPECT_EQ(table.model()->rowCount(), 0);
-    EXPECT_FALSE(save.isEnabled());
+    EXPECT_FALSE(child<QPushButton>(reports, "saveReport").isEnabled());
+    EXPECT_FALSE(child<QAction>(reports, "print").isEnabled());
+    EXPECT_FALSE(chart.isVisible());
     EXPECT_TRUE(child<QLabel>(reports, "reportMessage").text().startsWith("The report could not be read."));
     samples.store.connection().execute("ALTER TABLE Lost RENAME TO Document");
 }

@@ -9,6 +9,7 @@
 #include "QuillaryCore/Output/DocumentHTML.h"
 #include "QuillaryCore/Output/DocumentStrings.h"
 #include "QuillaryCore/Output/PrintedDocument.h"
+#include "QuillaryCore/Output/PrintedTable.h"
 
 namespace Quillary {
 
@@ -33,6 +34,16 @@ PageJob pageJob(const PrintedDocument& printed)
             .title = printed.pageTitle,
             .languageCode = std::string(code(printed.language)),
             .pageLabel = std::string(DocumentStrings(printed.language).text(DocumentStrings::Key::page)),
+            .labelFamily = firstFamily(fontStack(printed.settings.font))};
+}
+
+PageJob pageJob(const PrintedTable& printed, const std::string& pageLabel)
+{
+    return {.html = TableHTML::render(printed),
+            .geometry = printed.geometry(),
+            .title = printed.heading,
+            .languageCode = printed.languageCode,
+            .pageLabel = pageLabel,
             .labelFamily = firstFamily(fontStack(printed.settings.font))};
 }
 

@@ -12,9 +12,13 @@ struct AssistantEnvironment;
 struct Business;
 struct Document;
 struct PrintedDocument;
+struct PrintedTable;
 
 /// A page ready for the printer: that of a document, or a letter.
 [[nodiscard]] PageJob pageJob(const PrintedDocument& printed);
+
+/// A table ready for the printer, with "Page {page} of {pages}" in the reader's language.
+[[nodiscard]] PageJob pageJob(const PrintedTable& printed, const std::string& pageLabel);
 
 /// A document ready for the printer.
 [[nodiscard]] PageJob

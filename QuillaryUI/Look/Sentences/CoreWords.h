@@ -103,6 +103,9 @@ inline constexpr std::array words = {
     QT_TRANSLATE_NOOP("Core", "Clients"),
     QT_TRANSLATE_NOOP("Core", "Invoices and credit notes"),
     QT_TRANSLATE_NOOP("Core", "all dates"),
+    QT_TRANSLATE_NOOP("Core", "No tax"),
+    QT_TRANSLATE_NOOP("Core", "No client"),
+    QT_TRANSLATE_NOOP("Core", "Others"),
     // choices of the settings: designs, typefaces, places and sizes
     QT_TRANSLATE_NOOP("Core", "Classic"),
     QT_TRANSLATE_NOOP("Core", "Modern"),
