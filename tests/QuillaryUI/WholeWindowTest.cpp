@@ -1,14 +1,23 @@
 // Every page of the window as those meet it who don't see it, who have no mouse, or who read German.
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
+#include "QuillaryCore/Lock/LockFile.h"
 #include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Clients/ClientsSection.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Library/Section.h"
+#include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Translation.h"
+#include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/MainWindow.h"
+#include "QuillaryUI/Main/QuickOpen.h"
 #include "tests/QuillaryUI/TranslationFile.h"
 #include "tests/QuillaryUI/WindowLibrary.h"
+#include "tests/Support/TempFolder.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -21,7 +30,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSet>
-#include <QSplitter>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -49,6 +58,21 @@ bool isControl(const QWidget& widget)
            widget.focusProxy() == nullptr;
 }
 
+/// Where the walk begins: the sidebar, where there is one.
+QWidget* firstControl(const QWidget& root)
+{
+    auto* sidebar = root.findChild<QWidget*>(QStringLiteral("sidebar"));
+    if (sidebar != nullptr && sidebar->isVisible()) {
+        return sidebar;
+    }
+    for (QWidget* widget : root.findChildren<QWidget*>()) {
+        if (isControl(*widget)) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
 class WholeWindowTest : public testing::Test
 {
 protected:
@@ -62,14 +86,21 @@ protected:
             BusinessSettings::set(environment, "invoice_number_format", Business::defaultInvoiceFormat);
             BusinessSettings::set(environment, "quote_number_format", Business::defaultQuoteFormat);
         }));
-        window = std::make_unique<MainWindow>(data.library, ProgramPlaces());
+        qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path().string()));
+        places.lock = folder / "lock.json";
+        places.now = [this] {
+            return data.library.now();
+        };
+        window = std::make_unique<MainWindow>(data.library, places);
         window->resize(1440, 900);
         window->show();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     }
 
-    void visitPages(const std::function<void(const std::string& page)>& look)
+    using Look = std::function<void(const std::string& page, QWidget& window)>;
+
+    void visitPages(const Look& look)
     {
         for (const QString& name : window->sectionNames()) {
             window->showSection(name);
@@ -83,18 +114,94 @@ protected:
                     section->showPage(page);
                 }
                 QTest::qWait(20);
-                look((name + QLatin1Char(' ') + page).toStdString());
+                look((name + QLatin1Char(' ') + page).toStdString(), *window);
             }
             section->makeNew(); // the editor of a draft, a sheet
             QTest::qWait(20);
             if (name == QLatin1String("invoices")) {
                 EXPECT_TRUE(window->findChild<DraftEditor*>()->isVisible());
             }
-            look((name + QStringLiteral(" new")).toStdString());
+            look((name + QStringLiteral(" new")).toStdString(), *window);
             QTest::keyClick(window.get(), Qt::Key_Escape);
         }
     }
 
+    /// What slides in above a section, or covers it.
+    void visitSheets(const Look& look)
+    {
+        Context& context = data.samples.context();
+        const Document& invoice = *context.first<Document>("kindRaw = 0 AND statusRaw = 1 ORDER BY dueDate");
+        static_cast<void>(data.library.perform(QStringLiteral("Work"), [&] {
+            const Instant now = context.clock().now();
+            TimeTracking::add(context, {.client = invoice.client}, now - std::chrono::hours(2), now);
+            for (const Document* late : context.fetch<Document>("kindRaw = 0 AND statusRaw = 1")) {
+                context.edit(*late).dueDate = now - std::chrono::days(20);
+            }
+        }));
+        const QString list = QString::fromStdString(folder.write("list.csv", "Kunde;Ort\nNeue Kunst;Basel\n").string());
+        window->showSection(QStringLiteral("clients"));
+        dynamic_cast<ClientsSection&>(*window->section(QStringLiteral("clients"))).setFileChooser([list](QWidget*) {
+            return list;
+        });
+        window->showDocument(invoice.ref.key());
+        for (const char* action : {"pay", "remind", "email", "makeRecurring"}) {
+            visitSheet("invoices", action, look);
+        }
+        auto& invoices = dynamic_cast<DocumentsSection&>(*window->section(QStringLiteral("invoices")));
+        invoices.setView({.status = DisplayStatus::overdue});
+        child<QTableView>(invoices, "documentList").selectAll();
+        QTest::qWait(20);
+        visitSheet("invoices", "remindAll", look);
+        visitSheet("clients", "importClients", look);
+        window->showClient(invoice.client.key());
+        visitSheet("clients", "addContact", look);
+        visitSheet("time", "invoiceTime", look);
+
+        QTest::keyClick(window.get(), Qt::Key_K, Qt::ControlModifier);
+        auto& quick = child<QuickOpen>(*window, "quickOpen");
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&quick));
+        look("quick open", quick);
+        quick.close();
+        FirstStart first(data.library);
+        first.resize(1200, 800);
+        first.show();
+        first.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&first));
+        look("first start", first);
+        first.close();
+        lockAndLook(look);
+    }
+
+    void visitSheet(const char* name, const char* command, const Look& look)
+    {
+        window->showSection(QString::fromLatin1(name));
+        const Section& section = *window->section(QString::fromLatin1(name));
+        if (auto* action = section.findChild<QAction*>(QString::fromLatin1(command))) {
+            ASSERT_TRUE(action->isVisible()) << command;
+            action->trigger();
+        } else {
+            child<QPushButton>(section, command).click();
+        }
+        QTest::qWait(20);
+        auto* sheet = section.findChild<Sheet*>();
+        ASSERT_TRUE(sheet != nullptr && sheet->isVisible()) << command;
+        look(command, *window);
+        delete sheet;
+    }
+
+    void lockAndLook(const Look& look)
+    {
+        LockFile(places.lock).setPassphrase("", "quill & ink", data.library.now());
+        MainWindow other(data.library, places); // which starts locked
+        other.show();
+        other.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        ASSERT_TRUE(other.isLocked());
+        look("lock", other);
+    }
+
+    TempFolder folder;
+    ProgramPlaces places;
     WindowLibrary data;
     std::unique_ptr<MainWindow> window;
 };
@@ -118,9 +225,9 @@ TEST_F(WholeWindowTest, stopsTheTimerWithTheNoteThatIsBeingTyped)
 TEST_F(WholeWindowTest, tellsWhatEachControlIs)
 {
     open("en_US");
-    visitPages([this](const std::string& page) {
+    const Look look = [](const std::string& page, QWidget& root) {
         std::map<std::tuple<const QWidget*, QString, int>, const QWidget*> siblings;
-        for (QWidget* widget : window->findChildren<QWidget*>()) {
+        for (QWidget* widget : root.findChildren<QWidget*>()) {
             if (!isControl(*widget)) {
                 continue;
             }
@@ -135,21 +242,24 @@ TEST_F(WholeWindowTest, tellsWhatEachControlIs)
             EXPECT_TRUE(isNew) << page << ": both are called " << name.toStdString() << ": " << called(*widget) << ", "
                                << called(*other->second);
         }
-        for (const QAbstractItemView* view : window->findChildren<QAbstractItemView*>()) {
+        for (const QAbstractItemView* view : root.findChildren<QAbstractItemView*>()) {
             for (int column = 0; view->isVisible() && column < view->model()->columnCount(); ++column) {
                 const QVariant title = view->model()->headerData(column, Qt::Horizontal);
                 EXPECT_FALSE(title.toString().isEmpty()) << page << ": no title: " << called(*view) << column;
             }
         }
-    });
+    };
+    visitPages(look);
+    visitSheets(look);
 }
 
 TEST_F(WholeWindowTest, isReachedByTabAlone)
 {
     open("en_US");
-    visitPages([this](const std::string& page) {
+    const Look look = [](const std::string& page, QWidget& root) {
         QSet<const QWidget*> reached;
-        QWidget* first = window->findChild<QWidget*>(QStringLiteral("sidebar"));
+        QWidget* first = firstControl(root);
+        ASSERT_NE(first, nullptr) << page;
         first->setFocus(Qt::TabFocusReason);
         int steps = 0;
         do {
@@ -159,10 +269,12 @@ TEST_F(WholeWindowTest, isReachedByTabAlone)
         } while (QApplication::focusWidget() != first && ++steps < mostSteps);
         EXPECT_EQ(QApplication::focusWidget(), first)
             << page << ": Tab stays at " << called(*QApplication::focusWidget());
-        for (const QWidget* widget : window->findChildren<QWidget*>()) {
+        for (const QWidget* widget : root.findChildren<QWidget*>()) {
             EXPECT_TRUE(!isControl(*widget) || reached.contains(widget)) << page << ": passed by: " << called(*widget);
         }
-    });
+    };
+    visitPages(look);
+    visitSheets(look);
 }
 
 QStringList cellTexts(const QAbstractItemModel& model)
@@ -227,11 +339,13 @@ TEST_F(WholeWindowTest, isGermanThroughout)
     }
     english -= {QStringLiteral("Germany"), QStringLiteral("Austria")}; // countries are named as numbers are written
     open("de_DE");
-    visitPages([&](const std::string& page) {
-        for (const QString& text : shownTexts(*window)) {
+    const Look look = [&english](const std::string& page, const QWidget& root) {
+        for (const QString& text : shownTexts(root)) {
             EXPECT_FALSE(english.contains(text)) << page << ": " << text.toStdString();
         }
-    });
+    };
+    visitPages(look);
+    visitSheets(look);
 }
 
 } // namespace
