@@ -130,6 +130,7 @@ OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     connect(&library, &LibraryAccess::closing, this, &OverviewSection::leaveLibrary);
     connect(&m_reading, &QFutureWatcher<std::shared_ptr<const Answer>>::finished, this, &OverviewSection::didRead);
     connect(m_currency, &QComboBox::activated, this, [this] {
+        m_wishedCurrency = utf8(m_currency->currentText());
         m_isStale = true;
         refresh();
     });
@@ -236,7 +237,7 @@ void OverviewSection::refresh()
     }
     OverviewFigures figures;
     if (const auto failure = m_library.attempt(
-            [&] { figures = OverviewFigures::read(m_library.environment(), utf8(m_currency->currentText())); })) {
+            [&] { figures = OverviewFigures::read(m_library.environment(), m_wishedCurrency); })) {
         showFailure(*failure);
         return;
     }
@@ -254,7 +255,7 @@ void OverviewSection::readBeside()
                             .now = m_library.now(),
                             .calendar = environment.calendar,
                             .locale = environment.locale,
-                            .wishedCurrency = utf8(m_currency->currentText())};
+                            .wishedCurrency = m_wishedCurrency};
     auto promise = std::make_shared<QPromise<std::shared_ptr<const Answer>>>();
     promise->start(); // here, so that it counts as running before its thread begins
     m_reading.setFuture(promise->future());

@@ -72,7 +72,8 @@ private:
     LibraryAccess& m_library;
     QTimer m_soon; ///< many changes at once are read once
     bool m_isStale = true;
-    bool m_isKnown = false; ///< figures are on the screen
+    bool m_isKnown = false;       ///< figures are on the screen
+    std::string m_wishedCurrency; ///< the chosen one, also while figures of another are still on their way; empty: any
     struct Answer;
     QFutureWatcher<std::shared_ptr<const Answer>> m_reading;
     QLabel* m_day;

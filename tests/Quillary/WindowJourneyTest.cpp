@@ -6,11 +6,14 @@
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
+#include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentStatus.h"
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Payment.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/Statement.h"
+#include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Documents/LinesModel.h"
@@ -25,6 +28,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
@@ -32,6 +36,8 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <QPushButton>
 #include <QTableView>
 #include <QTableWidget>
@@ -53,6 +59,7 @@ namespace Quillary {
 namespace {
 
 constexpr int patience = 30'000;
+constexpr const char* homeVariable = "QUILLARY_TEST_HOME";
 
 bool comesTrue(const std::function<bool()>& condition)
 {
@@ -70,11 +77,11 @@ class WindowJourneyTest : public testing::Test
 protected:
     WindowJourneyTest()
     {
-        setenv("HOME", folder.path().c_str(), 1);
-        std::filesystem::create_directory(folder / "Downloads");
-        setenv("XDG_DATA_HOME", (folder / "data").c_str(), 1);
-        setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
-        setenv("XDG_STATE_HOME", (folder / "state").c_str(), 1);
+        setenv("HOME", home.c_str(), 1);
+        std::filesystem::create_directory(home / "Downloads");
+        setenv("XDG_DATA_HOME", (home / "data").c_str(), 1);
+        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
+        setenv("XDG_STATE_HOME", (home / "state").c_str(), 1);
         setenv("LC_ALL", "en_US.UTF-8", 1);
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
         environment = std::make_unique<AppEnvironment>();
@@ -86,9 +93,9 @@ protected:
         };
         desktop = std::make_unique<Desktop>(*environment, *host, places);
         service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
-                                                                               .socket = folder / "socket",
-                                                                               .settings = folder / "assistants.json",
-                                                                               .log = folder / "log",
+                                                                               .socket = home / "socket",
+                                                                               .settings = home / "assistants.json",
+                                                                               .log = home / "log",
                                                                                .asker = &desktop->asker(),
                                                                                .windows = desktop.get()},
                                                      *environment,
@@ -159,6 +166,9 @@ protected:
     }
 
     TempFolder folder;
+    /// That of whoever started this process as a test of its own, if somebody did.
+    const char* const lentHome = std::getenv(homeVariable);
+    const std::filesystem::path home = lentHome != nullptr ? std::filesystem::path(lentHome) : folder.path();
     std::unique_ptr<AppEnvironment> environment;
     std::unique_ptr<PrintingHost> host;
     std::unique_ptr<Desktop> desktop;
@@ -183,7 +193,84 @@ TEST_F(WindowJourneyTest, readsTheFiguresBesideTheWindowAndFollowsTheLibrary)
         invoice.dueDate = desktop->library().now() - std::chrono::days(12);
     }));
     EXPECT_TRUE(comesTrue([&] { return shown() == "Overdue: $119.00, 1 invoice"; }));
-    desktop->library().close(); // as when a command borrows it; a reading that goes on is waited for
+    static_cast<void>(desktop->library().perform("Another currency", [&] {
+        Document& invoice = context().insert<Document>();
+        invoice.statusRaw = static_cast<std::int16_t>(DocumentStatus::sent);
+        invoice.currencyCode = "CHF";
+        invoice.cachedTotalMinorUnits = 5000;
+    }));
+    auto& currency = find<QComboBox>("overviewCurrency");
+    ASSERT_TRUE(comesTrue([&] { return currency.count() == 2; }));
+    for (const int place : {0, 1}) { // the second is chosen while the first is still being read
+        currency.setCurrentIndex(place);
+        Q_EMIT currency.activated(place);
+    }
+    const auto owed = [this] {
+        return find<QLabel>("agingSum").text();
+    };
+    EXPECT_TRUE(comesTrue([&] { return owed().contains("50.00") && currency.currentText() == "CHF"; }));
+
+    // A command borrows the library while it is read, and gives it back damaged.
+    Q_EMIT currency.activated(0);
+    const AssistantEnvironment given = desktop->library().environment();
+    desktop->library().close();
+    given.context.store().connection().execute("ALTER TABLE Payment RENAME TO Lost");
+    desktop->library().open(given);
+    auto& failure = find<QLabel>("overviewFailure");
+    EXPECT_TRUE(comesTrue([&] { return failure.isVisible() && !find<QWidget>("figures").isVisible(); }));
+    desktop->library().close();
+    given.context.store().connection().execute("ALTER TABLE Lost RENAME TO Payment");
+    desktop->library().open(given);
+    EXPECT_TRUE(comesTrue([&] { return !failure.isVisible() && owed().contains("50.00"); }));
+    desktop->library().close(); // a reading that goes on is waited for
+}
+
+TEST_F(WindowJourneyTest, losesNothingToACrash)
+{
+    const QString typed = QStringLiteral("Typed a moment before");
+    if (lentHome != nullptr) { // the process that is going to die: it types, and then nobody touches it
+        putOffFirstStart();
+        QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
+        QTest::keyClicks(&find<QLineEdit>("title", invoices()), typed);
+        QTimer::singleShot(4 * patience, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+        return;
+    }
+    TempFolder elsewhere;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QString::fromLatin1(homeVariable), QString::fromStdString(elsewhere.path().string()));
+    QProcess other;
+    other.setProcessEnvironment(variables);
+    other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    other.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=WindowJourneyTest.losesNothingToACrash")});
+    const auto library = elsewhere.path() / environment->libraryFolder().lexically_relative(home);
+    const auto isSaved = [&] {
+        try {
+            Store store =
+                Store::openReadOnly(Store::Location::directory(library), DataModel::records(), DataModel::history());
+            Context reader(store, environment->clock(), environment->uuids());
+            return reader.count<Document>("title = ?", utf8(typed)) == 1;
+        } catch (const UserError&) { // it isn't made yet, or is being made
+            return false;
+        }
+    };
+    EXPECT_TRUE(comesTrue([&] { return isSaved() || other.state() == QProcess::NotRunning; }));
+    ASSERT_EQ(other.state(), QProcess::Running);
+    other.kill();
+    ASSERT_TRUE(other.waitForFinished(patience));
+    EXPECT_EQ(other.exitStatus(), QProcess::CrashExit);
+
+    Store store(Store::Location::directory(library),
+                DataModel::records(),
+                DataModel::history(),
+                environment->clock(),
+                environment->uuids());
+    Context context(store, environment->clock(), environment->uuids());
+    EXPECT_EQ(context.count<Document>("title = ?", utf8(typed)), 1);
+    Statement check(store.connection(), "PRAGMA integrity_check");
+    ASSERT_TRUE(check.step());
+    EXPECT_EQ(check.text(0), "ok");
 }
 
 TEST_F(WindowJourneyTest, restoresABackupAndKeepsTheLibraryAsItWas)
