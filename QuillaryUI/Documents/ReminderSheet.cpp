@@ -31,6 +31,9 @@ ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWid
     for (const ReminderLevel level : {ReminderLevel::first, ReminderLevel::second, ReminderLevel::final}) {
         m_level->addItem(CoreText::word(title(level)), int(level));
     }
+    m_level->setObjectName(QStringLiteral("reminderLevel"));
+    m_fee->setObjectName(QStringLiteral("reminderFee"));
+    m_payBy->setObjectName(QStringLiteral("reminderPayBy"));
     m_payBy->setCalendarPopup(true);
     m_payBy->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
     form().addRow(tr("Level"), m_level);
