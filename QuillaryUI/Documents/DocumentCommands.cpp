@@ -14,7 +14,6 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientSheet.h"
 #include "QuillaryUI/Documents/DocumentOutput.h"
-#include "QuillaryUI/Documents/DraftDesk.h"
 #include "QuillaryUI/Documents/MakeRecurringSheet.h"
 #include "QuillaryUI/Documents/PaymentSheet.h"
 #include "QuillaryUI/Documents/ReminderSheet.h"
@@ -254,11 +253,7 @@ void DocumentCommands::askForReminder(const Document& document)
 void DocumentCommands::askForClient(const QString& name)
 {
     auto* sheet = new ClientSheet(m_library, name, &m_pane);
-    connect(sheet, &ClientSheet::made, this, [this](const QString& id) {
-        DraftDesk desk(m_library);
-        desk.setDocument(m_document);
-        showResult(desk.change(tr("Change Document"), "client", utf8(id)), {});
-    });
+    connect(sheet, &ClientSheet::made, this, &DocumentCommands::madeClient);
     sheet->begin();
 }
 

@@ -53,6 +53,8 @@ Q_SIGNALS:
     void wantedDocument(std::int64_t key);
     /// The one that is shown is a new draft to go on with.
     void madeDraft(std::int64_t key);
+    /// The client that was asked for is there.
+    void madeClient(const QString& id);
     void told(const QString& sentence);
     void failed(const QString& sentence);
 

@@ -81,6 +81,7 @@ void DocumentPane::connectCommands()
             beginEditing();
         }
     });
+    connect(m_commands, &DocumentCommands::madeClient, m_editor, &DraftEditor::setClient);
     connect(m_commands, &DocumentCommands::told, this, &DocumentPane::told);
     connect(m_commands, &DocumentCommands::failed, this, &DocumentPane::failed);
 }
@@ -117,6 +118,11 @@ std::optional<PageJob> DocumentPane::page()
 void DocumentPane::flush()
 {
     m_editor->flush();
+}
+
+QString DocumentPane::unsavedWork() const
+{
+    return m_editor->unsavedWork();
 }
 
 bool DocumentPane::isDraft() const

@@ -39,6 +39,8 @@ public:
     void endEditing();
     [[nodiscard]] bool isEditing() const { return m_isEditing; }
     void flush();
+    /// What would be lost if the program ended now, as a sentence. Empty: nothing.
+    [[nodiscard]] QString unsavedWork() const;
 
     /// What can be done to the document, for the window's menu.
     [[nodiscard]] QList<QAction*> documentActions() const;

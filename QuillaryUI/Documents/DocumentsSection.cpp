@@ -229,6 +229,11 @@ void DocumentsSection::flush()
     m_pane->flush();
 }
 
+QString DocumentsSection::unsavedWork() const
+{
+    return m_pane->unsavedWork();
+}
+
 void DocumentsSection::refreshDay()
 {
     m_model->refreshDay();

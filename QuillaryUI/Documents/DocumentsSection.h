@@ -50,6 +50,8 @@ public:
 
     void find() override;
     void flush() override;
+    /// What the library couldn't take yet and would be lost if the program ended now, as a sentence. Empty: nothing.
+    [[nodiscard]] QString unsavedWork() const;
     void refreshDay() override;
 
     /// Shows only those of a status. Empty code: in every currency; also below.

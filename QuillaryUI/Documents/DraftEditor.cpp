@@ -15,9 +15,11 @@
 #include "QuillaryUI/Documents/LinesPanel.h"
 #include "QuillaryUI/Documents/PresetButton.h"
 #include "QuillaryUI/Documents/ReviewPanel.h"
+#include "QuillaryUI/Look/Theme.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -70,8 +72,13 @@ DraftEditor::DraftEditor(LibraryAccess& library, QWidget* parent)
     m_pause.setInterval(pause);
     connect(&m_pause, &QTimer::timeout, this, &DraftEditor::flush);
     connect(&library, &LibraryAccess::changed, this, &DraftEditor::reload);
-    connect(&library, &LibraryAccess::opened, this, &DraftEditor::reload);
+    connect(&library, &LibraryAccess::opened, this, [this] {
+        m_desk.retry();
+        reload();
+    });
     connect(&library, &LibraryAccess::closing, this, &DraftEditor::flush);
+    connect(&m_desk, &DraftDesk::waitingChanged, this, &DraftEditor::showWaiting);
+    connect(&m_desk, &DraftDesk::refused, this, &DraftEditor::failed);
     connect(m_fields, &DraftFields::typing, this, &DraftEditor::whenTyped);
     connect(&m_lines->lines(), &LinesModel::typing, this, &DraftEditor::whenTyped);
 }
@@ -83,6 +90,8 @@ void DraftEditor::build()
     column->setContentsMargins(border, border, border, border);
     column->setSpacing(12);
     setWidget(page);
+    buildWaiting();
+    column->addWidget(m_waiting);
     buildReview();
     column->addWidget(m_review);
     auto* head = new QFormLayout;
@@ -97,6 +106,21 @@ void DraftEditor::build()
     column->addWidget(m_filing);
     column->addStretch();
     alignLabels({head, texts, &m_filing->form()});
+}
+
+void DraftEditor::buildWaiting()
+{
+    m_waiting = new QLabel(widget());
+    m_waiting->setObjectName(QStringLiteral("notSavedYet"));
+    m_waiting->setWordWrap(true);
+    m_waiting->setTextFormat(Qt::RichText);
+    m_waiting->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    Theme::tint(*m_waiting, Theme::errorColor());
+    m_waiting->hide();
+    connect(m_waiting, &QLabel::linkActivated, this, [this] {
+        m_desk.retry();
+        showWaiting();
+    });
 }
 
 void DraftEditor::buildReview()
@@ -122,8 +146,7 @@ void DraftEditor::buildClient(QFormLayout& form)
     m_client = new ClientPicker(m_desk.library());
     connect(m_client, &ClientPicker::picked, this, [this](std::int64_t key) {
         if (const Client* client = m_desk.library().context().find(Ref<Client>(key))) {
-            const auto refusal = m_desk.change(tr("Change Document"), "client", Lookup::idText(client->uuid));
-            m_fields->tell("client", refusal.value_or(QString()));
+            setClient(text(Lookup::idText(client->uuid)));
         }
     });
     connect(m_client, &ClientPicker::wantedNew, this, &DraftEditor::wantedClient);
@@ -159,21 +182,21 @@ void DraftEditor::setDocument(std::int64_t key)
     flush();
     m_desk.setDocument(key);
     m_fields->forget();
-    if (m_desk.document() != nullptr) {
-        m_fields->fill(true, [this] { fill(); });
-    }
+    m_desk.look([this](const Document& draft) { m_fields->fill(true, [&] { fill(draft); }); });
 }
 
 void DraftEditor::reload()
 {
-    if (m_desk.document() != nullptr) {
-        m_fields->fill(false, [this] { fill(); });
-    }
+    m_desk.look([this](const Document& draft) { m_fields->fill(false, [&] { fill(draft); }); });
 }
 
-void DraftEditor::fill()
+void DraftEditor::setClient(const QString& id)
 {
-    const Document& draft = *m_desk.document();
+    m_fields->tell("client", m_desk.change(tr("Change Document"), "client", utf8(id)).value_or(QString()));
+}
+
+void DraftEditor::fill(const Document& draft)
+{
     if (m_fields->isOther() || !m_client->hasFocus() || m_client->client() != draft.client.key()) {
         m_client->setClient(draft.client.key());
     }
@@ -238,8 +261,27 @@ std::optional<PageJob> DraftEditor::typedPage()
 void DraftEditor::flush()
 {
     m_pause.stop();
+    m_desk.retry();
     m_lines->lines().saveTyping();
     m_fields->save();
+}
+
+/// The window tells of it, too: the form may not be in sight.
+void DraftEditor::showWaiting()
+{
+    m_waiting->setVisible(m_desk.isWaiting());
+    m_waiting->setText(tr("Not saved yet: %1 <a href=\"again\">Try again</a>").arg(m_desk.reason().toHtmlEscaped()));
+    if (m_desk.isWaiting()) {
+        Q_EMIT failed(unsavedWork());
+        QTimer::singleShot(0, this, &DraftEditor::reload); // nothing else tells of it
+    }
+}
+
+QString DraftEditor::unsavedWork() const
+{
+    return m_desk.isWaiting()
+               ? tr("%1 What you typed is kept here, and saved as soon as that works.").arg(m_desk.reason())
+               : QString();
 }
 
 } // namespace Quillary

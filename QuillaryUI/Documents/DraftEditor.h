@@ -9,6 +9,7 @@
 #include <string>
 
 class QFormLayout;
+class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -38,6 +39,12 @@ public:
     /// Saves what was typed and not saved yet.
     void flush();
 
+    /// Takes a client by their id.
+    void setClient(const QString& id);
+
+    /// What the library couldn't take yet, as a sentence. Empty: nothing.
+    [[nodiscard]] QString unsavedWork() const;
+
     /// The page with what is being typed. No value: nothing is, or it can't be saved like that.
     [[nodiscard]] std::optional<PageJob> typedPage();
 
@@ -56,13 +63,15 @@ Q_SIGNALS:
 
 private:
     void build();
+    void buildWaiting();
     void buildReview();
     void buildHead(QFormLayout& form);
     void buildClient(QFormLayout& form);
     void buildTexts(QFormLayout& form);
     QPlainTextEdit* presetField(QFormLayout& form, const QString& label, const std::string& field);
     void reload();
-    void fill();
+    void fill(const Document& draft);
+    void showWaiting();
     void whenTyped();
     void showField(const QString& field);
 
@@ -70,6 +79,7 @@ private:
     DraftFields* m_fields;
     QTimer m_pause; ///< after the last key
 
+    QLabel* m_waiting = nullptr; ///< says why what was typed isn't saved yet
     ReviewPanel* m_review = nullptr;
     ClientPicker* m_client = nullptr;
     DraftDates* m_dates = nullptr;

@@ -38,7 +38,7 @@ std::vector<std::string> tagsOf(const QString& typed)
 
 } // namespace
 
-DraftFiling::DraftFiling(const DraftDesk& desk, DraftFields& fields, QWidget* parent)
+DraftFiling::DraftFiling(DraftDesk& desk, DraftFields& fields, QWidget* parent)
     : QWidget(parent)
     , m_desk(desk)
     , m_fields(fields)
@@ -78,13 +78,11 @@ void DraftFiling::addProject()
 {
     m_project = new ProjectBox(m_desk.library(), tr("No project"));
     connect(m_project, &QComboBox::activated, this, [this] {
-        const LibraryAccess& library = m_desk.library();
-        const auto refusal = library.attempt([&] {
-            if (const Document* draft = m_desk.document()) {
-                const Project* project = library.context().find(Ref<Project>(m_project->project()));
-                DocumentActions::setProject(library.desk(), *draft, project);
-            }
-        });
+        const auto work = [&library = m_desk.library(), key = m_project->project()](const Document& draft) {
+            const Project* project = library.context().find(Ref<Project>(key));
+            DocumentActions::setProject(library.desk(), draft, project);
+        };
+        const auto refusal = m_desk.perform(tr("Project"), work);
         m_fields.tell("project", refusal.value_or(QString()));
     });
     m_fields.addRow(*m_form, tr("Project"), "project", m_project);
@@ -96,12 +94,10 @@ void DraftFiling::addTags()
     m_tags->setPlaceholderText(tr("With commas between them"));
     connect(m_tags, &QLineEdit::textEdited, this, [this] {
         m_fields.typedApart("tags", [this] {
-            const LibraryAccess& library = m_desk.library();
-            return library.attempt([&] {
-                if (const Document* draft = m_desk.document()) {
-                    DocumentActions::setTags(library.desk(), *draft, tagsOf(m_tags->text()));
-                }
-            });
+            const auto work = [&library = m_desk.library(), tags = tagsOf(m_tags->text())](const Document& draft) {
+                DocumentActions::setTags(library.desk(), draft, tags);
+            };
+            return m_desk.perform(tr("Tags"), work);
         });
     });
     m_fields.addRow(*m_form, tr("Tags"), "tags", m_tags);

@@ -21,7 +21,7 @@ class DraftFiling : public QWidget
     Q_OBJECT
 
 public:
-    DraftFiling(const DraftDesk& desk, DraftFields& fields, QWidget* parent);
+    DraftFiling(DraftDesk& desk, DraftFields& fields, QWidget* parent);
 
     void fill(const Document& draft);
 
@@ -36,7 +36,7 @@ private:
     void addLanguage();
     void addCurrency();
 
-    const DraftDesk& m_desk;
+    DraftDesk& m_desk;
     DraftFields& m_fields;
     QToolButton* m_more;
     QWidget* m_folded;

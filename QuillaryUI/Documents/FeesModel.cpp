@@ -19,13 +19,16 @@ FeesModel::FeesModel(DraftDesk& desk, QObject* parent)
 
 void FeesModel::reload()
 {
+    if (!m_desk.library().isOpen()) {
+        return; // what is shown comes back with it
+    }
     std::vector<Entry> fees;
-    if (const Document* draft = m_desk.document()) {
-        m_currencyCode = draft->currencyCode;
-        for (const Fee* fee : sortedFees(m_desk.library().context(), *draft)) {
+    m_desk.look([&](const Document& draft) {
+        m_currencyCode = draft.currencyCode;
+        for (const Fee* fee : sortedFees(m_desk.library().context(), draft)) {
             fees.push_back({Quillary::text(fee->title), fee->amountMinorUnits, fee->vatBasisPoints});
         }
-    }
+    });
     const int before = feeCount();
     const int after = int(fees.size());
     if (after > before) {

@@ -42,22 +42,25 @@ LinesModel::LinesModel(DraftDesk& desk, QObject* parent)
 
 void LinesModel::reload()
 {
+    if (!m_desk.library().isOpen()) {
+        return; // what is shown comes back with it
+    }
     std::vector<Line> lines;
-    if (const Document* draft = m_desk.document()) {
+    m_desk.look([&](const Document& draft) {
         const AssistantEnvironment& environment = m_desk.library().environment();
         const UnitLibrary units(environment.context, environment.ownBusiness());
-        m_currencyCode = draft->currencyCode;
-        for (const LineItem* line : linesInOrder(environment.context, *draft)) {
+        m_currencyCode = draft.currencyCode;
+        for (const LineItem* line : linesInOrder(environment.context, draft)) {
             lines.push_back({.title = Quillary::text(line->title),
                              .details = Quillary::text(line->details),
                              .quantityThousandths = line->quantityThousandths,
-                             .unit = Quillary::text(unitLabel(*line, language(*draft), units)),
+                             .unit = Quillary::text(unitLabel(*line, language(draft), units)),
                              .unitPriceMinorUnits = line->unitPriceMinorUnits,
                              .taxBasisPoints = line->vatBasisPoints,
                              .amountMinorUnits = Quillary::amount(*line),
                              .isChild = bool(line->parent)});
         }
-    }
+    });
     // Rows come and go at the end, so that an open editor stays where it is: the empty row has become a line.
     const int before = lineCount();
     const int after = int(lines.size());

@@ -26,6 +26,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -148,8 +150,10 @@ void MainWindow::present()
 void MainWindow::end()
 {
     m_isEnding = true;
-    close();
-    QCoreApplication::quit();
+    if (close()) {
+        QCoreApplication::quit();
+    }
+    m_isEnding = false;
 }
 
 /// Starting the program anew is no way around the lock.
@@ -370,11 +374,31 @@ void MainWindow::restoreLayout()
     restoreGeometry(QSettings().value(geometryKey).toByteArray());
 }
 
+/// Nothing else asks before the program ends: all else is saved as it is typed.
+bool MainWindow::mayLoseWork()
+{
+    for (const DocumentsSection* section : findChildren<DocumentsSection*>()) {
+        if (const QString unsaved = section->unsavedWork(); !unsaved.isEmpty()) {
+            QMessageBox question(QMessageBox::Warning, tr("Not Saved Yet"), unsaved, {}, this);
+            question.setObjectName(QStringLiteral("notSavedQuestion"));
+            const QPushButton* leave = question.addButton(tr("Close Without Saving"), QMessageBox::DestructiveRole);
+            question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+            question.exec();
+            return question.clickedButton() == leave;
+        }
+    }
+    return true;
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     flush();
     QSettings().setValue(geometryKey, saveGeometry());
     const bool stays = m_tray->refresh() && !m_isEnding;
+    if (!stays && !mayLoseWork()) {
+        event->ignore();
+        return;
+    }
     QGuiApplication::setQuitOnLastWindowClosed(!stays);
     event->accept(); // a closed window is shown again as a hidden one is
 }

@@ -78,6 +78,7 @@ private:
     void buildWarning();
     void addSections(const ProgramPlaces& places);
     [[nodiscard]] Section* makeOverview(QWidget* parent);
+    [[nodiscard]] bool mayLoseWork();
     void addTimer();
     void listenTo(Section* section) const;
     void showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);

@@ -15,12 +15,15 @@
 #include "QuillaryCore/Store/Statement.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Documents/DocumentListModel.h"
+#include "QuillaryUI/Documents/DocumentPane.h"
+#include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/PaperView.h"
 #include "QuillaryUI/Settings/DataPage.h"
+#include "tests/Store/FullDisk.h"
 #include "tests/Support/TempFolder.h"
 
 #include <QAbstractButton>
@@ -540,6 +543,52 @@ TEST_F(WindowJourneyTest, keepsATextWithItsDocument)
     context().undo();
     context().undo();
     EXPECT_TRUE(comesTrue([&] { return context().find(Ref<Document>(first))->title.empty(); }));
+}
+
+TEST_F(WindowJourneyTest, keepsWhatTheDiskHasNoRoomForUntilThereIsSome)
+{
+    putOffFirstStart();
+    auto& section = dynamic_cast<DocumentsSection&>(*invoices());
+    section.makeNew();
+    QCoreApplication::processEvents();
+    const Ref<Document> other = context().first<Document>("")->ref;
+    section.makeNew();
+    QCoreApplication::processEvents();
+    const Ref<Document> draft(section.pane().document());
+    auto& title = find<QLineEdit>("title", invoices());
+    auto& waiting = find<QLabel>("notSavedYet", invoices());
+    {
+        const FullDisk disk(0);
+        QTest::keyClicks(&title, QStringLiteral("Relaunch"));
+        typeCell(0, LinesModel::description, QStringLiteral("Concept"));
+        typeCell(0, LinesModel::price, QStringLiteral("250")); // of a line that isn't there yet
+        EXPECT_TRUE(find<QLabel>("totals", invoices()).text().contains(QStringLiteral("250.00")));
+        section.flush();
+        EXPECT_TRUE(waiting.isVisible() && waiting.text().contains(QStringLiteral("is full")));
+        EXPECT_TRUE(find<QLabel>("warningText").text().contains(QStringLiteral("kept here")));
+
+        section.showDocument(other.key());
+        section.pane().beginEditing();
+        EXPECT_EQ(title.text(), QString());
+        section.showDocument(draft.key());
+        section.pane().beginEditing();
+        EXPECT_EQ(title.text(), QStringLiteral("Relaunch"));
+        section.showDocument(other.key());
+
+        bool wasAsked = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto* question = desktop->window().findChild<QMessageBox*>(QStringLiteral("notSavedQuestion"));
+            wasAsked = question != nullptr;
+            question->button(QMessageBox::Cancel)->click();
+        });
+        EXPECT_FALSE(desktop->window().close());
+        EXPECT_TRUE(wasAsked);
+        EXPECT_EQ(context().find(draft)->title, "");
+    }
+    EXPECT_TRUE(comesTrue([&] { return context().find(draft)->title == "Relaunch"; })); // by itself
+    EXPECT_EQ(context().find(draft)->cachedNetMinorUnits, 25'000);
+    EXPECT_EQ(context().find(other)->title, "");
+    EXPECT_TRUE(section.unsavedWork().isEmpty());
 }
 
 TEST_F(WindowJourneyTest, asksAboutANewAssistantAndTakesTheQuestionBack)
