@@ -4,18 +4,18 @@
 
 #include <QObject>
 
-#include <optional>
-
 class QComboBox;
 class QFormLayout;
 class QLineEdit;
 
 namespace Quillary {
 
+class ChargesModel;
+class DiscountsModel;
 class DraftFields;
 class FeesModel;
 
-/// What comes off the lines of a draft and on top of them: the discount, the fees, and how it is taxed.
+/// What comes off the lines of a draft and on top of them: the discounts, the fees, and how it is taxed.
 class DraftCharges : public QObject
 {
     Q_OBJECT
@@ -27,17 +27,15 @@ public:
     void fill(const Document& draft);
 
 private:
-    void addDiscount();
-    void addFees();
+    void addTable(const QString& label, const char* field, ChargesModel& model);
     void addTax();
-    [[nodiscard]] std::optional<JSON> readDiscount(const QString& typed) const;
     void changeTax(int choice);
 
     DraftDesk& m_desk;
     DraftFields& m_fields;
     QFormLayout& m_form;
+    DiscountsModel* m_discounts;
     FeesModel* m_fees;
-    QLineEdit* m_discount = nullptr;
     QComboBox* m_tax = nullptr;
     QLineEdit* m_taxNote = nullptr;
 };

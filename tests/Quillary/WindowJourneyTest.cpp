@@ -496,6 +496,22 @@ TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
     fees.model()->setData(fees.model()->index(0, 0), QStringLiteral("Shipping"));
     fees.model()->setData(fees.model()->index(0, 1), QStringLiteral("12,50"));
     EXPECT_EQ(net(), 145'350);
+    auto& discounts = find<QTableView>("discounts", quotes);
+    const auto typeDiscount = [&](int row, int column, const char* typed) {
+        discounts.model()->setData(discounts.model()->index(row, column), QString::fromLatin1(typed));
+    };
+    typeDiscount(0, 1, "10%");
+    typeDiscount(1, 0, "Loyalty");
+    typeDiscount(1, 1, "41");
+    EXPECT_EQ(net(), 126'840);
+    typeDiscount(0, 1, "many"); // stays as it is
+    EXPECT_FALSE(find<QLabel>("discountsError", quotes).text().isEmpty());
+    discounts.setCurrentIndex(discounts.model()->index(1, 0));
+    QTest::keyClick(&discounts, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(discounts.model()->index(0, 0).data().toString(), QStringLiteral("Loyalty"));
+    typeDiscount(0, 1, "20%"); // a percentage in place of the amount
+    QTest::keyClick(&discounts, Qt::Key_Delete);
+    EXPECT_EQ(net(), 130'940);
 
     // The page shows what is typed before it is saved, and looking changes nothing.
     const auto lastStep = context().undoName();
@@ -513,7 +529,7 @@ TEST_F(WindowJourneyTest, typesPastesAndArrangesAQuoteThatBecomesAnInvoice)
     find<QWidget>("documentPane", quotes).findChild<QAction*>(QStringLiteral("makeInvoice"))->trigger();
     const Document* invoice = context().first<Document>("kindRaw = 0");
     ASSERT_NE(invoice, nullptr);
-    EXPECT_EQ(invoice->cachedNetMinorUnits, 145'350);
+    EXPECT_EQ(invoice->cachedNetMinorUnits, 130'940);
     auto& related = find<QLabel>("relatedDocuments", invoices());
     EXPECT_TRUE(related.text().contains(QStringLiteral("Quote")));
     Q_EMIT related.linkActivated(QString::number(quote.key()));

@@ -9,7 +9,6 @@
 #include "QuillaryCore/Model/CatalogItem.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
-#include "QuillaryCore/Model/Discount.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/DocumentContents.h"
 #include "QuillaryCore/Model/Limits.h"
@@ -228,31 +227,6 @@ const Document& DocumentSession::lastInvoice()
         throw AssistantError(fmt::format("{} has no earlier invoice to copy.", plainText(displayName(*client()))));
     }
     return *last;
-}
-
-void DocumentSession::applyDiscount(const Arguments& arguments)
-{
-    const std::optional<std::int32_t> percent = arguments.rate("discount_percent");
-    const std::optional<std::int64_t> amount = arguments.amount(
-        "discount_amount", "discount", m_document.currencyCode, Sign::notNegative, Limits::discountMinorUnits);
-    if (!percent && !amount) {
-        return;
-    }
-    if (percent.value_or(0) != 0 && amount.value_or(0) != 0) {
-        throw AssistantError("Give “discount_percent” or “discount_amount”, not both.");
-    }
-    Context& context = m_environment.context;
-    for (const Discount* discount : sortedDiscounts(context, m_document)) {
-        context.erase(*discount);
-    }
-    if (percent.value_or(0) == 0 && amount.value_or(0) == 0) {
-        return;
-    }
-    Discount& discount = context.insert<Discount>();
-    discount.document = m_document.ref;
-    discount.kindRaw = amount.value_or(0) != 0 ? 1 : 0;
-    discount.basisPoints = percent.value_or(0);
-    discount.amountMinorUnits = amount.value_or(0);
 }
 
 } // namespace Quillary

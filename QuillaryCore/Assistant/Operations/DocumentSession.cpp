@@ -123,6 +123,7 @@ void DocumentSession::apply(const Arguments& arguments)
     }
     applyLines(arguments);
     applyDiscount(arguments);
+    applyDiscounts(arguments);
     applyFees(arguments);
     if (client() != nullptr && client() == oldClient) {
         rememberAnswers(arguments);

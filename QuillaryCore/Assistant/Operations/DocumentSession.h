@@ -16,6 +16,7 @@
 namespace Quillary {
 
 struct Client;
+struct Discount;
 struct Document;
 struct Fee;
 struct LineItem;
@@ -38,7 +39,9 @@ public:
 
     /// Applies all arguments, numbers the document and brings its figures up to date. Beside those that are offered to
     /// assistants, the window uses "valid_until" (a quote's last day) and "add_fees", "change_fees" and "remove_fees",
-    /// made like those of lines: "fee" is its number, "title", "amount" and "tax_rate" say what it is.
+    /// made like those of lines: "fee" is its number, "title", "amount" and "tax_rate" say what it is, "place" where it
+    /// is to stand. The same with "discounts": "discount" is the number, and one is a "discount_percent" or a
+    /// "discount_amount".
     void apply(const Arguments& arguments);
 
     /// Which tracked time of the client goes on the document, and how.
@@ -79,7 +82,16 @@ private:
     void tellOwnExemption();
     void rememberAnswers(const Arguments& arguments);
     void applyLines(const Arguments& arguments);
+    /// What a discount is to be; at most one of them.
+    struct DiscountWish
+    {
+        std::optional<std::int32_t> basisPoints;
+        std::optional<std::int64_t> amountMinorUnits;
+    };
+    [[nodiscard]] DiscountWish discountWish(const Arguments& arguments) const;
     void applyDiscount(const Arguments& arguments);
+    void applyDiscounts(const Arguments& arguments);
+    void fillDiscount(Discount& discount, const Arguments& arguments) const;
     void applyValidity(const Arguments& arguments);
     void applyFees(const Arguments& arguments);
     void fillFee(Fee& fee, const Arguments& arguments) const;
