@@ -64,6 +64,7 @@ void DraftCharges::changeTax(int choice)
     } else if (treatment == TaxTreatment::exempt) {
         arguments = JSON::object({{"tax_exempt", true}});
     }
+    m_fields.touch("tax");
     m_fields.tell("tax", m_desk.change(tr("Change Tax"), arguments).value_or(QString()));
 }
 

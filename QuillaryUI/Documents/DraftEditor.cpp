@@ -1,6 +1,7 @@
 #include "QuillaryUI/Documents/DraftEditor.h"
 
 #include "QuillaryCore/Assistant/Description/Lookup.h"
+#include "QuillaryCore/Assistant/Operations/FilledIn.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Model/Client.h"
@@ -207,6 +208,7 @@ void DraftEditor::fill(const Document& draft)
     m_charges->fill(draft);
     m_fields->put(*m_outro, text(draft.outroText));
     m_filing->fill(draft);
+    m_fields->showFilledIn(FilledIn::fields(m_desk.library().environment(), draft));
     m_review->reload();
 }
 

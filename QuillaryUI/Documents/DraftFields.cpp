@@ -3,6 +3,7 @@
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryUI/Look/Theme.h"
 
+#include <QApplication>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,16 @@ namespace Quillary {
 namespace {
 
 constexpr int textHeight = 64;
+
+void setFilledIn(QWidget& widget, bool isFilledIn)
+{
+    constexpr const char* property = "filledIn";
+    if (widget.property(property).toBool() != isFilledIn) {
+        widget.setProperty(property, isFilledIn);
+        widget.setAccessibleDescription(isFilledIn ? DraftFields::tr("Filled in") : QString());
+        Theme::tint(widget, QApplication::palette().color(isFilledIn ? QPalette::PlaceholderText : QPalette::Text));
+    }
+}
 
 /// Saving trims a text: while somebody types, the blank that they have just typed is theirs.
 bool differs(const QString& shown, const QString& stored, bool isTyping)
@@ -126,6 +137,7 @@ void DraftFields::typed(const std::string& field, Reading reading)
 {
     if (!m_isFilling) {
         m_unsaved[field] = {std::move(reading), {}};
+        touch(field);
         Q_EMIT typing();
     }
 }
@@ -139,6 +151,7 @@ void DraftFields::typedApart(const std::string& field, std::function<std::option
 {
     if (!m_isFilling) {
         m_unsaved[field] = {{}, std::move(save)};
+        touch(field);
         Q_EMIT typing();
     }
 }
@@ -171,9 +184,25 @@ void DraftFields::save()
 void DraftFields::forget()
 {
     m_unsaved.clear();
+    m_touched.clear();
     for (const auto& [field, label] : m_errors) {
         label->clear();
         label->hide();
+    }
+}
+
+void DraftFields::touch(const std::string& field)
+{
+    m_touched.insert(field);
+    if (QWidget* touched = widget(field)) {
+        setFilledIn(*touched, false);
+    }
+}
+
+void DraftFields::showFilledIn(const std::set<std::string, std::less<>>& fields)
+{
+    for (const auto& [name, widget] : m_widgets) {
+        setFilledIn(*widget, fields.contains(name) && !m_touched.contains(name));
     }
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 class QFormLayout;
@@ -59,6 +60,10 @@ public:
     void typedValue(const std::string& field, std::function<JSON()> value);
     /// The same for a field that an operation of its own saves.
     void typedApart(const std::string& field, std::function<std::optional<QString>()> save);
+    /// Somebody chose something in the field, which saved it at once.
+    void touch(const std::string& field);
+    /// These hold what nobody typed, and look like it until somebody touches them.
+    void showFilledIn(const std::set<std::string, std::less<>>& fields);
     void tell(const std::string& field, const QString& sentence);
     void forget();
 
@@ -86,6 +91,7 @@ private:
     std::map<std::string, Unsaved> m_unsaved;
     std::map<std::string, QLabel*> m_errors;
     std::map<std::string, QWidget*> m_widgets;
+    std::set<std::string, std::less<>> m_touched;
 };
 
 } // namespace Quillary

@@ -112,6 +112,7 @@ void DraftFiling::addLanguage()
     connect(m_language, &QComboBox::activated, this, [this] {
         const auto refusal =
             m_desk.change(tr("Change Document"), "language", utf8(m_language->currentData().toString()));
+        m_fields.touch("language");
         m_fields.tell("language", refusal.value_or(QString()));
     });
     m_fields.addRow(*m_form, tr("Language"), "language", m_language);

@@ -42,6 +42,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTest>
@@ -551,6 +552,15 @@ TEST_F(WindowJourneyTest, keepsATextWithItsDocument)
     const std::int64_t first = context().first<Document>("")->ref.key();
     auto& title = find<QLineEdit>("title", invoices());
     title.setFocus();
+    auto& terms = find<QSpinBox>("payment_terms_days", invoices()); // as the settings have them, until they are touched
+    EXPECT_EQ(terms.accessibleDescription(), QStringLiteral("Filled in"));
+    EXPECT_EQ(title.accessibleDescription(), QString());
+    terms.stepUp();
+    EXPECT_EQ(terms.accessibleDescription(), QString());
+    terms.stepDown(); // the same again, but now it is the user's
+    find<DraftEditor>("draftEditor", invoices()).flush();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(terms.accessibleDescription(), QString());
     QTest::keyClicks(&title, QStringLiteral("First "));
     EXPECT_TRUE(comesTrue([&] { return context().first<Document>("")->title == "First"; }));
     EXPECT_EQ(title.text(), QStringLiteral("First ")); // the blank before the next word
