@@ -69,10 +69,7 @@ void Road::finish(const EmailOutcome& outcome) const
             tell("failed", *refusal);
         }
     }
-    tell("told",
-         email.isOpened ? EmailSheet::tr("The email is open in your mail program. It goes out when you send it there.")
-                        : EmailSheet::tr("Open this draft with your mail program and send it there: %1")
-                              .arg(text(email.file.string())));
+    tell("told", EmailSheet::success(email));
 }
 
 const Document* documentOf(const LibraryAccess& library, std::int64_t key)
@@ -96,6 +93,13 @@ EmailSheet::EmailSheet(LibraryAccess& library, std::int64_t document, QWidget* h
     setWidest(sheetWidth);
     build();
     onAnswer([this] { return prepare(); });
+}
+
+QString EmailSheet::success(const PreparedEmail& email)
+{
+    return email.isOpened
+               ? tr("The email is open in your mail program. It goes out when you send it there.")
+               : tr("Open this draft with your mail program and send it there: %1").arg(text(email.file.string()));
 }
 
 void EmailSheet::build()

@@ -13,6 +13,7 @@ class QPlainTextEdit;
 namespace Quillary {
 
 struct MailDraft;
+struct PreparedEmail;
 
 /// The email with a document: whom it goes to, its words from the user's template, and the PDF. It becomes a draft of the
 /// mail program; nothing is sent.
@@ -24,6 +25,9 @@ public:
     EmailSheet(LibraryAccess& library, std::int64_t document, QWidget* host);
 
     void begin();
+
+    /// What is told of an email that is prepared.
+    [[nodiscard]] static QString success(const PreparedEmail& email);
 
 private:
     void build();

@@ -1,13 +1,17 @@
 #include "QuillaryUI/Documents/ReminderSheet.h"
 
 #include "QuillaryCore/Documents/DocumentName.h"
+#include "QuillaryCore/Letters/EmailDraft.h"
 #include "QuillaryCore/Model/Business.h"
+#include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/EmailSheet.h"
 #include "QuillaryUI/Documents/ReminderWriting.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Look/CoreText.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
@@ -15,8 +19,8 @@
 #include <QLocale>
 #include <QPointer>
 
-#include <filesystem>
 #include <variant>
+#include <vector>
 
 namespace Quillary {
 
@@ -27,6 +31,8 @@ ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWid
     , m_level(new QComboBox(this))
     , m_fee(new QLineEdit(this))
     , m_payBy(new QDateEdit(this))
+    , m_email(new QCheckBox(tr("Prepare an email with the letter"), this))
+    , m_to(new QLineEdit(this))
 {
     for (const ReminderLevel level : {ReminderLevel::first, ReminderLevel::second, ReminderLevel::final}) {
         m_level->addItem(CoreText::word(title(level)), int(level));
@@ -39,8 +45,20 @@ ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWid
     form().addRow(tr("Level"), m_level);
     form().addRow(tr("Late fee"), m_fee);
     form().addRow(tr("To be paid by"), m_payBy);
+    offerEmail();
     connect(m_level, &QComboBox::activated, this, &ReminderSheet::changeLevel);
     onAnswer([this] { return write(); });
+}
+
+void ReminderSheet::offerEmail()
+{
+    m_email->setObjectName(QStringLiteral("reminderEmail"));
+    m_to->setObjectName(QStringLiteral("reminderEmailTo"));
+    m_to->setPlaceholderText(tr("Addresses, with commas between them"));
+    form().addRow(QString(), m_email);
+    form().addRow(tr("To"), m_to);
+    form().setRowVisible(m_to, false);
+    connect(m_email, &QCheckBox::toggled, this, [this](bool isWanted) { form().setRowVisible(m_to, isWanted); });
 }
 
 Instant ReminderSheet::today() const
@@ -54,6 +72,11 @@ void ReminderSheet::begin()
     const Document& document = *m_library.context().find(Ref<Document>(m_document));
     setExplanation(tr("The letter for %1 is saved as a PDF in your downloads. Nothing is sent by itself.")
                        .arg(CoreText::sentence(documentName(document))));
+    Context& context = m_library.context();
+    if (const Client* client = context.find(document.client)) {
+        const std::vector<EmailRecipient> known = EmailDraft::recipients(context, *client);
+        m_to->setText(known.empty() ? QString() : text(known.front().address));
+    }
     show(nextReminder(m_library.context(), document, m_library.business(), today(), m_library.formats().calendar()));
     open(m_level);
 }
@@ -111,17 +134,22 @@ void ReminderSheet::print(const ReminderNotice& notice)
             QMetaObject::invokeMethod(pane, signal, Q_ARG(QString, sentence));
         }
     };
-    ReminderWriting::write(m_library,
-                           {.document = m_document, .notice = notice},
-                           m_library.environment().printer().downloadsFolder(),
-                           [tellFrom](const ReminderWriting::Outcome& outcome) {
-                               if (const auto* file = std::get_if<std::filesystem::path>(&outcome)) {
-                                   tellFrom("told",
-                                            tr("The reminder is recorded; its letter is %1").arg(text(file->string())));
-                               } else {
-                                   tellFrom("failed", std::get<QString>(outcome));
-                               }
-                           });
+    ReminderWriting::write(
+        m_library,
+        {.document = m_document,
+         .notice = notice,
+         .emailTo = m_email->isChecked() ? std::optional(utf8(m_to->text().trimmed())) : std::nullopt},
+        m_library.environment().printer().downloadsFolder(),
+        [tellFrom](const ReminderWriting::Outcome& outcome) {
+            if (const auto* sentence = std::get_if<QString>(&outcome)) {
+                tellFrom("failed", *sentence);
+                return;
+            }
+            const auto& written = std::get<WrittenReminder>(outcome);
+            const QString recorded = tr("The reminder is recorded; its letter is %1").arg(text(written.file.string()));
+            tellFrom("told",
+                     written.email ? tr("%1. %2").arg(recorded, EmailSheet::success(*written.email)) : recorded);
+        });
 }
 
 } // namespace Quillary

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+class QCheckBox;
 class QComboBox;
 class QDateEdit;
 class QLineEdit;
@@ -13,7 +14,8 @@ class QLineEdit;
 namespace Quillary {
 
 /// Writes a payment reminder: its level, fee and the day to pay by are as the settings have them, unless something else
-/// is said. The letter lies as a PDF before the reminder is recorded.
+/// is said. The letter lies as a PDF before the reminder is recorded; if it is wanted a draft of an email with it goes
+/// to the mail program. Nothing is sent.
 class ReminderSheet : public Sheet
 {
     Q_OBJECT
@@ -28,6 +30,7 @@ private:
     void changeLevel();
     [[nodiscard]] Instant today() const;
     [[nodiscard]] std::optional<QString> write();
+    void offerEmail();
     void print(const ReminderNotice& notice);
 
     LibraryAccess& m_library;
@@ -35,6 +38,8 @@ private:
     QComboBox* m_level;
     QLineEdit* m_fee;
     QDateEdit* m_payBy;
+    QCheckBox* m_email;
+    QLineEdit* m_to;
 };
 
 } // namespace Quillary

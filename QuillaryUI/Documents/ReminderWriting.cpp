@@ -1,5 +1,6 @@
 #include "QuillaryUI/Documents/ReminderWriting.h"
 
+#include "QuillaryCore/Assistant/Operations/LetterMail.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Letters/LetterFileName.h"
@@ -27,6 +28,8 @@ struct Letter
     PlannedReminder planned;
     std::filesystem::path folder;
     std::string name;
+    std::optional<MailDraft> mail; ///< made first: its words count what is due without this reminder
+    AssistantHost* host = nullptr;
 };
 
 struct Words
@@ -60,7 +63,7 @@ void record(const Letter& letter)
     }
 }
 
-Outcome finish(const Letter& letter, const PrintResult& result)
+Outcome lay(const Letter& letter, const PrintResult& result)
 {
     if (const auto* error = std::get_if<PrintError>(&result)) {
         return CoreText::sentence(error->message());
@@ -80,10 +83,38 @@ Outcome finish(const Letter& letter, const PrintResult& result)
             std::filesystem::remove(file, ignored); // a letter of a reminder that there isn't
             throw;
         }
-        return file;
+        return WrittenReminder{.file = std::move(file), .email = {}};
     } catch (const UserError& error) {
         return CoreText::sentence(error.message());
     }
+}
+
+void finish(Letter letter, const PrintResult& result, const std::function<void(const Outcome&)>& reply)
+{
+    const Outcome outcome = lay(letter, result);
+    const auto* written = std::get_if<WrittenReminder>(&outcome);
+    if (written == nullptr || !letter.mail) {
+        reply(outcome);
+        return;
+    }
+    letter.mail->attachments = {{written->file.filename().string(), std::get<PrintedPDF>(result).bytes}};
+    letter.host->prepareEmail(
+        *std::move(letter.mail), letter.name, [reply, file = written->file](const EmailOutcome& email) {
+            if (const auto* sentence = std::get_if<std::string>(&email)) {
+                reply(Words::tr("The reminder is recorded and its letter is %1, but there is no "
+                                "email. %2")
+                          .arg(text(file.string()), text(*sentence)));
+            } else {
+                reply(WrittenReminder{file, std::get<PreparedEmail>(email)});
+            }
+        });
+}
+
+std::optional<MailDraft>
+mailOf(const AssistantEnvironment& environment, const Document& document, const PlannedReminder& planned)
+{
+    return planned.emailTo ? std::optional(letterMail(environment, document, &planned.notice, *planned.emailTo).draft)
+                           : std::nullopt;
 }
 
 } // namespace
@@ -137,6 +168,11 @@ void write(LibraryAccess& library,
         reply(Words::tr("The invoice isn't there any more."));
         return;
     }
+    std::optional<MailDraft> mail;
+    if (const auto refused = library.attempt([&] { mail = mailOf(library.environment(), *document, planned); })) {
+        reply(*refused);
+        return;
+    }
     Letter waiting{.library = &library,
                    .planned = planned,
                    .folder = folder,
@@ -145,10 +181,12 @@ void write(LibraryAccess& library,
                                                       library.business(),
                                                       planned.notice.details.level,
                                                       planned.notice.date,
-                                                      library.formats().calendar())};
+                                                      library.formats().calendar()),
+                   .mail = std::move(mail),
+                   .host = planned.emailTo ? &library.environment().printer() : nullptr};
     library.press().press(*std::move(page),
                           [waiting = std::move(waiting), reply = std::move(reply)](const PrintResult& result) {
-                              reply(finish(waiting, result));
+                              finish(waiting, result, reply);
                           });
 }
 

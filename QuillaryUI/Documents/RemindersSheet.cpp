@@ -5,6 +5,7 @@
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -30,6 +31,7 @@ RemindersSheet::RemindersSheet(LibraryAccess& library, std::span<const std::int6
     , m_library(library)
     , m_model(new RemindersModel(library, documents, this))
     , m_table(new QTableView(this))
+    , m_email(new QCheckBox(tr("Prepare an email with each letter, to the client's own address"), this))
     , m_paper(new PaperView(library.press(), this))
     , m_page(new LivePage(library.press(), *m_paper))
 {
@@ -39,7 +41,11 @@ RemindersSheet::RemindersSheet(LibraryAccess& library, std::span<const std::int6
         showLetter(row.row());
     });
     onAnswer([this] {
-        Q_EMIT wanted(m_model->sendable());
+        std::vector<PlannedReminder> planned = m_model->sendable();
+        for (PlannedReminder& one : planned) {
+            one.emailTo = m_email->isChecked() ? std::optional<std::string>("") : std::nullopt;
+        }
+        Q_EMIT wanted(std::move(planned));
         return std::nullopt;
     });
 }
@@ -67,6 +73,8 @@ void RemindersSheet::build()
     row->addWidget(m_table, 3);
     row->addWidget(m_paper, 2);
     body().insertLayout(2, row, 1); // below the explanation
+    m_email->setObjectName(QStringLiteral("remindersEmail"));
+    body().insertWidget(3, m_email);
 }
 
 void RemindersSheet::begin()

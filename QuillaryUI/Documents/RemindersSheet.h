@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+class QCheckBox;
 class QTableView;
 
 namespace Quillary {
@@ -37,6 +38,7 @@ private:
     LibraryAccess& m_library;
     RemindersModel* m_model;
     QTableView* m_table;
+    QCheckBox* m_email;
     PaperView* m_paper;
     LivePage* m_page;
 };

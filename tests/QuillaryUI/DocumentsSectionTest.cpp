@@ -16,6 +16,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDateEdit>
@@ -68,6 +69,7 @@ protected:
     DocumentsSectionTest()
     {
         client.name = "Aurora";
+        client.email = "office@aurora.example";
         other.name = "Birk";
         add(0, 3);
         add(0, 4).client = other.ref;
@@ -265,6 +267,7 @@ TEST_F(DocumentsSectionTest, remindsOfSeveralInvoicesAtOnce)
     const QAbstractItemModelTester tester(&model);
     ASSERT_EQ(model.rowCount(), 3);
     EXPECT_EQ(model.sendable().size(), 3U);
+    child<QCheckBox>("remindersEmail").setChecked(true);
     { // paid while the sheet is open
         auto scope = samples.context.beginScope("elsewhere");
         samples.context.edit(*samples.context.first<Document>("number = 'N-4'")).statusRaw = 2;
@@ -274,6 +277,10 @@ TEST_F(DocumentsSectionTest, remindsOfSeveralInvoicesAtOnce)
     EXPECT_TRUE(comesTrue([&] { return told.startsWith(QStringLiteral("2 reminders are recorded")); })) << utf8(told);
     EXPECT_EQ(samples.context.count<Reminder>(""), std::int64_t(files(".pdf"))); // a letter for each, and no other
     EXPECT_EQ(child<QPlainTextEdit>("runFailures").toPlainText().count(QStringLiteral("N-4")), 1);
+    ASSERT_TRUE(samples.host.mail); // the letter goes with it, under its own name
+    EXPECT_EQ(samples.host.mail->to.front().address, "office@aurora.example");
+    EXPECT_EQ(files(samples.host.mail->attachments.front().name), 1U);
+    EXPECT_NE(samples.host.mail->body.find("N-"), std::string::npos);
 }
 
 } // namespace
