@@ -2,9 +2,6 @@
 // until it stands there, a change until it is on the disk. The library, the form and the page engine are the real ones;
 // only the screen is missing. The floor of a key is the same page printed and drawn, with nothing around it.
 
-#include "Quillary/AppEnvironment.h"
-#include "Quillary/Desktop.h"
-#include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Billing/DocumentAmounts.h"
@@ -17,6 +14,8 @@
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
 #include "QuillaryUI/Paper/PaperView.h"
+#include "bench/Support/AtEnd.h"
+#include "tests/Quillary/WindowDesk.h"
 
 #include <QCoreApplication>
 #include <QPlainTextEdit>
@@ -25,10 +24,10 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
 namespace Quillary {
@@ -46,26 +45,32 @@ class Desk
 public:
     static Desk& shared()
     {
-        static Desk desk;
-        return desk;
+        static std::unique_ptr<Desk> desk;
+        if (desk == nullptr) {
+            desk = std::make_unique<Desk>();
+            atEnd([] { desk.reset(); });
+        }
+        return *desk;
     }
 
-    ~Desk()
+    Desk()
     {
-        service->stop();
-        service.reset();
-        desktop.reset();
-        host.reset();
-        fs::remove_all(folder);
+        makeDraft(onePage);
+        makeDraft(tenPages);
+        context().edit(library.business()).name = "Atelier Lindqvist";
+        context().save();
     }
 
     Desk(const Desk&) = delete;
     Desk& operator=(const Desk&) = delete;
 
-    Context& context() { return desktop->library().context(); }
-    const AssistantEnvironment& tools() { return desktop->library().environment(); }
+    Context& context() { return library.context(); }
+    const AssistantEnvironment& tools() { return library.environment(); }
     const Document& draft(int lines) { return *context().first<Document>("title = ?", std::to_string(lines)); }
-    auto& section() { return *dynamic_cast<DocumentsSection*>(desktop->window().section(QStringLiteral("invoices"))); }
+    auto& section()
+    {
+        return *dynamic_cast<DocumentsSection*>(m_window.desktop->window().section(QStringLiteral("invoices")));
+    }
     auto& paper() { return *section().findChild<PaperView*>(); }
 
     void edit(int lines)
@@ -84,40 +89,15 @@ public:
         paper().viewport()->repaint();
     }
 
-    fs::path folder = fs::temp_directory_path() / fmt::format("quillary-bench-{}", std::rand());
-    std::unique_ptr<AppEnvironment> environment;
-    std::unique_ptr<PrintingHost> host;
-    std::unique_ptr<Desktop> desktop;
-    std::unique_ptr<AssistantService> service;
-
 private:
-    Desk()
+    struct Folder
     {
-        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"}) {
-            setenv(name, (folder / name).c_str(), 1);
-        }
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        environment = std::make_unique<AppEnvironment>();
-        host = std::make_unique<PrintingHost>(*environment);
-        host->startApplication(PrintingHost::Windows::shown);
-        desktop = std::make_unique<Desktop>(*environment, *host, ProgramPlaces());
-        service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
-                                                                               .socket = folder / "socket",
-                                                                               .settings = folder / "assistants.json",
-                                                                               .log = folder / "log",
-                                                                               .asker = &desktop->asker(),
-                                                                               .windows = desktop.get()},
-                                                     *environment,
-                                                     *host,
-                                                     [](int) {});
-        service->claim();
-        service->start();
-        makeDraft(onePage);
-        makeDraft(tenPages);
-        context().edit(desktop->library().business()).name = "Atelier Lindqvist";
-        context().save();
-        desktop->show("invoices");
-    }
+        fs::path path = fs::temp_directory_path() / fmt::format("quillary-bench-{}", getpid());
+        Folder() { fs::create_directories(path); }
+        Folder(const Folder&) = delete;
+        Folder& operator=(const Folder&) = delete;
+        ~Folder() { fs::remove_all(path); }
+    };
 
     void makeDraft(int lines)
     {
@@ -133,6 +113,13 @@ private:
         session.apply(Arguments(wish));
         scope.commit();
     }
+
+    Folder m_folder;
+    WindowDesk m_window{m_folder.path};
+
+public:
+    PrintingHost& host = *m_window.host;
+    LibraryAccess& library = m_window.desktop->library();
 };
 
 /// A letter typed into the introduction, until the page shows it.
@@ -159,7 +146,7 @@ void keyFloor(benchmark::State& state)
     const PageJob job = pageJob(tools.context, desk.draft(int(state.range(0))), tools.ownBusiness(), tools.calendar);
     const int width = desk.paper().viewport()->width() - 48; // as the view draws it
     for (auto _ : state) {
-        const PagePicture drawn = desk.host->picture(desk.host->printAndWait(job), 0, width);
+        const PagePicture drawn = desk.host.picture(desk.host.printAndWait(job), 0, width);
         benchmark::DoNotOptimize(drawn.width);
     }
 }
@@ -170,7 +157,7 @@ void line(benchmark::State& state)
     Desk& desk = Desk::shared();
     std::int64_t price = 0;
     for (auto _ : state) {
-        desk.desktop->library().tryOut([&] {
+        desk.library.tryOut([&] {
             JSON changed = JSON::object({{"line", 1}, {"unit_price", std::to_string(100 + (price++ % 50))}});
             const JSON wish = JSON::object({{"change_lines", JSON::array({std::move(changed)})}});
             DocumentSession session = DocumentSession::open(desk.tools(), desk.draft(int(state.range(0))));
@@ -186,7 +173,7 @@ void save(benchmark::State& state)
     Desk& desk = Desk::shared();
     std::int64_t price = 0;
     for (auto _ : state) {
-        static_cast<void>(desk.desktop->library().perform(QStringLiteral("Change"), [&] {
+        static_cast<void>(desk.library.perform(QStringLiteral("Change"), [&] {
             JSON changed = JSON::object({{"line", 1}, {"unit_price", std::to_string(100 + (price++ % 50))}});
             const JSON wish = JSON::object({{"change_lines", JSON::array({std::move(changed)})}});
             DocumentSession::open(desk.tools(), desk.draft(int(state.range(0)))).apply(Arguments(wish));

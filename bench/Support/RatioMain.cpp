@@ -1,10 +1,14 @@
+#include "bench/Support/AtEnd.h"
+
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // The main program of every benchmark: after the times it prints the ratio of each one to its floor. A floor is named
@@ -78,7 +82,18 @@ private:
     std::vector<Measurement> m_measurements;
 };
 
+std::vector<std::function<void()>>& endings()
+{
+    static std::vector<std::function<void()>> endings;
+    return endings;
+}
+
 } // namespace
+
+void atEnd(std::function<void()> work)
+{
+    endings().push_back(std::move(work));
+}
 
 } // namespace Quillary
 
@@ -90,5 +105,8 @@ int main(int argc, char** argv)
     }
     Quillary::RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const auto& end : Quillary::endings()) {
+        end();
+    }
     return 0;
 }

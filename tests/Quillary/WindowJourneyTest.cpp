@@ -1,8 +1,4 @@
 // A person at the window, with the real library, service and page engine; only the screen is missing.
-#include "Quillary/AppEnvironment.h"
-#include "Quillary/Desktop.h"
-#include "Quillary/OpenLibrary.h"
-#include "Quillary/PrintingHost.h"
 #include "QuillaryCore/Foundation/Files.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
@@ -23,6 +19,7 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/PaperView.h"
 #include "QuillaryUI/Settings/DataPage.h"
+#include "tests/Quillary/WindowDesk.h"
 #include "tests/Store/FullDisk.h"
 #include "tests/Support/TempFolder.h"
 
@@ -52,10 +49,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -79,45 +74,6 @@ bool comesTrue(const std::function<bool()>& condition)
 class WindowJourneyTest : public testing::Test
 {
 protected:
-    WindowJourneyTest()
-    {
-        setenv("HOME", home.c_str(), 1);
-        std::filesystem::create_directory(home / "Downloads");
-        setenv("XDG_DATA_HOME", (home / "data").c_str(), 1);
-        setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
-        setenv("XDG_STATE_HOME", (home / "state").c_str(), 1);
-        setenv("LC_ALL", "en_US.UTF-8", 1);
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        environment = std::make_unique<AppEnvironment>();
-        host = std::make_unique<PrintingHost>(*environment);
-        host->startApplication(PrintingHost::Windows::shown);
-        ProgramPlaces places;
-        places.restore = [this](const auto& backup, auto done) {
-            service->restore(backup, std::move(done));
-        };
-        desktop = std::make_unique<Desktop>(*environment, *host, places);
-        service = std::make_unique<AssistantService>(AssistantService::Options{.library = environment->libraryFolder(),
-                                                                               .socket = home / "socket",
-                                                                               .settings = home / "assistants.json",
-                                                                               .log = home / "log",
-                                                                               .asker = &desktop->asker(),
-                                                                               .windows = desktop.get()},
-                                                     *environment,
-                                                     *host,
-                                                     [](int) {});
-        service->claim();
-        service->start();
-        desktop->show("invoices");
-    }
-
-    ~WindowJourneyTest() override
-    {
-        service->stop();
-        service.reset();
-        desktop.reset();
-        host.reset();
-    }
-
     template <class Widget>
     Widget& find(const char* name, QWidget* within = nullptr)
     {
@@ -173,10 +129,8 @@ protected:
     /// That of whoever started this process as a test of its own, if somebody did.
     const char* const lentHome = std::getenv(homeVariable);
     const std::filesystem::path home = lentHome != nullptr ? std::filesystem::path(lentHome) : folder.path();
-    std::unique_ptr<AppEnvironment> environment;
-    std::unique_ptr<PrintingHost> host;
-    std::unique_ptr<Desktop> desktop;
-    std::unique_ptr<AssistantService> service;
+    WindowDesk desk{home};
+    Desktop* desktop = desk.desktop.get();
 };
 
 TEST_F(WindowJourneyTest, readsTheFiguresBesideTheWindowAndFollowsTheLibrary)
@@ -248,12 +202,12 @@ TEST_F(WindowJourneyTest, losesNothingToACrash)
     other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     other.start(QCoreApplication::applicationFilePath(),
                 {QStringLiteral("--gtest_filter=WindowJourneyTest.losesNothingToACrash")});
-    const auto library = elsewhere.path() / environment->libraryFolder().lexically_relative(home);
+    const auto library = elsewhere.path() / desk.environment->libraryFolder().lexically_relative(home);
     const auto isSaved = [&] {
         try {
             Store store =
                 Store::openReadOnly(Store::Location::directory(library), DataModel::records(), DataModel::history());
-            Context reader(store, environment->clock(), environment->uuids());
+            Context reader(store, desk.environment->clock(), desk.environment->uuids());
             return reader.count<Document>("title = ?", utf8(typed)) == 1;
         } catch (const UserError&) { // it isn't made yet, or is being made
             return false;
@@ -268,9 +222,9 @@ TEST_F(WindowJourneyTest, losesNothingToACrash)
     Store store(Store::Location::directory(library),
                 DataModel::records(),
                 DataModel::history(),
-                environment->clock(),
-                environment->uuids());
-    Context context(store, environment->clock(), environment->uuids());
+                desk.environment->clock(),
+                desk.environment->uuids());
+    Context context(store, desk.environment->clock(), desk.environment->uuids());
     EXPECT_EQ(context.count<Document>("title = ?", utf8(typed)), 1);
     Statement check(store.connection(), "PRAGMA integrity_check");
     ASSERT_TRUE(check.step());
