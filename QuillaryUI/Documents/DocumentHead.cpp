@@ -10,6 +10,7 @@
 #include "QuillaryUI/Documents/RelatedDocuments.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QHBoxLayout>
@@ -24,24 +25,13 @@ namespace {
 
 constexpr int border = 16;
 
-QLabel* label(QWidget* parent, const char* name, double size)
-{
-    auto* label = new QLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * size);
-    font.setBold(true);
-    label->setFont(font);
-    return label;
-}
-
 } // namespace
 
 DocumentHead::DocumentHead(const LibraryAccess& library, QMenu& menu, QWidget* parent)
     : QWidget(parent)
     , m_library(library)
-    , m_name(label(this, "documentName", 1.3))
-    , m_status(label(this, "documentStatus", 1.0))
+    , m_name(Lettering::label(this, "documentName", 1.3, QFont::Bold))
+    , m_status(Lettering::label(this, "documentStatus", 1.0, QFont::Bold))
     , m_related(new RelatedDocuments(library, this))
     , m_edit(new QPushButton(this))
     , m_next(new QPushButton(this))

@@ -7,6 +7,7 @@
 #include "QuillaryUI/Documents/DraftFields.h"
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Documents/LinesTable.h"
+#include "QuillaryUI/Look/Lettering.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -31,9 +32,7 @@ LinesPanel::LinesPanel(DraftDesk& desk, DraftFields& fields, QWidget* parent)
 void LinesPanel::build()
 {
     auto* heading = new QLabel(tr("Lines"), this);
-    QFont font = heading->font();
-    font.setBold(true);
-    heading->setFont(font);
+    Lettering::set(*heading, 1.0);
     auto* error = new QLabel(this);
     m_fields.add("lines", m_table, error);
     m_copyLast->setObjectName(QStringLiteral("copyLastInvoice"));

@@ -11,6 +11,7 @@
 #include "QuillaryUI/Documents/RemindersSheet.h"
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Theme.h"
 
@@ -134,10 +135,7 @@ SelectionPane::SelectionPane(LibraryAccess& library, DocumentKind kind, Document
 
 void SelectionPane::build()
 {
-    QFont font = m_heading->font();
-    font.setPointSizeF(font.pointSizeF() * 1.6);
-    font.setBold(true);
-    m_heading->setFont(font);
+    Lettering::set(*m_heading, 1.6);
     m_heading->setObjectName(QStringLiteral("selectionHeading"));
     m_facts->setObjectName(QStringLiteral("selectionFacts"));
     m_facts->setTextFormat(Qt::RichText);

@@ -1,6 +1,7 @@
 #include "QuillaryUI/Lock/LockPage.h"
 
 #include "QuillaryUI/Lock/LockKeeper.h"
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QGridLayout>
@@ -45,10 +46,7 @@ void LockPage::build()
     auto* sign = new QLabel(form);
     sign->setPixmap(Theme::icon(QStringLiteral("lock")).pixmap(signSize, signSize));
     auto* heading = new QLabel(tr("Quillary is locked"), form);
-    QFont font = heading->font();
-    font.setPointSizeF(font.pointSizeF() * headingSize);
-    font.setBold(true);
-    heading->setFont(font);
+    Lettering::set(*heading, headingSize);
     m_passphrase->setObjectName(QStringLiteral("lockPassphrase"));
     m_passphrase->setAccessibleName(tr("Passphrase"));
     m_passphrase->setPlaceholderText(tr("Passphrase"));

@@ -1,5 +1,6 @@
 #include "QuillaryUI/Look/Sheet.h"
 
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QFormLayout>
@@ -21,10 +22,7 @@ constexpr int border = 24;
 QLabel* heading(const QString& title, QWidget* parent)
 {
     auto* label = new QLabel(title, parent);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * 1.25);
-    font.setBold(true);
-    label->setFont(font);
+    Lettering::set(*label, 1.25);
     return label;
 }
 

@@ -10,6 +10,7 @@
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
@@ -47,10 +48,7 @@ constexpr std::pair<std::string_view, std::string Business::*> shownFields[] = {
 QLabel* heading(const QString& text, QWidget* parent)
 {
     auto* label = new QLabel(text, parent);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * headingSize);
-    font.setBold(true);
-    label->setFont(font);
+    Lettering::set(*label, headingSize);
     return label;
 }
 

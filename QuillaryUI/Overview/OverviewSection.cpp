@@ -6,6 +6,7 @@
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Overview/FigureButton.h"
@@ -40,17 +41,6 @@ constexpr int highest = 640; ///< of the charts
 constexpr int settling = 60; ///< milliseconds
 constexpr double quietBar = 0.45;
 
-QLabel* label(QWidget* parent, const char* name, double size, bool isBold)
-{
-    auto* label = new QLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * size);
-    font.setWeight(isBold ? QFont::DemiBold : QFont::Normal);
-    label->setFont(font);
-    return label;
-}
-
 void makeQuiet(QLabel& label)
 {
     label.setForegroundRole(QPalette::PlaceholderText);
@@ -76,7 +66,7 @@ QWidget* card(QWidget* parent, const QString& name, QLabel& sum, BarChart& chart
                                        " border-radius: 8px; }"));
     auto* column = new QVBoxLayout(card);
     column->setContentsMargins(gap, gap, gap, gap);
-    auto* title = label(card, "cardTitle", 1.1, true);
+    auto* title = Lettering::label(card, "cardTitle", 1.1, QFont::DemiBold);
     title->setText(name);
     chart.setAccessibleName(name);
     makeQuiet(sum);
@@ -109,14 +99,14 @@ struct OverviewSection::Answer
 OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
     , m_library(library)
-    , m_day(label(this, "overviewDay", 1.0, false))
-    , m_owed(label(this, "overviewOwed", 1.1, false))
-    , m_failure(label(this, "overviewFailure", 1.0, false))
+    , m_day(Lettering::label(this, "overviewDay"))
+    , m_owed(Lettering::label(this, "overviewOwed", 1.1))
+    , m_failure(Lettering::label(this, "overviewFailure"))
     , m_whole(new QWidget(this))
     , m_money(new QVBoxLayout)
     , m_currency(new QComboBox(this))
-    , m_incomeSum(label(this, "incomeSum", 1.0, false))
-    , m_agingSum(label(this, "agingSum", 1.0, false))
+    , m_incomeSum(Lettering::label(this, "incomeSum"))
+    , m_agingSum(Lettering::label(this, "agingSum"))
     , m_income(new BarChart(library.formats(), this))
     , m_aging(new BarChart(library.formats(), this))
 {
@@ -148,7 +138,7 @@ OverviewSection::~OverviewSection()
 
 void OverviewSection::build()
 {
-    auto* heading = label(this, "overviewHeading", 1.6, true);
+    auto* heading = Lettering::label(this, "overviewHeading", 1.6, QFont::DemiBold);
     heading->setText(tr("Overview"));
     makeQuiet(*m_day);
     m_failure->setWordWrap(true);
