@@ -10,6 +10,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -159,6 +161,23 @@ void rename(Context& context, const SavedView& saved, std::string_view name)
     const auto kind = documentKindFromRaw(saved.listKindRaw).value_or(DocumentKind::invoice);
     std::string checked = checkedName(context, kind, name, &saved);
     context.edit(saved).name = std::move(checked);
+}
+
+void move(Context& context, const SavedView& saved, Step step)
+{
+    std::vector<const SavedView*> views =
+        of(context, documentKindFromRaw(saved.listKindRaw).value_or(DocumentKind::invoice));
+    const auto here = std::ranges::find(views, &saved);
+    if (here == views.end() || (step == Step::up ? here == views.begin() : here + 1 == views.end())) {
+        return;
+    }
+    std::iter_swap(here, step == Step::up ? here - 1 : here + 1);
+    for (std::size_t place = 0; place < views.size(); ++place) { // all of them: two may have the same index
+        const auto index = static_cast<std::int32_t>(place);
+        if (views[place]->sortIndex != index) {
+            context.edit(*views[place]).sortIndex = index;
+        }
+    }
 }
 
 void remove(Context& context, const SavedView& saved)

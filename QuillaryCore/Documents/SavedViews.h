@@ -31,6 +31,10 @@ void replace(Context& context, const SavedView& saved, const DocumentView& view)
 /// Throws: `UserError` as above.
 void rename(Context& context, const SavedView& saved, std::string_view name);
 
+/// Puts a view before or behind its neighbour in its list; the first doesn't move up, nor the last one down.
+enum class Step { up, down };
+void move(Context& context, const SavedView& saved, Step step);
+
 void remove(Context& context, const SavedView& saved);
 
 } // namespace SavedViews

@@ -106,12 +106,32 @@ void SavedViewsButton::addChanges(std::int64_t key, const QString& name)
             }
         });
     });
+    addMoves(key, name);
     QAction* remove = m_menu->addAction(tr("Delete “%1”").arg(name));
     remove->setObjectName(QStringLiteral("deleteView"));
     connect(remove, &QAction::triggered, this, [this, key] {
         perform(
             tr("Delete View"), [this](const SavedView& view) { SavedViews::remove(m_library.context(), view); }, key);
     });
+}
+
+void SavedViewsButton::addMoves(std::int64_t key, const QString& name)
+{
+    const auto views = SavedViews::of(m_library.context(), m_kind);
+    const auto add = [&](const QString& label, const QString& objectName, SavedViews::Step step, const SavedView* end) {
+        QAction* move = m_menu->addAction(label);
+        move->setObjectName(objectName);
+        move->setVisible(views.size() > 1);
+        move->setEnabled(end->ref.key() != key);
+        connect(move, &QAction::triggered, this, [this, key, step] {
+            perform(
+                tr("Move View"),
+                [this, step](const SavedView& view) { SavedViews::move(m_library.context(), view, step); },
+                key);
+        });
+    };
+    add(tr("Move “%1” Up").arg(name), QStringLiteral("moveViewUp"), SavedViews::Step::up, views.front());
+    add(tr("Move “%1” Down").arg(name), QStringLiteral("moveViewDown"), SavedViews::Step::down, views.back());
 }
 
 void SavedViewsButton::choose(std::int64_t key)

@@ -15,7 +15,7 @@ namespace Quillary {
 
 struct SavedView;
 
-/// The views of a list that the user keeps under a name: chooses, keeps, renames and deletes them. It bears the name of
+/// The views of a list that the user keeps under a name: chooses, keeps, renames, moves and deletes them. It bears the name of
 /// the one that the list shows.
 class SavedViewsButton : public QPushButton
 {
@@ -39,6 +39,7 @@ private:
     void fill();
     void choose(std::int64_t key);
     void askForName(const QString& title, const QString& name, const std::function<void(const std::string&)>& work);
+    void addMoves(std::int64_t key, const QString& name);
     void addChanges(std::int64_t key, const QString& name);
     void perform(const QString& name, const std::function<void(const SavedView&)>& work, std::int64_t key);
 

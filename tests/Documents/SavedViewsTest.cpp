@@ -56,5 +56,27 @@ TEST(SavedViewsTest, tellsViewsApartByTheirNames)
     EXPECT_EQ(views[1]->name, "Second");
 }
 
+TEST(SavedViewsTest, movesWithinTheirList)
+{
+    DocumentLibrary library;
+    Context& context = library.context;
+    for (const char* name : {"a", "b", "c"}) {
+        context.edit(SavedViews::keep(context, DocumentKind::invoice, name, {})).sortIndex = 5; // from another program
+    }
+    SavedViews::keep(context, DocumentKind::quote, "q", {});
+    const auto moved = [&](std::size_t place, SavedViews::Step step) {
+        SavedViews::move(context, *SavedViews::of(context, DocumentKind::invoice)[place], step);
+        std::string names;
+        for (const SavedView* view : SavedViews::of(context, DocumentKind::invoice)) {
+            names += view->name;
+        }
+        return names;
+    };
+    EXPECT_EQ(moved(0, SavedViews::Step::up), "abc");
+    EXPECT_EQ(moved(2, SavedViews::Step::up), "acb");
+    EXPECT_EQ(moved(0, SavedViews::Step::down), "cab");
+    EXPECT_EQ(moved(2, SavedViews::Step::down), "cab");
+}
+
 } // namespace
 } // namespace Quillary

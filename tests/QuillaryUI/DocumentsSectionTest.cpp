@@ -190,6 +190,15 @@ TEST_F(DocumentsSectionTest, narrowsTheListAndKeepsViews)
     chooseView("Late");
     EXPECT_EQ(shown(), 3);
     EXPECT_EQ(section.view().sortColumn, DocumentRows::Column::dueDate);
+    section.setView({.status = DisplayStatus::draft});
+    chooseView("keepView");
+    child<QLineEdit>("viewName").setText(QStringLiteral("Drafts"));
+    child<QPushButton>("sheetAnswer").click();
+    ASSERT_TRUE(comesTrue([&] { return child<QPushButton>("savedViews").text() == QStringLiteral("Drafts"); }));
+    chooseView("moveViewUp");
+    EXPECT_EQ(SavedViews::of(samples.context, DocumentKind::invoice).front()->name, "Drafts");
+    chooseView("deleteView");
+    chooseView("Late");
     chooseView("deleteView");
     EXPECT_TRUE(SavedViews::of(samples.context, DocumentKind::invoice).empty());
     samples.context.undo();
