@@ -7,6 +7,9 @@
 #include <QPalette>
 #include <QPen>
 
+#include <algorithm>
+#include <cstddef>
+
 namespace Quillary {
 
 namespace {
@@ -53,14 +56,29 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     const QVariant font = index.data(Qt::FontRole);
     const QFont used = font.isValid() ? qvariant_cast<QFont>(font).resolve(option.font) : option.font;
     const QRect inside = option.rect.adjusted(padding, 0, -padding, 0);
-    QString text = displayText(index.data(Qt::DisplayRole), option.locale);
-    const QFontMetrics metrics(used);
-    if (metrics.horizontalAdvance(text) > inside.width()) {
-        text = metrics.elidedText(text, option.textElideMode, inside.width());
+    const QString text = displayText(index.data(Qt::DisplayRole), option.locale);
+    const Qt::Alignment alignment = alignmentOf(index);
+    painter->setPen(textColor(option, index));
+    const bool isUsual = option.direction == Qt::LeftToRight && option.textElideMode == Qt::ElideRight;
+    if (isUsual && quick(used).draw(*painter, inside, alignment, text)) {
+        return;
     }
     painter->setFont(used);
-    painter->setPen(textColor(option, index));
-    painter->drawText(inside, int(alignmentOf(index)) | Qt::TextSingleLine, text);
+    const QString shown = QFontMetrics(used).elidedText(text, option.textElideMode, inside.width());
+    painter->drawText(inside, int(alignment) | Qt::TextSingleLine, shown);
+}
+
+QuickText& RowDelegate::quick(const QFont& font) const
+{
+    constexpr std::size_t mostFonts = 4;
+    const auto found = std::ranges::find(m_quick, font, &QuickText::font);
+    if (found != m_quick.end()) {
+        return *found;
+    }
+    if (m_quick.size() == mostFonts) {
+        m_quick.clear();
+    }
+    return m_quick.emplace_back(font);
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const

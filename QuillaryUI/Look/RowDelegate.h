@@ -1,6 +1,10 @@
 #pragma once
 
+#include "QuillaryUI/Look/QuickText.h"
+
 #include <QStyledItemDelegate>
+
+#include <vector>
 
 namespace Quillary {
 
@@ -18,6 +22,11 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    [[nodiscard]] QuickText& quick(const QFont& font) const;
+
+    mutable std::vector<QuickText> m_quick; ///< one a font; lists have two
 };
 
 } // namespace Quillary
