@@ -12,6 +12,7 @@
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Look/YieldingColumns.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -37,6 +38,8 @@ constexpr int numberWidth = 92;
 constexpr int dateWidth = 96;
 constexpr int amountWidth = 100;
 constexpr int statusWidth = 92;
+constexpr int clientColumn = 1;
+constexpr int leastClient = 184;
 
 std::string kindWord(DocumentKind kind)
 {
@@ -109,7 +112,7 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
 void DocumentsSection::build()
 {
     m_table->setModel(m_model);
-    Lists::dress(*m_table, QStringLiteral("documentList"), StatusText::kinds(m_kind), 1);
+    Lists::dress(*m_table, QStringLiteral("documentList"), StatusText::kinds(m_kind), clientColumn);
     m_table->setSelectionMode(QTableView::ExtendedSelection);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(2, Qt::DescendingOrder);
@@ -117,6 +120,15 @@ void DocumentsSection::build()
     for (int column = 0; column < m_model->columnCount(); ++column) {
         m_table->setColumnWidth(column, columnWidth(*m_model, column));
     }
+
+    std::vector<int> yielding;
+    for (const DocumentRows::Column column :
+         {DocumentRows::Column::dueDate, DocumentRows::Column::due, DocumentRows::Column::issueDate}) {
+        if (const std::optional<int> place = m_model->placeOf(column)) {
+            yielding.push_back(*place);
+        }
+    }
+    new YieldingColumns(*m_table, clientColumn, leastClient, yielding);
 
     m_list->addWidget(m_table);
     m_list->addWidget(buildEmpty());
