@@ -4823,6 +4823,18 @@
         <source>Name</source>
         <translation>Name</translation>
     </message>
+    <message>
+        <source>Move View</source>
+        <translation>Ansicht verschieben</translation>
+    </message>
+    <message>
+        <source>Move “%1” Up</source>
+        <translation>„%1“ nach oben</translation>
+    </message>
+    <message>
+        <source>Move “%1” Down</source>
+        <translation>„%1“ nach unten</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::SectionDeck</name>
