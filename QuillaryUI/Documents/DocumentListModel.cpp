@@ -262,8 +262,10 @@ void DocumentListModel::loadRest()
     if (!m_library.isOpen()) {
         return;
     }
+    DocumentRows whole(m_kind); // the rows shown stay if the library can't be read
+    whole.load(m_library.context(), m_library.today(), m_library.formats().calendar());
     const Chosen chosen = this->chosen();
-    m_rows.load(m_library.context(), m_library.today(), m_library.formats().calendar());
+    m_rows = std::move(whole);
     arrange(chosen);
 }
 
