@@ -1950,6 +1950,25 @@
         <source>The interval must be 1 to %1 years.</source>
         <translation>Der Abstand muss 1 bis %1 Jahre sein.</translation>
     </message>
+    <message>
+        <source>No tax</source>
+        <translation>Ohne Steuer</translation>
+    </message>
+    <message>
+        <source>No client</source>
+        <translation>Ohne Kunde</translation>
+    </message>
+    <message>
+        <source>Others</source>
+        <translation>Übrige</translation>
+    </message>
+</context>
+<context>
+    <name>PaperDesk</name>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
 </context>
 <context>
     <name>PaperPrinting</name>
@@ -1999,21 +2018,6 @@
     <message>
         <source>A UPI ID looks like name@bank.</source>
         <translation>Eine UPI-ID sieht aus wie name@bank.</translation>
-    </message>
-</context>
-<context>
-    <name>QObject</name>
-    <message>
-        <source>Move Line</source>
-        <translation>Position verschieben</translation>
-    </message>
-    <message>
-        <source>Make Sub-Line</source>
-        <translation>Zur Unterposition machen</translation>
-    </message>
-    <message>
-        <source>Take Out of Line</source>
-        <translation>Aus der Position lösen</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2703,29 @@
     </message>
 </context>
 <context>
+    <name>Quillary::DiscountsModel</name>
+    <message>
+        <source>Add a discount…</source>
+        <translation>Rabatt hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Add Discount</source>
+        <translation>Rabatt hinzufügen</translation>
+    </message>
+    <message>
+        <source>Change Discount</source>
+        <translation>Rabatt ändern</translation>
+    </message>
+    <message>
+        <source>Remove Discount</source>
+        <translation>Rabatt entfernen</translation>
+    </message>
+    <message>
+        <source>Write a discount as a percentage from 0% to 100%, or as an amount such as 50.00.</source>
+        <translation>Einen Rabatt als Prozentsatz von 0 % bis 100 % oder als Betrag wie 50,00 eingeben.</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::DocumentCommands</name>
     <message>
         <source>Status</source>
@@ -2771,10 +2798,6 @@
     <message>
         <source>The recurring invoice was made.</source>
         <translation>Die wiederkehrende Rechnung wurde angelegt.</translation>
-    </message>
-    <message>
-        <source>Change Document</source>
-        <translation>Beleg ändern</translation>
     </message>
     <message>
         <source>Delete Draft</source>
@@ -3030,13 +3053,6 @@
     </message>
 </context>
 <context>
-    <name>Quillary::DocumentOutput</name>
-    <message>
-        <source>Saved as %1</source>
-        <translation>Gespeichert als %1</translation>
-    </message>
-</context>
-<context>
     <name>Quillary::DocumentPane</name>
     <message>
         <source>Choose a document to see its page.</source>
@@ -3124,18 +3140,6 @@
 <context>
     <name>Quillary::DraftCharges</name>
     <message>
-        <source>Discount</source>
-        <translation>Rabatt</translation>
-    </message>
-    <message>
-        <source>Write a discount as a percentage from 0% to 100%, or as an amount such as 50.00.</source>
-        <translation>Einen Rabatt als Prozentsatz von 0 % bis 100 % oder als Betrag wie 50,00 eingeben.</translation>
-    </message>
-    <message>
-        <source>10% or an amount</source>
-        <translation>10 % oder ein Betrag</translation>
-    </message>
-    <message>
         <source>Fees</source>
         <translation>Gebühren</translation>
     </message>
@@ -3166,6 +3170,10 @@
     <message>
         <source>Change Tax</source>
         <translation>Steuer ändern</translation>
+    </message>
+    <message>
+        <source>Discounts</source>
+        <translation>Rabatte</translation>
     </message>
 </context>
 <context>
@@ -3204,6 +3212,21 @@
     </message>
 </context>
 <context>
+    <name>Quillary::DraftDesk</name>
+    <message>
+        <source>Move Line</source>
+        <translation>Position verschieben</translation>
+    </message>
+    <message>
+        <source>Make Sub-Line</source>
+        <translation>Zur Unterposition machen</translation>
+    </message>
+    <message>
+        <source>Take Out of Line</source>
+        <translation>Aus der Position lösen</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::DraftEditor</name>
     <message>
         <source>Client</source>
@@ -3225,12 +3248,24 @@
         <source>Change Document</source>
         <translation>Beleg ändern</translation>
     </message>
+    <message>
+        <source>Not saved yet: %1 &lt;a href=&quot;again&quot;&gt;Try again&lt;/a&gt;</source>
+        <translation>Noch nicht gespeichert: %1 &lt;a href=&quot;again&quot;&gt;Noch einmal versuchen&lt;/a&gt;</translation>
+    </message>
+    <message>
+        <source>%1 What you typed is kept here, and saved as soon as that works.</source>
+        <translation>%1 Das Getippte bleibt hier erhalten und wird gespeichert, sobald es geht.</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::DraftFields</name>
     <message>
         <source>Change Document</source>
         <translation>Beleg ändern</translation>
+    </message>
+    <message>
+        <source>Filled in</source>
+        <translation>Vorausgefüllt</translation>
     </message>
 </context>
 <context>
@@ -3999,6 +4034,14 @@
         <source>Lock</source>
         <translation>Sperren</translation>
     </message>
+    <message>
+        <source>Not Saved Yet</source>
+        <translation>Noch nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Close Without Saving</source>
+        <translation>Ohne Speichern schließen</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::MakeRecurringSheet</name>
@@ -4522,6 +4565,22 @@
         <source>Write the fee as a number such as %1, or 0 for none.</source>
         <translation>Die Gebühr als Zahl wie %1 eingeben, oder 0 für keine.</translation>
     </message>
+    <message>
+        <source>Prepare an email with the letter</source>
+        <translation>Eine E-Mail mit dem Brief vorbereiten</translation>
+    </message>
+    <message>
+        <source>Addresses, with commas between them</source>
+        <translation>Adressen, mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>An</translation>
+    </message>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::RemindersModel</name>
@@ -4591,6 +4650,10 @@
     <message>
         <source>Write %1 Letters</source>
         <translation>%1 Schreiben erstellen</translation>
+    </message>
+    <message>
+        <source>Prepare an email with each letter, to the client&apos;s own address</source>
+        <translation>Zu jedem Brief eine E-Mail an die Adresse des Kunden vorbereiten</translation>
     </message>
 </context>
 <context>
@@ -4679,20 +4742,8 @@
 <context>
     <name>Quillary::ReportsSection</name>
     <message>
-        <source>Save as CSV</source>
-        <translation>Als CSV speichern</translation>
-    </message>
-    <message>
         <source>Report</source>
         <translation>Bericht</translation>
-    </message>
-    <message>
-        <source>Standard (commas and points)</source>
-        <translation>Standard (Kommas und Punkte)</translation>
-    </message>
-    <message>
-        <source>For the spreadsheet program on this machine</source>
-        <translation>Für die Tabellenkalkulation auf diesem Rechner</translation>
     </message>
     <message>
         <source>The report could not be read. %1</source>
@@ -4703,10 +4754,6 @@
         <translation>Der letzte Tag liegt vor dem ersten. Bitte einen späteren wählen.</translation>
     </message>
     <message>
-        <source>Not in this report: amounts in %1.</source>
-        <translation>Nicht in diesem Bericht: Beträge in %1.</translation>
-    </message>
-    <message>
         <source>Nothing is owed to you.</source>
         <translation>Keine offenen Forderungen.</translation>
     </message>
@@ -4715,12 +4762,32 @@
         <translation>In diesem Zeitraum gibt es nichts.</translation>
     </message>
     <message>
-        <source>Client</source>
-        <translation>Kunde</translation>
-    </message>
-    <message>
         <source>Saved as %1</source>
         <translation>Gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken…</translation>
+    </message>
+    <message>
+        <source>Chart of the report</source>
+        <translation>Diagramm des Berichts</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF speichern</translation>
+    </message>
+    <message>
+        <source>Save as CSV: Standard (Commas and Points)</source>
+        <translation>Als CSV speichern: Standard (Kommas und Punkte)</translation>
+    </message>
+    <message>
+        <source>Save as CSV: For the Spreadsheet Program on This Machine</source>
+        <translation>Als CSV speichern: für die Tabellenkalkulation auf diesem Rechner</translation>
     </message>
 </context>
 <context>
@@ -5561,6 +5628,58 @@
     <message>
         <source>The library was closed before the letter was printed.</source>
         <translation>Die Bibliothek wurde geschlossen, bevor das Schreiben gedruckt war.</translation>
+    </message>
+    <message>
+        <source>The reminder is recorded and its letter is %1, but there is no email. %2</source>
+        <translation>Die Mahnung ist vermerkt, ihr Brief ist %1, aber es gibt keine E-Mail. %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReportBars</name>
+    <message>
+        <source>Q%1 %2</source>
+        <translation>%1. Quartal %2</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <comment>a tax rate</comment>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>ReportPaper</name>
+    <message>
+        <source>Not in this report: amounts in %1.</source>
+        <translation>Nicht in diesem Bericht: Beträge in %1.</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>the language code of this translation</comment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>VAT ID %1</source>
+        <translation>USt-IdNr. %1</translation>
+    </message>
+    <message>
+        <source>Tax number %1</source>
+        <translation>Steuernummer %1</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Made on</source>
+        <translation>Erstellt am</translation>
+    </message>
+    <message>
+        <source>Page {page} of {pages}</source>
+        <translation>Seite {page} von {pages}</translation>
     </message>
 </context>
 <context>
