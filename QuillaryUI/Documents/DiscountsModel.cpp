@@ -29,8 +29,10 @@ DiscountsModel::DiscountsModel(DraftDesk& desk, QObject* parent)
 std::vector<ChargesModel::Charge> DiscountsModel::read(const Document& draft) const
 {
     const Formats& formats = library().formats();
+    const std::vector<const Discount*> records = sortedDiscounts(library().context(), draft);
     std::vector<Charge> discounts;
-    for (const Discount* discount : sortedDiscounts(library().context(), draft)) {
+    discounts.reserve(records.size());
+    for (const Discount* discount : records) {
         const bool isRate = Totals::discountKindFromRaw(discount->kindRaw) == Totals::DiscountKind::percentage;
         const QString rate = formats.percent(discount->basisPoints);
         discounts.push_back({.title = text(discount->title),

@@ -29,8 +29,10 @@ FeesModel::FeesModel(DraftDesk& desk, QObject* parent)
 std::vector<ChargesModel::Charge> FeesModel::read(const Document& draft) const
 {
     const Formats& formats = library().formats();
+    const std::vector<const Fee*> records = sortedFees(library().context(), draft);
     std::vector<Charge> fees;
-    for (const Fee* fee : sortedFees(library().context(), draft)) {
+    fees.reserve(records.size());
+    for (const Fee* fee : records) {
         fees.push_back({.title = text(fee->title),
                         .shown = formats.money(fee->amountMinorUnits, draft.currencyCode),
                         .typed = formats.amount(fee->amountMinorUnits, draft.currencyCode),
