@@ -19,6 +19,7 @@
 
 #include <QCoreApplication>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
@@ -55,6 +56,8 @@ public:
 
     Desk()
     {
+        auto* later = m_window.desktop->window().findChild<QPushButton*>(QStringLiteral("firstStartLater"));
+        QTest::mouseClick(later, Qt::LeftButton);
         makeDraft(onePage);
         makeDraft(tenPages);
         context().edit(library.business()).name = "Atelier Lindqvist";
