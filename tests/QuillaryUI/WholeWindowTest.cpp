@@ -337,7 +337,10 @@ TEST_F(WholeWindowTest, isGermanThroughout)
     for (const TranslatedText& text : translatedTexts()) {
         english.remove(text.german); // a word of both languages
     }
-    english -= {QStringLiteral("Germany"), QStringLiteral("Austria")}; // countries are named as numbers are written
+    // Countries are named as numbers are written.
+    for (const char* country : {"Germany", "Austria", "Canary Islands", "French Polynesia", "New Caledonia"}) {
+        english.remove(QString::fromLatin1(country));
+    }
     open("de_DE");
     const Look look = [&english](const std::string& page, const QWidget& root) {
         for (const QString& text : shownTexts(root)) {
