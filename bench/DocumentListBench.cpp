@@ -291,6 +291,15 @@ void keystrokeFloor(benchmark::State& state)
     }
 }
 
+/// Until the list has all its rows: before that every figure would be of the first screenful.
+void awaitRows(const QWidget& section)
+{
+    const auto* model = section.findChild<DocumentListModel*>();
+    while (!model->rows().isWhole()) {
+        QCoreApplication::processEvents();
+    }
+}
+
 /// A letter in the window's own field, until the list, its footer and its selection have followed.
 void keystrokeInWindow(benchmark::State& state)
 {
@@ -298,7 +307,7 @@ void keystrokeInWindow(benchmark::State& state)
     DocumentsSection section(loaded(state.range(0)).library.access, DocumentKind::invoice);
     section.resize(2 * screenWidth, screenHeight);
     section.show();
-    QCoreApplication::processEvents();
+    awaitRows(section);
     auto* search = section.findChild<QLineEdit*>(QStringLiteral("listSearch"));
     const QString typed[] = {QStringLiteral("w"), QStringLiteral("we"), QStringLiteral("web")};
     std::size_t next = 0;
@@ -317,7 +326,10 @@ struct ShownList
         Lists::dress(table, QStringLiteral("list"), QStringLiteral("Invoices"), 1);
         table.resize(screenWidth, screenHeight);
         table.show();
-        QCoreApplication::processEvents();
+        model.didShow();
+        while (!model.rows().isWhole()) {
+            QCoreApplication::processEvents();
+        }
         picture = QImage(table.viewport()->size(), QImage::Format_RGB32);
     }
 
@@ -364,7 +376,9 @@ void listSwitch(benchmark::State& state)
     lists.addWidget(new DocumentsSection(access, DocumentKind::quote));
     lists.resize(2 * screenWidth, screenHeight);
     lists.show();
-    QCoreApplication::processEvents();
+    for (int place = 0; place < lists.count(); ++place) {
+        awaitRows(*lists.widget(place));
+    }
     for (auto _ : state) {
         lists.setCurrentIndex(1 - lists.currentIndex());
         QCoreApplication::processEvents();

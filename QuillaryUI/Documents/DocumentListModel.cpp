@@ -14,6 +14,7 @@ using RowColumn = DocumentRows::Column;
 
 /// More than any screen shows.
 constexpr std::size_t firstScreen = 200;
+constexpr int unseenDelay = 1'000; ///< milliseconds
 
 std::vector<RowColumn> columnsOf(DocumentKind kind)
 {
@@ -252,9 +253,17 @@ void DocumentListModel::reload()
     m_places = m_rows.arranged(m_filter, m_sortColumn, m_order);
     endResetModel();
     if (!m_rows.isWhole()) {
-        m_rest.start(0);
+        m_rest.start(m_wasShown ? 0 : unseenDelay);
     }
     Q_EMIT arranged();
+}
+
+void DocumentListModel::didShow()
+{
+    m_wasShown = true;
+    if (m_rest.isActive()) {
+        m_rest.start(0);
+    }
 }
 
 void DocumentListModel::loadRest()

@@ -52,6 +52,9 @@ public:
     [[nodiscard]] DocumentRows::Sum sum(std::span<const int> rows) const;
     [[nodiscard]] DocumentRows::Summary summary(std::span<const int> rows) const;
 
+    /// The first rows have been drawn, so the others may be read. They come without this word, too, but late.
+    void didShow();
+
     /// The day that statuses are derived for is another one.
     void refreshDay() { reload(); }
 
@@ -85,6 +88,7 @@ private:
     DocumentRows::Order m_order = DocumentRows::Order::descending;
     std::vector<std::uint32_t> m_places; ///< the rows shown
     QTimer m_rest;
+    bool m_wasShown = false;
 };
 
 } // namespace Quillary

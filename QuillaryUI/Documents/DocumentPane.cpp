@@ -29,13 +29,11 @@ DocumentPane::DocumentPane(LibraryAccess& library, QWidget* parent)
     , m_head(new DocumentHead(library, m_commands->menu(), this))
     , m_paper(new PaperView(library.press(), this))
     , m_page(new LivePage(library.press(), *m_paper))
-    , m_editor(new DraftEditor(library, this))
     , m_split(new QSplitter(Qt::Horizontal, this))
     , m_empty(new QLabel(tr("Choose a document to see its page."), this))
 {
     setObjectName(QStringLiteral("documentPane"));
     build();
-    connectEditor();
     connectCommands();
     connect(&library, &LibraryAccess::changed, this, &DocumentPane::reload);
     connect(&library, &LibraryAccess::opened, this, &DocumentPane::reload);
@@ -48,10 +46,7 @@ void DocumentPane::build()
     Theme::tint(*m_empty, palette().color(QPalette::PlaceholderText));
     m_split->setObjectName(QStringLiteral("editorAndPage"));
     m_split->setChildrenCollapsible(false);
-    m_split->addWidget(m_editor);
     m_split->addWidget(m_paper);
-    m_split->setStretchFactor(0, 1);
-    m_split->setStretchFactor(1, 1);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -60,8 +55,14 @@ void DocumentPane::build()
     column->addWidget(m_empty, 1);
 }
 
-void DocumentPane::connectEditor()
+/// Only who edits needs it: the list and the first page are there sooner.
+void DocumentPane::makeEditor()
 {
+    m_editor = new DraftEditor(m_library, m_split);
+    m_split->insertWidget(0, m_editor);
+    m_split->setStretchFactor(0, 1);
+    m_split->setStretchFactor(1, 1);
+    connect(m_commands, &DocumentCommands::madeClient, m_editor, &DraftEditor::setClient);
     connect(m_editor, &DraftEditor::wantedClient, m_commands, &DocumentCommands::askForClient);
     connect(m_editor, &DraftEditor::pageChanged, m_page, &LivePage::refresh);
     connect(m_editor, &DraftEditor::wantedClientRecord, this, &DocumentPane::wantedClient);
@@ -81,7 +82,6 @@ void DocumentPane::connectCommands()
             beginEditing();
         }
     });
-    connect(m_commands, &DocumentCommands::madeClient, m_editor, &DraftEditor::setClient);
     connect(m_commands, &DocumentCommands::told, this, &DocumentPane::told);
     connect(m_commands, &DocumentCommands::failed, this, &DocumentPane::failed);
 }
@@ -117,12 +117,14 @@ std::optional<PageJob> DocumentPane::page()
 
 void DocumentPane::flush()
 {
-    m_editor->flush();
+    if (m_editor != nullptr) {
+        m_editor->flush();
+    }
 }
 
 QString DocumentPane::unsavedWork() const
 {
-    return m_editor->unsavedWork();
+    return m_editor == nullptr ? QString() : m_editor->unsavedWork();
 }
 
 bool DocumentPane::isDraft() const
@@ -136,6 +138,9 @@ void DocumentPane::beginEditing()
 {
     if (!isDraft()) {
         return;
+    }
+    if (m_editor == nullptr) {
+        makeEditor();
     }
     m_isEditing = true;
     reload();
@@ -177,12 +182,14 @@ void DocumentPane::reload()
         endEditing(); // it was sent, or is gone
         return;
     }
-    m_editor->setDocument(m_isEditing ? m_document : 0); // saves what was typed in the one before
+    if (m_editor != nullptr) {
+        m_editor->setDocument(m_isEditing ? m_document : 0); // saves what was typed in the one before
+        m_editor->setVisible(m_isEditing);
+    }
     const Document* document = record();
     m_head->setVisible(document != nullptr);
     m_split->setVisible(document != nullptr);
     m_empty->setVisible(document == nullptr);
-    m_editor->setVisible(m_isEditing);
     m_commands->offer(document);
     if (document == nullptr) {
         return;

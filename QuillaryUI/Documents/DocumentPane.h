@@ -63,7 +63,7 @@ private:
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] bool isDraft() const;
     void build();
-    void connectEditor();
+    void makeEditor();
     void connectCommands();
     void reload();
     [[nodiscard]] std::optional<PageJob> page();
@@ -75,7 +75,7 @@ private:
     DocumentHead* m_head;
     PaperView* m_paper;
     LivePage* m_page;
-    DraftEditor* m_editor;
+    DraftEditor* m_editor = nullptr; ///< made when somebody first edits
     QSplitter* m_split;
     QLabel* m_empty;
 };

@@ -14,6 +14,7 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Look/YieldingColumns.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -112,6 +113,7 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
 void DocumentsSection::build()
 {
     m_table->setModel(m_model);
+    m_table->viewport()->installEventFilter(this);
     Lists::dress(*m_table, QStringLiteral("documentList"), StatusText::kinds(m_kind), clientColumn);
     m_table->setSelectionMode(QTableView::ExtendedSelection);
     m_table->setSortingEnabled(true);
@@ -154,6 +156,15 @@ void DocumentsSection::build()
     m_right->addWidget(m_selection);
 
     Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_right, listWidth);
+}
+
+bool DocumentsSection::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_table->viewport() && event->type() == QEvent::Paint && m_model->rowCount() > 0) {
+        watched->removeEventFilter(this);
+        m_model->didShow();
+    }
+    return Section::eventFilter(watched, event);
 }
 
 QWidget* DocumentsSection::buildEmpty()

@@ -64,6 +64,9 @@ public:
     [[nodiscard]] DocumentView view() const;
     void setView(const DocumentView& view);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void build();
     QWidget* buildEmpty();

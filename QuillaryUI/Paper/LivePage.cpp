@@ -36,7 +36,7 @@ LivePage::LivePage(PagePress& press, PaperView& view)
     , m_press(press)
     , m_view(view)
 {
-    view.installEventFilter(this);
+    view.viewport()->installEventFilter(this);
 }
 
 void LivePage::show(Source source)
@@ -54,10 +54,11 @@ void LivePage::refresh()
     startIfSeen();
 }
 
-/// What was asked for while nobody looked is printed as soon as somebody does: after the window is on the screen.
+/// What was asked for while nobody looked is printed as soon as somebody does: once the window has been drawn, since the
+/// engine takes a moment to come.
 bool LivePage::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == &m_view && event->type() == QEvent::Show && m_isStale) {
+    if (event->type() == QEvent::Paint && m_isStale && !m_isPrinting) {
         QTimer::singleShot(0, this, &LivePage::startIfSeen);
     }
     return QObject::eventFilter(watched, event);

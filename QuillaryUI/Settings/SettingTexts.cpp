@@ -190,14 +190,13 @@ QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
 
 QString SettingTexts::note(const QString& note)
 {
-    QString shown = note;
-    if (shown.startsWith(QLatin1String("next: "))) {
-        return Words::tr("Next number: %1").arg(shown.mid(6));
+    if (note.startsWith(QLatin1String("next: "))) {
+        return Words::tr("Next number: %1").arg(note.mid(6));
     }
-    if (shown.startsWith(QLatin1String("example: "))) {
-        return Words::tr("Example: %1").arg(shown.mid(9));
+    if (note.startsWith(QLatin1String("example: "))) {
+        return Words::tr("Example: %1").arg(note.mid(9));
     }
-    return shown;
+    return CoreText::sentence(utf8(note)); // what is wrong with it
 }
 
 } // namespace Quillary

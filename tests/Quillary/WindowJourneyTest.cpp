@@ -283,10 +283,10 @@ TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
 {
     putOffFirstStart();
     const QAbstractItemModelTester listTester(invoices()->findChild<DocumentListModel*>());
-    const QAbstractItemModelTester linesTester(invoices()->findChild<LinesModel*>());
     ASSERT_EQ(context().count<Document>(""), 0);
     QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
     ASSERT_EQ(context().count<Document>(""), 1);
+    const QAbstractItemModelTester linesTester(invoices()->findChild<LinesModel*>());
 
     // A client that isn't there yet, made on the way.
     auto& client = find<QLineEdit>("client", invoices());
