@@ -71,6 +71,7 @@ void DocumentHead::build(QMenu& menu)
     names->addWidget(m_related);
     auto* row = new QHBoxLayout;
     row->setContentsMargins(border, border, border, border / 2);
+    row->setSpacing(border / 2);
     row->addLayout(names, 1);
     row->addWidget(m_edit);
     row->addWidget(m_next);
