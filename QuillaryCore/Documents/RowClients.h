@@ -56,9 +56,9 @@ private:
 
     std::vector<Number> m_numbers;                ///< by key, as far as these are small, which they mostly are
     std::unordered_map<Key, Number> m_farNumbers; ///< of the others
-    std::vector<Key> m_keys;          ///< by number
-    std::vector<std::string> m_names; ///< by number
-    TextBlock m_block;                ///< their folded names, by number
+    std::vector<Key> m_keys;                      ///< by number
+    std::vector<std::string> m_names;             ///< by number
+    TextBlock m_block;                            ///< their folded names, by number
 };
 
 } // namespace Quillary

@@ -226,8 +226,8 @@ void OverviewSection::refresh()
         return;
     }
     OverviewFigures figures;
-    if (const auto failure = m_library.attempt(
-            [&] { figures = OverviewFigures::read(m_library.environment(), m_wishedCurrency); })) {
+    if (const auto failure =
+            m_library.attempt([&] { figures = OverviewFigures::read(m_library.environment(), m_wishedCurrency); })) {
         showFailure(*failure);
         return;
     }

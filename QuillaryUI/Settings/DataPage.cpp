@@ -241,8 +241,8 @@ void DataPage::restore(const fs::path& backup, const QString& name)
         page->m_isBusy = false;
         page->refresh();
         if (!outcome.refusal.empty()) {
-            Q_EMIT page->failed(
-                tr("The backup was not restored; the library is as it was. %1").arg(CoreText::sentence(outcome.refusal)));
+            Q_EMIT page->failed(tr("The backup was not restored; the library is as it was. %1")
+                                    .arg(CoreText::sentence(outcome.refusal)));
         } else if (outcome.kept) {
             Q_EMIT page->told(tr("Restored %1. The library as it was is kept as %2")
                                   .arg(name, text(outcome.kept->filename().string())));
