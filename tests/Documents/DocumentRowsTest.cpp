@@ -221,7 +221,7 @@ TEST_F(DocumentRowsTest, findsAndSortsAsOneWouldByHand)
         texts.push_back(folded(fmt::format("{}\n{}\n{}\n{}", row.number, row.title, row.clientName, tags)));
     }
     std::size_t found = 0;
-    for (int round = 0; round < 500; ++round) {
+    for (std::size_t round = 0; round < 500; ++round) {
         const std::string query = text(1 + round % 5);
         const std::string sought = folded(query);
         std::vector<std::uint32_t> expected;
