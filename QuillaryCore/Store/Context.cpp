@@ -282,9 +282,15 @@ void Context::commitScope(int depth, HistoryEffect effect)
     if (const auto& refusal = m_scopes.innermost().refusal) {
         throw StoreError(StoreError::Reason::refused, *refusal);
     }
+    if (effect == HistoryEffect::forgetUndone) {
+        m_scopes.innermost().isFinal = true;
+    }
     if (depth > 1) {
         m_scopes.commitIntoParent();
         return;
+    }
+    if (m_scopes.innermost().isFinal) {
+        effect = HistoryEffect::forgetUndone;
     }
     m_scopes.closeRows();
     auto step = effect == HistoryEffect::add ? UndoHistory::step(m_scopes.innermost()) : std::nullopt;

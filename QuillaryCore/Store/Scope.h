@@ -13,7 +13,7 @@ class [[nodiscard]] Scope
 public:
     enum class Undo {
         possible,
-        impossible, ///< what was done left the house: a document was issued, a mail sent
+        impossible, ///< what was done left the house: a document was issued, a mail sent; holds for all scopes around it
     };
 
     Scope(Scope&& other) noexcept;

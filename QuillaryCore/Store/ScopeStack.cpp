@@ -39,6 +39,7 @@ void ScopeStack::commitIntoParent()
     closeRows();
     OpenScope scope = std::move(m_scopes.back());
     m_scopes.pop_back();
+    innermost().isFinal |= scope.isFinal;
     for (ScopeEntry& entry : scope.entries) {
         entry.row->scopeDepth = depth();
         if (entry.previousDepth != depth()) {

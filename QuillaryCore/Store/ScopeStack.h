@@ -28,6 +28,7 @@ struct OpenScope
     std::vector<ScopeEntry> entries;
     std::vector<std::size_t> openCounts; ///< for each table, how many rows were open before
     std::optional<std::string> refusal;  ///< why nothing of it may be saved
+    bool isFinal = false;                ///< something in it left the house: as a whole it can't be undone
 };
 
 /// The scopes that are open, each inside the one before.

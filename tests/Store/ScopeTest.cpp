@@ -125,6 +125,25 @@ TEST_F(ScopeTest, undoAndRedoSayWhatTheyWouldDo)
     EXPECT_EQ(context.undoName(), "Rename");
 }
 
+TEST_F(ScopeTest, whatLeftTheHouseStaysInTheScopesAroundIt)
+{
+    const Book& book = savedBook("before");
+    auto rename = context.beginScope("Rename");
+    context.edit(book).title = "after";
+    rename.commit();
+    for (const bool isInnerKept : {true, false}) {
+        auto outer = context.beginScope("Send all");
+        insertBook("changed");
+        auto middle = context.beginScope("Send one");
+        auto inner = context.beginScope("Send");
+        insertBook("sent");
+        inner.commit(Scope::Undo::impossible);
+        isInnerKept ? middle.commit() : middle.rollback();
+        outer.commit();
+        EXPECT_EQ(context.undoName(), isInnerKept ? "Rename" : "Send all") << "what was taken back has left nothing";
+    }
+}
+
 TEST_F(ScopeTest, undoLeavesAloneWhatWasChangedSince)
 {
     const Book& book = savedBook("before");
