@@ -4,6 +4,7 @@
 #include "QuillaryCore/Assistant/Operations/AssistantActions.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/LogKeeper.h"
 #include "QuillaryCore/Store/Store.h"
 
 #include <filesystem>
@@ -43,6 +44,7 @@ public:
 private:
     Descriptor m_lender; ///< goes on with the library when this one is closed
     Store m_store;
+    LogKeeper m_log{m_store};
     Context m_context;
     LibrarySearch m_search{m_context};
     std::future<void> m_backup; ///< its end is awaited before anything above goes

@@ -2,6 +2,7 @@
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryCore/Store/LogKeeper.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryCore/Tabular/CSV.h"
 #include "QuillaryCore/Tabular/CSVWriter.h"
@@ -359,12 +360,14 @@ public:
         }
         context->save();
         context->forgetUnchanged();
+        m_log = std::make_unique<LogKeeper>(*m_store); // now, so that it doesn't work on what was saved before
     }
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
     ~Library()
     {
         context.reset();
+        m_log.reset();
         m_store.reset();
         fs::remove_all(m_folder);
     }
@@ -376,6 +379,7 @@ private:
     FixedClock m_clock{LibraryGenerator::today};
     CountingUUIDSource m_uuids{1};
     std::unique_ptr<Store> m_store;
+    std::unique_ptr<LogKeeper> m_log;
 
 public:
     std::unique_ptr<Context> context;

@@ -85,34 +85,37 @@ ClientImport::ClientImport(const CSVRows& rows, ImportColumns columns, Context* 
 {
     // Cells are read without the library, and the library without cells: a long list is read by a worker meanwhile.
     const auto when = rows.size() > rowsWorthAWorker ? std::launch::async : std::launch::deferred;
-    std::future<void> reading = std::async(when, [this, &rows] { read(rows); });
+    auto reading = std::async(when, [this, &rows] { return read(rows); });
     if (library != nullptr) {
         m_matcher.addLibrary(*library);
     }
-    reading.get();
+    const std::vector<ClientMatcher::Keys> keys = reading.get();
     for (std::size_t done = 0; done < m_rows.size(); ++done) {
-        judge(m_rows[done]);
+        judge(m_rows[done], keys[done]);
         report(progress, done + 1, m_rows.size());
     }
 }
 
-void ClientImport::read(const CSVRows& rows)
+std::vector<ClientMatcher::Keys> ClientImport::read(const CSVRows& rows)
 {
     const std::size_t first = std::min(m_reader.columns().firstRow(), rows.size());
-    m_rows.resize(rows.size() - first);
+    std::vector<ClientMatcher::Keys> keys;
+    m_rows.reserve(rows.size() - first);
+    keys.reserve(rows.size() - first);
     for (std::size_t i = first; i < rows.size(); ++i) {
-        Row& row = m_rows[i - first];
+        Row& row = m_rows.emplace_back();
         row.number = rows.number(i);
         row.read = m_reader.read(rows[i]);
+        keys.emplace_back(row.read.client);
     }
+    return keys;
 }
 
-void ClientImport::judge(Row& row)
+void ClientImport::judge(Row& row, const ClientMatcher::Keys& keys)
 {
     if (row.read.isEmpty) {
         return;
     }
-    const ClientMatcher::Keys keys(row.read.client);
     row.match = m_matcher.find(keys);
     row.status = row.match ? ImportStatus::duplicate : ImportStatus::isNew;
     if (row.status == ImportStatus::isNew) {

@@ -56,8 +56,9 @@ public:
     void run(Context& library, const Business& business, const Calendar& calendar, const Progress& progress = {});
 
 private:
-    void read(const CSVRows& rows);
-    void judge(Row& row);
+    /// Returns what each of the rows is compared by.
+    std::vector<ClientMatcher::Keys> read(const CSVRows& rows);
+    void judge(Row& row, const ClientMatcher::Keys& keys);
     void number(Context& library, const Business& business, const Calendar& calendar);
 
     ClientReader m_reader;
