@@ -70,14 +70,12 @@ DocumentFilterBar::DocumentFilterBar(LibraryAccess& library, DocumentKind kind, 
     , m_periods(new QComboBox(this))
     , m_more(new QPushButton(tr("Filter"), this))
     , m_chips(new QWidget(this))
-    , m_popup(new DocumentFilterPopup(library, kind, this))
 {
     build();
     connect(m_search, &QLineEdit::textChanged, this, &DocumentFilterBar::take);
     connect(m_statuses, &QComboBox::activated, this, &DocumentFilterBar::take);
     connect(m_periods, &QComboBox::activated, this, &DocumentFilterBar::take);
-    connect(m_more, &QPushButton::clicked, this, [this] { m_popup->open(m_view, *m_more); });
-    connect(m_popup, &DocumentFilterPopup::picked, this, &DocumentFilterBar::setView);
+    connect(m_more, &QPushButton::clicked, this, &DocumentFilterBar::openPopup);
     connect(&library, &LibraryAccess::opened, this, &DocumentFilterBar::forgetGone);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (!changes.of<Client>().isEmpty() || !changes.of<Project>().isEmpty()) {
@@ -126,6 +124,16 @@ void DocumentFilterBar::build()
     column->setSpacing(gap);
     column->addLayout(m_row);
     column->addWidget(m_chips);
+}
+
+/// Made when somebody wants it: the window would come later for it.
+void DocumentFilterBar::openPopup()
+{
+    if (m_popup == nullptr) {
+        m_popup = new DocumentFilterPopup(m_library, m_kind, this);
+        connect(m_popup, &DocumentFilterPopup::picked, this, &DocumentFilterBar::setView);
+    }
+    m_popup->open(m_view, *m_more);
 }
 
 void DocumentFilterBar::addControl(QWidget* control)

@@ -40,6 +40,7 @@ Q_SIGNALS:
 
 private:
     void build();
+    void openPopup();
     void show();
     void take();
     void showChips();
@@ -57,7 +58,7 @@ private:
     QPushButton* m_more;
     QWidget* m_chips;
     QHBoxLayout* m_row = nullptr;
-    DocumentFilterPopup* m_popup;
+    DocumentFilterPopup* m_popup = nullptr; ///< null: nobody has opened it yet
 };
 
 } // namespace Quillary

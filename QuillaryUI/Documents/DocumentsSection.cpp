@@ -74,17 +74,18 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_library(library)
     , m_kind(kind)
     , m_model(new DocumentListModel(library, kind, this))
-    , m_table(new QTableView(this))
-    , m_bar(new DocumentFilterBar(library, kind, this))
+    , m_halves(Lists::halves(*this, QStringLiteral("listAndDocument")))
+    , m_left(new QWidget(m_halves))
+    , m_right(new QStackedWidget(m_halves))
+    , m_bar(new DocumentFilterBar(library, kind, m_left))
     , m_views(new SavedViewsButton(
-          library, kind, [this] { return view(); }, this))
-    , m_list(new QStackedWidget(this))
-    , m_left(new QWidget(this))
-    , m_footer(new QLabel(this))
-    , m_right(new QStackedWidget(this))
-    , m_pane(new DocumentPane(library, this))
-    , m_run(new DocumentsRun(library, this))
-    , m_selection(new SelectionPane(library, kind, *m_run, this))
+          library, kind, [this] { return view(); }, m_bar))
+    , m_list(new QStackedWidget(m_left))
+    , m_table(new QTableView(m_list))
+    , m_footer(new QLabel(m_left))
+    , m_pane(new DocumentPane(library, m_right))
+    , m_run(new DocumentsRun(library, m_left))
+    , m_selection(new SelectionPane(library, kind, *m_run, m_right))
 {
     setObjectName(QStringLiteral("documents%1").arg(int(kind)));
     build();
@@ -155,7 +156,7 @@ void DocumentsSection::build()
     m_right->addWidget(m_pane);
     m_right->addWidget(m_selection);
 
-    Lists::beside(*this, QStringLiteral("listAndDocument"), m_left, listWidth, m_right, listWidth);
+    Lists::divide(*m_halves, listWidth, listWidth);
 }
 
 bool DocumentsSection::eventFilter(QObject* watched, QEvent* event)
@@ -169,7 +170,7 @@ bool DocumentsSection::eventFilter(QObject* watched, QEvent* event)
 
 QWidget* DocumentsSection::buildEmpty()
 {
-    auto* page = new QWidget(this);
+    auto* page = new QWidget(m_list);
     auto* sentence = new QLabel(page);
     sentence->setObjectName(QStringLiteral("emptyList"));
     sentence->setWordWrap(true);
@@ -194,7 +195,7 @@ QWidget* DocumentsSection::buildEmpty()
 
 QWidget* DocumentsSection::buildNothingFits()
 {
-    auto* page = new QWidget(this);
+    auto* page = new QWidget(m_list);
     auto* sentence = new QLabel(tr("Nothing fits these filters."), page);
     sentence->setAlignment(Qt::AlignCenter);
     auto* clear = new QPushButton(tr("Show All"), page);

@@ -15,6 +15,7 @@
 
 class QAction;
 class QLabel;
+class QSplitter;
 class QStackedWidget;
 class QTableView;
 
@@ -81,13 +82,15 @@ private:
     LibraryAccess& m_library;
     DocumentKind m_kind;
     DocumentListModel* m_model;
-    QTableView* m_table;
+    // Each is made with the parent that it stays with: one that changes its parent is dressed anew, with all in it.
+    QSplitter* m_halves;
+    QWidget* m_left;
+    QStackedWidget* m_right;
     DocumentFilterBar* m_bar;
     SavedViewsButton* m_views;
     QStackedWidget* m_list;
-    QWidget* m_left;
+    QTableView* m_table;
     QLabel* m_footer;
-    QStackedWidget* m_right;
     DocumentPane* m_pane;
     DocumentsRun* m_run;
     SelectionPane* m_selection;

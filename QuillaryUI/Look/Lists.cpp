@@ -36,18 +36,29 @@ void dress(QTableView& table, const QString& name, const QString& accessibleName
     }
 }
 
-QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth)
+QSplitter* halves(QWidget& whole, const QString& name)
 {
     auto* split = new QSplitter(Qt::Horizontal, &whole);
     split->setObjectName(name);
     split->setChildrenCollapsible(false);
-    split->addWidget(list);
-    split->addWidget(other);
-    split->setSizes({listWidth, otherWidth});
-    split->setStretchFactor(1, 1);
     auto* layout = new QVBoxLayout(&whole);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(split);
+    return split;
+}
+
+void divide(QSplitter& split, int listWidth, int otherWidth)
+{
+    split.setSizes({listWidth, otherWidth});
+    split.setStretchFactor(1, 1);
+}
+
+QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth)
+{
+    QSplitter* split = halves(whole, name);
+    split->addWidget(list);
+    split->addWidget(other);
+    divide(*split, listWidth, otherWidth);
     return split;
 }
 

@@ -17,6 +17,13 @@ namespace Lists {
 /// that takes what room is left, for a model that is set already and keeps its columns.
 void dress(QTableView& table, const QString& name, const QString& accessibleName, std::optional<int> stretched);
 
+/// Room for a list and for what stands beside it, which are made as its children, in this order: a border between them
+/// can be dragged. Fills `whole`, which has no layout yet.
+QSplitter* halves(QWidget& whole, const QString& name);
+
+/// How wide both are at first, in pixels; what room is left belongs to the second.
+void divide(QSplitter& split, int listWidth, int otherWidth);
+
 /// A list and what stands beside it, with a border between them that can be dragged; fills `whole`, which has no layout
 /// yet. Unit of the widths: pixels at first.
 QSplitter* beside(QWidget& whole, const QString& name, QWidget* list, int listWidth, QWidget* other, int otherWidth);

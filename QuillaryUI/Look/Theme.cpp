@@ -115,7 +115,8 @@ QColor counterpart(const QColor& color, Scheme scheme)
 
 constexpr const char* tintProperty = "quillaryTint";
 
-/// Fusion, without its small movements where they are not wanted.
+/// Fusion, without its small movements where they are not wanted, and with our icons where every window has some: the
+/// desktop's would be looked for in its themes, which takes longer than the window.
 class Style final : public QProxyStyle
 {
 public:
@@ -132,6 +133,21 @@ public:
     {
         return m_isStill && hint == SH_Widget_Animation_Duration ? 0
                                                                  : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+
+    [[nodiscard]] QIcon
+    standardIcon(StandardPixmap kind, const QStyleOption* option, const QWidget* widget) const override
+    {
+        switch (kind) {
+        case SP_ToolBarHorizontalExtensionButton:
+            return icon(QStringLiteral("beyond"));
+        case SP_ToolBarVerticalExtensionButton:
+            return icon(QStringLiteral("down"));
+        case SP_LineEditClearButton:
+            return icon(QStringLiteral("clear"));
+        default:
+            return QProxyStyle::standardIcon(kind, option, widget);
+        }
     }
 
 private:

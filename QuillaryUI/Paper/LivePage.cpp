@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <chrono>
 #include <tuple>
 #include <utility>
 #include <variant>
@@ -14,6 +15,8 @@
 namespace Quillary {
 
 namespace {
+
+constexpr std::chrono::milliseconds afterThePicture{20};
 
 bool isSamePage(const PageJob& job, const PageJob& other)
 {
@@ -54,12 +57,12 @@ void LivePage::refresh()
     startIfSeen();
 }
 
-/// What was asked for while nobody looked is printed as soon as somebody does: once the window has been drawn, since the
-/// engine takes a moment to come.
+/// What was asked for while nobody looked is printed as soon as somebody does: once the window has been drawn and what
+/// was clicked meanwhile is done, since the engine holds everything up while it comes.
 bool LivePage::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Paint && m_isStale && !m_isPrinting) {
-        QTimer::singleShot(0, this, &LivePage::startIfSeen);
+        QTimer::singleShot(afterThePicture, this, &LivePage::startIfSeen);
     }
     return QObject::eventFilter(watched, event);
 }

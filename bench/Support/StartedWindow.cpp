@@ -69,7 +69,7 @@ public:
     _exit(notDrawn);
 }
 
-/// A window of Qt's with a table and its menu bar, and nothing behind it.
+/// A window of Qt’s with a table, and nothing behind it.
 [[noreturn]] void startBare()
 {
     int count = 1;
