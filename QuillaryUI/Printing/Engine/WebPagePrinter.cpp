@@ -10,6 +10,7 @@
 #include <QEventLoop>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QPointer>
 #include <QSizeF>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineSettings>
@@ -24,6 +25,7 @@ namespace {
 constexpr int longDocumentPages = 20;
 
 constexpr std::chrono::seconds vectorImageTimeout(20);
+constexpr std::chrono::seconds longestFarewell(5);
 
 constexpr PageGeometry emptySheet{
     .width = 72, .height = 72, .marginTop = 0, .marginRight = 0, .marginBottom = 0, .marginLeft = 0};
@@ -134,9 +136,27 @@ WebPagePrinter::WebPagePrinter(PrinterLimits limits)
 
 WebPagePrinter::~WebPagePrinter()
 {
+    awaitPrinting();
     ++m_attempt; // a page that goes answers what it was asked
     m_page.reset();
     m_discarded.clear();
+}
+
+/// The engine ends the whole process when a page goes in the middle of its work. Not from inside an answer, where it
+/// doesn't go on with the next job.
+void WebPagePrinter::awaitPrinting()
+{
+    if (!m_isPrinting || m_isAnswering) {
+        return;
+    }
+    QEventLoop loop;
+    m_waiting.resize(1);
+    m_waiting.front().isSecondTry = true;
+    m_waiting.front().reply = [&loop](const RawResult& /*nobody waits for it any more*/) {
+        loop.quit();
+    };
+    m_timeout.start(std::min<std::chrono::milliseconds>(m_limits.timeout, longestFarewell));
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 void WebPagePrinter::print(PrintJob job, PrintReply reply)
@@ -345,7 +365,12 @@ void WebPagePrinter::finish(RawResult result)
     } else {
         m_next.start(0); // it may fail at once, and answers stay in order
     }
-    done.reply(std::move(result)); // last: the receiver may destroy the printer
+    const bool wasAnswering = std::exchange(m_isAnswering, true);
+    const QPointer<WebPagePrinter> self(this); // the receiver may destroy the printer
+    done.reply(std::move(result));
+    if (self) {
+        m_isAnswering = wasAnswering;
+    }
 }
 
 void WebPagePrinter::noteLength(int pages)

@@ -49,6 +49,7 @@ private:
         bool isSecondTry = false;
     };
 
+    void awaitPrinting();
     void enqueue(Waiting job);
     void startNext();
     void makePage();
@@ -67,6 +68,7 @@ private:
     std::vector<std::unique_ptr<QWebEnginePage>> m_discarded; ///< gone as soon as their own signals have returned
     std::deque<Waiting> m_waiting;                            ///< the first is being printed while `m_isPrinting`
     bool m_isPrinting = false;
+    bool m_isAnswering = false;
     bool m_isPageWorn = false; ///< a long document went through it
     quint64 m_attempt = 0;     ///< late answers of an attempt given up carry an older number
     QTimer m_next;             ///< to the next job, from the event loop
