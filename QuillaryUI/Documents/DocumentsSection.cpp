@@ -14,12 +14,14 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Look/YieldingColumns.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTableView>
@@ -35,7 +37,7 @@ namespace {
 
 constexpr int border = 12;
 constexpr int listWidth = 720;
-constexpr int numberWidth = 92;
+constexpr int numberWidth = 116; ///< for "INV-2026-001"
 constexpr int dateWidth = 96;
 constexpr int amountWidth = 100;
 constexpr int statusWidth = 92;
@@ -105,9 +107,14 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
             m_table->setFocus(Qt::OtherFocusReason);
         }
     });
+    connect(m_right, &QStackedWidget::currentChanged, this, &DocumentsSection::offerKeys);
     connect(m_pane, &DocumentPane::wantedDocument, this, &DocumentsSection::wantedDocument);
     connect(m_pane, &DocumentPane::wantedClient, this, &DocumentsSection::wantedClient);
     connect(m_pane, &DocumentPane::wantedSection, this, &DocumentsSection::wantedSection);
+    auto* remove = new QShortcut(QKeySequence::Delete, m_table);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &DocumentsSection::removeChosen);
+    offerKeys();
     restore();
 }
 
@@ -340,6 +347,26 @@ void DocumentsSection::showFooter(const DocumentRows::Sum& sum, bool isOfSelecti
 QList<QAction*> DocumentsSection::documentActions() const
 {
     return m_right->currentWidget() == m_selection ? m_selection->actions() : m_pane->documentActions();
+}
+
+/// What can be done to what is chosen has its keys in the list, too.
+void DocumentsSection::offerKeys()
+{
+    for (QAction* action : actions()) {
+        removeAction(action);
+    }
+    addActions(documentActions());
+}
+
+void DocumentsSection::removeChosen()
+{
+    for (QAction* action : documentActions()) {
+        const bool isRemoval =
+            action->objectName() == QLatin1String("deleteDraft") || action->objectName() == QLatin1String("deleteAll");
+        if (isRemoval && action->isVisible()) {
+            action->trigger();
+        }
+    }
 }
 
 void DocumentsSection::showDocument(std::int64_t key)

@@ -76,6 +76,8 @@ private:
     void choose();
     void restore();
     void showSelection();
+    void offerKeys();
+    void removeChosen();
     void showFooter(const DocumentRows::Sum& sum, bool isOfSelection);
     [[nodiscard]] std::vector<int> selectedRows() const;
 
