@@ -92,7 +92,8 @@ bool ClientList::update(Context& context, const ChangeSet& changes)
     }
     std::erase_if(m_rows, [&](const Row& row) {
         return std::ranges::binary_search(clients.deleted, row.key) ||
-               std::ranges::binary_search(clients.changed, row.key);
+               std::ranges::binary_search(clients.changed, row.key) ||
+               std::ranges::binary_search(clients.inserted, row.key); // read before it was told of
     });
     for (const std::vector<Key>* keys : {&clients.inserted, &clients.changed}) {
         for (const Key key : *keys) {

@@ -162,6 +162,7 @@ void ClientsSection::restore()
         m_table->setCurrentIndex(m_model->index(*row, 0));
     }
     m_isRestoring = false;
+    m_details->setVisible(clients.size() > 0); // else there is nobody to tell of
     m_details->setClient(m_chosen);
     if (const std::optional<std::uint32_t> place = clients.place(m_chosen)) {
         m_details->setBalance(m_library.formats().sums(clients.row(*place).open));

@@ -57,7 +57,8 @@ ImportSheet::ImportSheet(LibraryAccess& library, CSV csv, const QString& fileNam
     : Sheet(tr("Import Clients from %1").arg(fileName), tr("Import"), host)
     , m_library(library)
     , m_csv(std::move(csv))
-    , m_columns(ImportColumns::recognised(m_csv.rows()))
+    , m_recognised(ImportColumns::recognised(m_csv.rows()))
+    , m_columns(m_recognised)
     , m_rows(new ImportRowsModel(this))
     , m_summary(new QLabel(this))
 {
@@ -115,14 +116,23 @@ QScrollArea* ImportSheet::buildColumns()
     return scroll;
 }
 
+/// Counted from what was recognised, so that the choices which the arrow keys pass on their way leave no trace.
 void ImportSheet::assign(std::size_t column, const QString& field)
 {
+    auto assigned = m_assigned;
+    std::erase_if(assigned, [column](const auto& one) { return one.first == column; });
+    assigned.emplace_back(column, utf8(field));
     try {
-        m_columns.assign(std::to_string(column + 1), utf8(field));
+        ImportColumns columns = m_recognised;
+        for (const auto& [place, name] : assigned) {
+            columns.assign(std::to_string(place + 1), name);
+        }
+        m_columns = std::move(columns);
     } catch (const UserError& error) {
         m_summary->setText(CoreText::sentence(error.message()));
         return;
     }
+    m_assigned = std::move(assigned);
     showColumns();
     preview();
 }

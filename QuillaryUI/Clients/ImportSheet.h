@@ -5,7 +5,10 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Look/Sheet.h"
 
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 class QComboBox;
@@ -40,6 +43,8 @@ private:
 
     LibraryAccess& m_library;
     CSV m_csv;
+    const ImportColumns m_recognised;
+    std::vector<std::pair<std::size_t, std::string>> m_assigned; ///< column and field, in the order they were chosen
     ImportColumns m_columns;
     ImportRowsModel* m_rows;
     std::vector<QComboBox*> m_fields; ///< by column
