@@ -2,6 +2,7 @@
 
 #include "QuillaryUI/Documents/ChargesModel.h"
 #include "QuillaryUI/Look/Lists.h"
+#include "QuillaryUI/Look/RowDelegate.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -21,6 +22,7 @@ ChargesTable::ChargesTable(ChargesModel& model, QWidget* parent)
     , m_charges(model)
 {
     setModel(&model);
+    setItemDelegate(new RowDelegate(this));
     setEditTriggers(AnyKeyPressed | DoubleClicked | SelectedClicked | EditKeyPressed);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionBehavior(SelectItems);

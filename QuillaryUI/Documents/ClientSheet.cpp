@@ -1,7 +1,10 @@
 #include "QuillaryUI/Documents/ClientSheet.h"
 
 #include "QuillaryCore/Assistant/Operations/AssistantActions.h"
+#include "QuillaryUI/Look/Choices.h"
+#include "QuillaryUI/Look/CoreText.h"
 
+#include <QComboBox>
 #include <QFormLayout>
 #include <QLineEdit>
 
@@ -10,15 +13,15 @@ namespace Quillary {
 ClientSheet::ClientSheet(LibraryAccess& library, const QString& name, QWidget* host)
     : Sheet(tr("New Client"), tr("Add Client"), host)
     , m_library(library)
+    , m_country(new QComboBox(this))
 {
     addField(tr("Name"), "name");
     addField(tr("Email"), "email");
     addField(tr("Street"), "address_line");
     addField(tr("Postal code"), "postal_code");
     addField(tr("City"), "city");
-    addField(tr("Country"), "country");
+    addCountry();
     addField(tr("VAT ID"), "vat_id");
-    m_fields["country"]->setPlaceholderText(tr("Two letters, such as DE"));
     m_fields["name"]->setText(name);
     onAnswer([this] { return make(); });
 }
@@ -37,6 +40,17 @@ void ClientSheet::addField(const QString& label, const std::string& argument)
     form().addRow(label, field);
 }
 
+void ClientSheet::addCountry()
+{
+    m_country->setObjectName(QStringLiteral("client_country"));
+    m_country->setAccessibleName(tr("Country"));
+    for (const FieldForm::Choice& choice :
+         Choices::withNone(tr("Not given"), Choices::countries(m_library.formats().locale()))) {
+        m_country->addItem(choice.label, choice.value);
+    }
+    form().addRow(tr("Country"), m_country);
+}
+
 std::optional<QString> ClientSheet::make()
 {
     if (!m_library.isOpen()) {
@@ -48,12 +62,19 @@ std::optional<QString> ClientSheet::make()
             arguments.set(argument, value);
         }
     }
+    if (const QString code = m_country->currentData().toString(); !code.isEmpty()) {
+        arguments.set("country", utf8(code));
+    }
     ToolResult result;
     AssistantActions(m_library.environment()).call("create_client", arguments, [&](ToolResult answer) {
         result = std::move(answer);
     });
     if (result.isError) {
-        return text(result.text);
+        QString refusal = CoreText::sentence(result.text);
+        for (const auto& [argument, field] : m_fields) {
+            CoreText::nameField(refusal, text(argument), field->accessibleName());
+        }
+        return refusal;
     }
     if (const JSON* existing = result.data ? result.data->find("existing") : nullptr) {
         const JSON* name = existing->find("name");

@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 
+class QComboBox;
 class QLineEdit;
 
 namespace Quillary {
@@ -26,10 +27,12 @@ Q_SIGNALS:
 
 private:
     void addField(const QString& label, const std::string& argument);
+    void addCountry();
     [[nodiscard]] std::optional<QString> make();
 
     LibraryAccess& m_library;
     std::map<std::string, QLineEdit*> m_fields;
+    QComboBox* m_country;
 };
 
 } // namespace Quillary

@@ -64,6 +64,8 @@ void DocumentHead::build(QMenu& menu)
     m_locked->setContentsMargins(border, 0, border, border / 2);
     Theme::tint(*m_locked, palette().color(QPalette::PlaceholderText));
 
+    m_name->setWordWrap(true); // a long one takes a second line, and no wider window
+
     auto* names = new QVBoxLayout;
     names->setSpacing(2);
     names->addWidget(m_name);

@@ -4,6 +4,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryUI/Documents/DraftFields.h"
 #include "QuillaryUI/Documents/ServiceDateText.h"
+#include "QuillaryUI/Look/DateField.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <QDateEdit>
@@ -37,8 +38,7 @@ DraftDates::DraftDates(const DraftDesk& desk, DraftFields& fields, QFormLayout& 
 QDateEdit* DraftDates::addDay(const QString& label, const char* field)
 {
     auto* edit = new QDateEdit;
-    edit->setCalendarPopup(true);
-    edit->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    DateField::dress(*edit);
     connect(edit, &QDateEdit::dateChanged, this, [this, edit, field] {
         m_fields.typedValue(field, [edit] { return JSON(utf8(edit->date().toString(Qt::ISODate))); });
     });

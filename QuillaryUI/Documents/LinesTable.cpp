@@ -9,6 +9,7 @@
 #include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Look/Lists.h"
+#include "QuillaryUI/Look/RowDelegate.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -20,7 +21,6 @@
 #include <QMenu>
 #include <QPersistentModelIndex>
 #include <QStringList>
-#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include <algorithm>
@@ -67,11 +67,11 @@ QStringList rateTexts(const LibraryAccess& library)
 }
 
 /// Line edits that complete what the catalog, the units and the tax rates have.
-class LineDelegate final : public QStyledItemDelegate
+class LineDelegate final : public RowDelegate
 {
 public:
     LineDelegate(LibraryAccess& library, QObject* parent)
-        : QStyledItemDelegate(parent)
+        : RowDelegate(parent)
         , m_library(library)
     {
     }
@@ -81,6 +81,7 @@ public:
     {
         auto* editor = new QLineEdit(parent);
         editor->setFrame(false);
+        editor->setTextMargins(padding - 2, 0, padding - 2, 0); // what is typed stands where it will
         editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
         const QStringList words = m_library.isOpen() ? wordsFor(index.column()) : QStringList();
         if (!words.isEmpty()) {
@@ -182,7 +183,7 @@ LinesTable::LinesTable(LibraryAccess& library, LinesModel& model, QWidget* paren
     horizontalHeader()->setHighlightSections(false);
     constexpr std::pair<int, int> widths[] = {{LinesModel::details, 84},
                                               {LinesModel::quantity, 68},
-                                              {LinesModel::unit, 66},
+                                              {LinesModel::unit, 80},
                                               {LinesModel::price, 86},
                                               {LinesModel::tax, 52},
                                               {LinesModel::sum, 92}};

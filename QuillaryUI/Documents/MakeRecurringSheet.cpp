@@ -6,6 +6,7 @@
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/DateField.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,7 +14,6 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStringList>
@@ -39,8 +39,7 @@ CalendarDate calendarDate(QDate date)
 QDateEdit* dateField(QWidget* parent)
 {
     auto* edit = new QDateEdit(parent);
-    edit->setCalendarPopup(true);
-    edit->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    DateField::dress(*edit);
     return edit;
 }
 

@@ -8,12 +8,12 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/DateField.h"
 
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QLocale>
 
 namespace Quillary {
 
@@ -27,8 +27,7 @@ PaymentSheet::PaymentSheet(LibraryAccess& library, std::int64_t document, QWidge
     , m_note(new QLineEdit(this))
 {
     m_amount->setObjectName(QStringLiteral("paymentAmount"));
-    m_date->setCalendarPopup(true);
-    m_date->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    DateField::dress(*m_date);
     for (const PaymentMethod method : allPaymentMethods) {
         m_method->addItem(CoreText::word(title(method)), int(method));
     }

@@ -26,7 +26,6 @@ PresetButton::PresetButton(LibraryAccess& library, Kind kind, QPlainTextEdit& fi
     setToolTip(tr("Your saved texts"));
     setAccessibleName(kind == Kind::intro ? tr("Saved introductions") : tr("Saved closing texts"));
     setObjectName(kind == Kind::intro ? QStringLiteral("introPresets") : QStringLiteral("footerPresets"));
-    setPopupMode(InstantPopup);
     setMenu(m_menu);
     connect(m_menu, &QMenu::aboutToShow, this, &PresetButton::fillMenu);
 }

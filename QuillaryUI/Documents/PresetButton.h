@@ -2,7 +2,7 @@
 
 #include "QuillaryUI/Library/LibraryAccess.h"
 
-#include <QToolButton>
+#include <QPushButton>
 
 class QMenu;
 class QPlainTextEdit;
@@ -10,7 +10,7 @@ class QPlainTextEdit;
 namespace Quillary {
 
 /// Puts one of the user's saved texts into a field, or saves what stands there as one.
-class PresetButton : public QToolButton
+class PresetButton : public QPushButton
 {
     Q_OBJECT
 

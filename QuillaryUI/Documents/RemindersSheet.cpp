@@ -21,7 +21,7 @@ constexpr int widest = 1120;
 constexpr int leastHeight = 420;
 constexpr int dayWidth = 100;
 constexpr int amountWidth = 96;
-constexpr int levelWidth = 168;
+constexpr int levelWidth = 144;
 constexpr int gap = 16;
 
 } // namespace

@@ -33,8 +33,7 @@ QColor textColor(const QStyleOptionViewItem& option, const QModelIndex& index)
 
 bool isPlain(const QModelIndex& index)
 {
-    return !index.data(Qt::CheckStateRole).isValid() && !index.data(Qt::DecorationRole).isValid() &&
-           !index.data(Qt::BackgroundRole).isValid();
+    return !index.data(Qt::CheckStateRole).isValid() && !index.data(Qt::DecorationRole).isValid();
 }
 
 } // namespace
@@ -46,8 +45,11 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
         return;
     }
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QVariant background = index.data(Qt::BackgroundRole);
     if (isSelected) {
         painter->fillRect(option.rect, option.palette.color(QPalette::Active, QPalette::Highlight));
+    } else if (background.isValid()) {
+        painter->fillRect(option.rect, qvariant_cast<QBrush>(background));
     }
     if (option.state.testFlag(QStyle::State_HasFocus) && !isSelected) { // the keyboard is here, nothing is chosen
         painter->setPen(option.palette.color(QPalette::Active, QPalette::Highlight));
@@ -83,7 +85,7 @@ QuickText& RowDelegate::quick(const QFont& font) const
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(padding, 0); // beside what the style leaves
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(2 * padding, 0);
 }
 
 } // namespace Quillary

@@ -194,8 +194,11 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent, const
         "QPushButton:default { background: palette(highlight); color: palette(highlighted-text); border: none; }"
         "QPushButton:hover { border-color: palette(highlight); }"
         "QPushButton:focus { border: 1px solid palette(highlight); }"
+        "QPushButton:default:focus { border: 2px solid palette(window-text); padding: 4px 12px; }"
+        "QPushButton::menu-indicator { subcontrol-origin: padding; subcontrol-position: center right; right: 6px; }"
         "QPushButton:disabled, QPushButton:default:disabled { background: palette(base); color: "
         "palette(placeholder-text); }"
+        "QToolButton#moreActions::menu-indicator { image: none; }" // its three dots say as much
         "QSplitter::handle { background: palette(midlight); }"));
     for (QWidget* widget : QApplication::allWidgets()) {
         if (const QVariant color = widget->property(tintProperty); color.isValid()) {

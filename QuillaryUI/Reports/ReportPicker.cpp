@@ -1,11 +1,11 @@
 #include "QuillaryUI/Reports/ReportPicker.h"
 
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/DateField.h"
 
 #include <QComboBox>
 #include <QDateEdit>
 #include <QHBoxLayout>
-#include <QLocale>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -81,8 +81,7 @@ void ReportPicker::build()
     m_period->addItem(tr("From – to"), ownDays);
     m_period->setCurrentIndex(m_period->findData(QStringLiteral("this-year")));
     for (QDateEdit* day : {m_first, m_last}) {
-        day->setCalendarPopup(true);
-        day->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+        DateField::dress(*day);
     }
     m_first->setObjectName(QStringLiteral("reportFirst"));
     m_first->setAccessibleName(tr("First day"));

@@ -9,13 +9,13 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Documents/ClientPicker.h"
 #include "QuillaryUI/Library/ProjectBox.h"
+#include "QuillaryUI/Look/DateField.h"
 #include "QuillaryUI/Schedules/TimeText.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QLocale>
 
 namespace Quillary {
 
@@ -30,8 +30,7 @@ TimeSheet::TimeSheet(LibraryAccess& library, std::int64_t entry, QWidget* host)
     , m_note(new QLineEdit(this))
     , m_isBillable(new QCheckBox(tr("Will be billed"), this))
 {
-    m_day->setCalendarPopup(true);
-    m_day->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    DateField::dress(*m_day);
     m_day->setObjectName(QStringLiteral("timeDay"));
     m_time->setObjectName(QStringLiteral("timeSpan"));
     m_time->setPlaceholderText(tr("9:00–10:30, or how long: 1:30"));

@@ -1,5 +1,7 @@
 #include "QuillaryUI/Settings/PlainTable.h"
 
+#include "QuillaryUI/Look/RowDelegate.h"
+
 #include <QHeaderView>
 #include <QLabel>
 #include <QTableWidget>
@@ -20,6 +22,7 @@ QTableWidget* PlainTable::make(const QStringList& titles, int widest, QWidget* p
     table->setSelectionMode(QTableWidget::SingleSelection);
     table->setEditTriggers(QTableWidget::NoEditTriggers);
     table->setShowGrid(false);
+    table->setItemDelegate(new RowDelegate(table));
     table->setTabKeyNavigation(false);
     table->verticalHeader()->hide();
     table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
