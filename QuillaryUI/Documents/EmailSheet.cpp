@@ -54,7 +54,7 @@ struct Road
 void Road::finish(const EmailOutcome& outcome) const
 {
     if (const auto* sentence = std::get_if<std::string>(&outcome)) {
-        tell("failed", text(*sentence));
+        tell("failed", CoreText::sentence(*sentence));
         return;
     }
     const auto& email = std::get<PreparedEmail>(outcome);
@@ -240,7 +240,7 @@ void EmailSheet::print(MailDraft mail)
     host.printPage(pageJob(environment.context, document, environment.ownBusiness(), environment.calendar),
                    [&host, road, mail = std::move(mail)](PageOutcome page) mutable {
                        if (const auto* sentence = std::get_if<std::string>(&page)) {
-                           road.tell("failed", text(*sentence));
+                           road.tell("failed", CoreText::sentence(*sentence));
                            return;
                        }
                        mail.attachments.front().pdf = std::move(std::get<Bytes>(page));

@@ -10,13 +10,13 @@
 #include "QuillaryUI/Documents/ReminderWriting.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/DateField.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPointer>
 
 #include <variant>
@@ -40,8 +40,7 @@ ReminderSheet::ReminderSheet(LibraryAccess& library, std::int64_t document, QWid
     m_level->setObjectName(QStringLiteral("reminderLevel"));
     m_fee->setObjectName(QStringLiteral("reminderFee"));
     m_payBy->setObjectName(QStringLiteral("reminderPayBy"));
-    m_payBy->setCalendarPopup(true);
-    m_payBy->setDisplayFormat(QLocale().dateFormat(QLocale::ShortFormat));
+    DateField::dress(*m_payBy);
     form().addRow(tr("Level"), m_level);
     form().addRow(tr("Late fee"), m_fee);
     form().addRow(tr("To be paid by"), m_payBy);
@@ -119,7 +118,7 @@ std::optional<QString> ReminderSheet::write()
                                 .date = today()};
     if (const auto refusal =
             checkReminder(m_library.context(), *document, notice.details, notice.date, formats.calendar())) {
-        return text(*refusal);
+        return CoreText::sentence(*refusal);
     }
     print(notice);
     return std::nullopt;

@@ -103,7 +103,7 @@ void finish(Letter letter, const PrintResult& result, const std::function<void(c
             if (const auto* sentence = std::get_if<std::string>(&email)) {
                 reply(Words::tr("The reminder is recorded and its letter is %1, but there is no "
                                 "email. %2")
-                          .arg(text(file.string()), text(*sentence)));
+                          .arg(text(file.string()), CoreText::sentence(*sentence)));
             } else {
                 reply(WrittenReminder{file, std::get<PreparedEmail>(email)});
             }
@@ -140,7 +140,7 @@ std::optional<QString> refusal(const LibraryAccess& library, const PlannedRemind
     }
     const auto sentence = checkReminder(
         library.context(), *document, planned.notice.details, planned.notice.date, library.formats().calendar());
-    return sentence ? std::optional(text(*sentence)) : std::nullopt;
+    return sentence ? std::optional(CoreText::sentence(*sentence)) : std::nullopt;
 }
 
 std::optional<PageJob> letter(const LibraryAccess& library, const PlannedReminder& planned)

@@ -109,7 +109,7 @@ void ReviewPanel::give(const Answer& answer)
         const JSON arguments = JSON::object({{"client", Lookup::idText(client->uuid)}, {field, value}});
         AssistantActions(m_desk.library().environment())
             .call("update_client", arguments, [&](const ToolResult& result) {
-                refusal = result.isError ? std::optional(Quillary::text(result.text)) : std::nullopt;
+                refusal = result.isError ? std::optional(CoreText::sentence(result.text)) : std::nullopt;
             });
     } else {
         refusal = m_desk.change(tr("Answer"), answer.field, value);

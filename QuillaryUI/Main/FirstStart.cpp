@@ -10,6 +10,7 @@
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
@@ -220,7 +221,11 @@ std::optional<QString> FirstStart::refusal()
         result = std::move(answer);
     });
     if (result.isError) {
-        return text(result.text);
+        QString sentence = CoreText::sentence(result.text);
+        for (const auto& [argument, field] : m_fields) {
+            CoreText::nameField(sentence, text(argument), field->accessibleName());
+        }
+        return sentence;
     }
     return m_library.perform(tr("Choose Look"), [this] {
         BusinessSettings::set(
