@@ -84,6 +84,7 @@ private:
     void showDocuments(DocumentKind kind, DisplayStatus status, const std::string& currencyCode);
     void buildMenus();
     void buildDocumentMenu(QMenu& menu);
+    void showKeys();
     void undo(bool isRedo);
     void showFirstStart();
     void prepareLock();

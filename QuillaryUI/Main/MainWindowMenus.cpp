@@ -3,6 +3,7 @@
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Main/KeysDialog.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Main/SectionDeck.h"
@@ -60,6 +61,26 @@ void MainWindow::buildMenus()
         }
     }
     buildDocumentMenu(*menuBar()->addMenu(tr("&Document")));
+    menuBar()
+        ->addMenu(tr("&Help"))
+        ->addAction(tr("What the Keys Do"), QKeySequence(Qt::Key_F1), this, &MainWindow::showKeys);
+}
+
+/// Those of the menus, and of what is in front.
+void MainWindow::showKeys()
+{
+    QList<QAction*> known;
+    if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
+        known = documents->documentActions();
+    }
+    for (const QAction* menu : menuBar()->actions()) {
+        for (QAction* action : menu->menu()->actions()) {
+            if (!known.contains(action)) {
+                known.push_back(action);
+            }
+        }
+    }
+    (new KeysDialog(known, this))->show();
 }
 
 /// The actions belong to the pane of each section; the menu shows those of the one in front.

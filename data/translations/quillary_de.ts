@@ -2388,16 +2388,16 @@
         <translation>USt-IdNr.</translation>
     </message>
     <message>
-        <source>Two letters, such as DE</source>
-        <translation>Zwei Buchstaben, zum Beispiel DE</translation>
-    </message>
-    <message>
         <source>Another Quillary is using the library at this moment. Try again in a second.</source>
         <translation>Ein anderes Quillary benutzt gerade die Bibliothek. Bitte gleich noch einmal versuchen.</translation>
     </message>
     <message>
         <source>%1 is there already. A name, an email address or a VAT ID of its own tells another client from them.</source>
         <translation>%1 ist schon vorhanden. Ein eigener Name, eine eigene E-Mail-Adresse oder USt-IdNr. unterscheidet einen anderen Kunden davon.</translation>
+    </message>
+    <message>
+        <source>Not given</source>
+        <translation>Keine Angabe</translation>
     </message>
 </context>
 <context>
@@ -3013,7 +3013,7 @@
     </message>
     <message>
         <source>No client</source>
-        <translation>Ohne Kunden</translation>
+        <translation>Ohne Kunde</translation>
     </message>
     <message>
         <source>Number</source>
@@ -3748,6 +3748,53 @@
     </message>
 </context>
 <context>
+    <name>Quillary::KeysDialog</name>
+    <message>
+        <source>What the Keys Do</source>
+        <translation>Was die Tasten bewirken</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
+    </message>
+    <message>
+        <source>What it does</source>
+        <translation>Was sie bewirkt</translation>
+    </message>
+    <message>
+        <source>The usual next step of a document</source>
+        <translation>Der übliche nächste Schritt eines Belegs</translation>
+    </message>
+    <message>
+        <source>Into what is chosen in a list; in a sheet, its answer</source>
+        <translation>In das Gewählte hinein; in einem Blatt die Antwort</translation>
+    </message>
+    <message>
+        <source>Back to the list; out of a sheet</source>
+        <translation>Zurück zur Liste; aus einem Blatt hinaus</translation>
+    </message>
+    <message>
+        <source>Delete what is chosen: drafts, lines, working time</source>
+        <translation>Gewähltes löschen: Entwürfe, Positionen, Arbeitszeiten</translation>
+    </message>
+    <message>
+        <source>Move the line up</source>
+        <translation>Die Position nach oben schieben</translation>
+    </message>
+    <message>
+        <source>Move the line down</source>
+        <translation>Die Position nach unten schieben</translation>
+    </message>
+    <message>
+        <source>Put the line under the one above it</source>
+        <translation>Die Position der darüber unterordnen</translation>
+    </message>
+    <message>
+        <source>Take the line out again</source>
+        <translation>Die Position wieder herausnehmen</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::LibraryAccess</name>
     <message>
         <source>Another Quillary is using the library at this moment. Try again in a second.</source>
@@ -4041,6 +4088,14 @@
     <message>
         <source>Close Without Saving</source>
         <translation>Ohne Speichern schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>What the Keys Do</source>
+        <translation>Was die Tasten bewirken</translation>
     </message>
 </context>
 <context>
@@ -4371,7 +4426,7 @@
     </message>
     <message>
         <source>No client</source>
-        <translation>Ohne Kunden</translation>
+        <translation>Ohne Kunde</translation>
     </message>
     <message>
         <source>%1   %2</source>
@@ -4415,7 +4470,7 @@
     </message>
     <message>
         <source>No client</source>
-        <translation>Ohne Kunden</translation>
+        <translation>Ohne Kunde</translation>
     </message>
     <message>
         <source>Title</source>
@@ -4586,7 +4641,7 @@
     <name>Quillary::RemindersModel</name>
     <message>
         <source>No client</source>
-        <translation>Ohne Kunden</translation>
+        <translation>Ohne Kunde</translation>
     </message>
     <message>
         <source>None</source>
