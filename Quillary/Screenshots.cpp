@@ -2,6 +2,11 @@
 
 #include "Quillary/PrintingHost.h"
 #include "Quillary/SampleHistory.h"
+#include "Quillary/ScreenshotScenes.h"
+#include "QuillaryCore/Assistant/Access/ActivityEntry.h"
+#include "QuillaryCore/Assistant/Access/ActivityLog.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettings.h"
+#include "QuillaryCore/Assistant/Access/AssistantSettingsFile.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Assistant/Operations/ContactOperations.h"
 #include "QuillaryCore/Assistant/Operations/RecordFields.h"
@@ -19,25 +24,20 @@
 #include "QuillaryCore/Samples/SampleLibrary.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
-#include "QuillaryUI/Documents/DocumentPane.h"
-#include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
-#include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Look/Translation.h"
 #include "QuillaryUI/Main/MainWindow.h"
-#include "QuillaryUI/Paper/PaperView.h"
 
-#include <QAction>
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QTemporaryDir>
 
 #include <fmt/format.h>
 
 #include <chrono>
 #include <cstdint>
-#include <utility>
+#include <string>
 
 namespace Quillary::Screenshots {
 
@@ -47,27 +47,7 @@ namespace fs = std::filesystem;
 
 constexpr int width = 1440;
 constexpr int height = 900;
-constexpr int patience = 10'000; ///< milliseconds until a page must be there
 constexpr QRgb accent = 0xff1f5fbf;
-
-/// Until every page that is on the screen has been printed.
-void wait(MainWindow& window)
-{
-    QElapsedTimer time;
-    time.start();
-    const auto isReady = [&window] {
-        for (const PaperView* paper : window.findChildren<PaperView*>()) {
-            if (paper->isVisible() && paper->pdf().empty()) {
-                return false;
-            }
-        }
-        return true;
-    };
-    constexpr int settling = 250;
-    while (time.elapsed() < settling || (!isReady() && time.elapsed() < patience)) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-}
 
 /// Two days of work, an hour still to bill on each, and a timer that runs: the samples are of documents alone.
 void addTime(SampleLibrary& samples)
@@ -144,60 +124,60 @@ void fillOut(const AssistantEnvironment& environment)
                                   {"text", "Thank you for your trust. We look forward to working with you again."}}));
 }
 
-void save(const fs::path& folder, const std::string& name, Theme::Scheme scheme, MainWindow& window)
+/// What the pictures can't know by themselves.
+struct Subjects
 {
-    wait(window);
-    const fs::path file = folder / fmt::format("{}-{}.png", name, scheme == Theme::Scheme::dark ? "dark" : "light");
-    if (!window.grab().save(QString::fromStdString(file.string()))) {
-        throw UserError(fmt::format("{} couldn't be written.", file.string()));
-    }
+    std::int64_t invoice; ///< the key of the one that a draft is made from
+    const std::string& assistantSetup;
+};
+
+/// Two assistants and what one of them did; for as long as the folder.
+ProgramPlaces placesIn(const QTemporaryDir& folder, const std::string& setup, Instant now)
+{
+    ProgramPlaces places;
+    places.assistantSettings = utf8(folder.filePath(QString::fromLatin1(AssistantSettingsFile::fileName)));
+    places.activityLog = utf8(folder.filePath(QString::fromLatin1(ActivityLog::fileName)));
+    places.assistantSetup = setup;
+    AssistantSettingsFile(places.assistantSettings).change([now](AssistantSettings& settings) {
+        settings.isOn = true;
+        settings.decide("Desk Helper", AssistantApproval::allowed);
+        settings.keepWaiting("Bookkeeping Bot", now);
+    });
+    ActivityLog(places.activityLog)
+        .append({.time = now,
+                 .assistant = "Desk Helper",
+                 .tool = "create_document",
+                 .summary = "Draft of an invoice over 1,250.00",
+                 .outcome = CallOutcome::done});
+    return places;
 }
 
-/// A draft in its editor, and what slides in above it.
-int drawEditor(const fs::path& folder, Theme::Scheme scheme, std::int64_t invoice, MainWindow& window)
-{
-    window.showDocument(invoice);
-    DocumentPane& pane = dynamic_cast<DocumentsSection&>(*window.section(QStringLiteral("invoices"))).pane();
-    const auto run = [&pane](const char* action) {
-        pane.findChild<QAction*>(QString::fromLatin1(action))->trigger();
-    };
-    run("duplicate");
-    pane.beginEditing();
-    save(folder, "editor", scheme, window);
-    int count = 1;
-    for (const auto& [action, name] : {std::pair("email", "email"), std::pair("makeRecurring", "make-recurring")}) {
-        run(action);
-        save(folder, name, scheme, window);
-        pane.findChild<Sheet*>(QStringLiteral("sheet"))->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        count += 1;
-    }
-    return count;
-}
-
-int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library, std::int64_t invoice)
+int drawScheme(const fs::path& folder, Theme::Scheme scheme, LibraryAccess& library, const Subjects& subjects)
 {
     Theme::apply(*static_cast<QApplication*>(QCoreApplication::instance()), scheme, QColor(accent));
-    MainWindow window(library, {});
+    const QTemporaryDir settings;
+    MainWindow window(library, placesIn(settings, subjects.assistantSetup, library.now()));
     window.resize(width, height);
     window.show();
-    int count = 0;
+    ScreenshotScenes scenes(folder, scheme, library);
     for (const QString& name : window.sectionNames()) {
         window.showSection(name);
-        save(folder, utf8(name), scheme, window);
+        scenes.draw(utf8(name), window);
         for (const QString& page : window.section(name)->pageNames()) {
             window.section(name)->showPage(page);
-            save(folder, fmt::format("{}-{}", utf8(name), utf8(page)), scheme, window);
-            count += 1;
+            scenes.draw(fmt::format("{}-{}", utf8(name), utf8(page)), window);
         }
-        count += 1;
     }
-    return count + drawEditor(folder, scheme, invoice, window);
+    scenes.drawDocuments(subjects.invoice, window);
+    scenes.drawOthers(window);
+    scenes.drawBeginnings();
+    scenes.drawEmpty(window);
+    return scenes.count();
 }
 
 } // namespace
 
-int draw(const fs::path& folder, PrintingHost& host, const Locale& words)
+int draw(const fs::path& folder, PrintingHost& host, const Locale& words, const std::string& assistantSetup)
 {
     std::error_code failure;
     fs::create_directories(folder, failure);
@@ -207,25 +187,25 @@ int draw(const fs::path& folder, PrintingHost& host, const Locale& words)
     const DocumentLanguage language = documentLanguage(words.languageCode());
     const Locale locale = language == DocumentLanguage::english ? Locale("en_GB") : words;
     Translation::install(*QCoreApplication::instance(), words, locale);
-    SampleLibrary samples(language);
-    addTime(samples);
-    addHistory(samples);
-    LibrarySearch search(samples.context());
-    LibraryAccess library(host, Formats(locale, samples.calendar()));
-    library.open({.context = samples.context(),
-                  .business = samples.business().ref,
-                  .host = &host,
-                  .assistantName = {},
-                  .clock = samples.context().clock(),
-                  .calendar = samples.calendar(),
-                  .locale = locale,
-                  .search = &search});
-    fillOut(library.environment());
     int count = 0;
     for (const Theme::Scheme scheme : {Theme::Scheme::light, Theme::Scheme::dark}) {
-        count += drawScheme(folder, scheme, library, samples.samples().front().document->ref.key());
+        SampleLibrary samples(language);
+        addTime(samples);
+        addHistory(samples);
+        LibrarySearch search(samples.context());
+        LibraryAccess library(host, Formats(locale, samples.calendar()));
+        library.open({.context = samples.context(),
+                      .business = samples.business().ref,
+                      .host = &host,
+                      .assistantName = {},
+                      .clock = samples.context().clock(),
+                      .calendar = samples.calendar(),
+                      .locale = locale,
+                      .search = &search});
+        fillOut(library.environment());
+        count += drawScheme(folder, scheme, library, {samples.samples().front().document->ref.key(), assistantSetup});
+        library.close();
     }
-    library.close();
     return count;
 }
 

@@ -28,6 +28,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <string>
 #include <unistd.h>
 #include <utility>
 
@@ -177,7 +178,8 @@ int WindowCommand::drawSections(const CommandSetting& setting) const
     PrintingHost host(setting.environment);
     host.startApplication(PrintingHost::Windows::shown);
     introduce(setting.environment);
-    const int count = Screenshots::draw(fs::absolute(m_screenshots), host, desktopWords());
+    const std::string setup = AssistantSetup::configuration("/usr/bin/quillary-mcp").pretty();
+    const int count = Screenshots::draw(fs::absolute(m_screenshots), host, desktopWords(), setup);
     fmt::print("{} pictures in {}\n", count, fs::absolute(m_screenshots).string());
     return 0;
 }
