@@ -1,5 +1,6 @@
 // A person at the window, with the real library, service and page engine; only the screen is missing.
-#include "QuillaryCore/Foundation/Files.h"
+#include "tests/Quillary/WindowJourney.h"
+
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/DataModel.h"
@@ -19,9 +20,7 @@
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/PaperView.h"
 #include "QuillaryUI/Settings/DataPage.h"
-#include "tests/Quillary/WindowDesk.h"
 #include "tests/Store/FullDisk.h"
-#include "tests/Support/TempFolder.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>
@@ -29,7 +28,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -57,43 +55,9 @@
 namespace Quillary {
 namespace {
 
-constexpr int patience = 30'000;
-constexpr const char* homeVariable = "QUILLARY_TEST_HOME";
-
-bool comesTrue(const std::function<bool()>& condition)
-{
-    QElapsedTimer time;
-    time.start();
-    while (!condition() && time.elapsed() < patience) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-    return condition();
-}
-
-/// A user with a home of their own, in front of the window.
-class WindowJourneyTest : public testing::Test
+class WindowJourneyTest : public WindowJourney
 {
 protected:
-    template <class Widget>
-    Widget& find(const char* name, QWidget* within = nullptr)
-    {
-        QWidget* root = within != nullptr ? within : &desktop->window();
-        Widget* found = nullptr;
-        for (Widget* widget : root->findChildren<Widget*>(QString::fromLatin1(name))) {
-            if (found == nullptr || widget->isVisible()) {
-                found = widget;
-            }
-        }
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
-    }
-
-    /// Past what a new user is asked first.
-    void putOffFirstStart() { QTest::mouseClick(&find<QPushButton>("firstStartLater"), Qt::LeftButton); }
-
-    QWidget* invoices() { return desktop->window().section(QStringLiteral("invoices")); }
-    Context& context() { return desktop->library().context(); }
-
     void typeCell(int row, int column, const QString& text)
     {
         auto& table = find<QTableView>("lines", invoices());
@@ -108,29 +72,6 @@ protected:
         QTest::keyClick(editor, Qt::Key_Tab);
         QCoreApplication::processEvents();
     }
-
-    /// What lies in a file, wherever under the user's home it comes to lie.
-    std::string comingFile(const std::string& ending)
-    {
-        std::filesystem::path found;
-        const auto isThere = [&] {
-            for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {
-                if (entry.path().string().ends_with(ending) && entry.file_size() > 0) {
-                    found = entry.path();
-                }
-            }
-            return !found.empty();
-        };
-        EXPECT_TRUE(comesTrue(isThere)) << ending;
-        return found.empty() ? std::string() : readFile(found, 10'000'000);
-    }
-
-    TempFolder folder;
-    /// That of whoever started this process as a test of its own, if somebody did.
-    const char* const lentHome = std::getenv(homeVariable);
-    const std::filesystem::path home = lentHome != nullptr ? std::filesystem::path(lentHome) : folder.path();
-    WindowDesk desk{home};
-    Desktop* desktop = desk.desktop.get();
 };
 
 TEST_F(WindowJourneyTest, readsTheFiguresBesideTheWindowAndFollowsTheLibrary)

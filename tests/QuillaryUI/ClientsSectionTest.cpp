@@ -1,6 +1,5 @@
 #include "QuillaryUI/Clients/ClientsSection.h"
 
-#include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Letters/EmailDraft.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
@@ -9,10 +8,8 @@
 #include "QuillaryUI/Clients/ClientDocumentsModel.h"
 #include "QuillaryUI/Clients/ClientListModel.h"
 #include "tests/QuillaryUI/WindowLibrary.h"
-#include "tests/Support/TempFolder.h"
 
 #include <QAbstractItemModelTester>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -143,43 +140,6 @@ TEST_F(ClientsSectionTest, keepsThePeopleAtAClientInTheirOrder)
     EXPECT_EQ(offered(), "Ana;");
     library.context().undo();
     EXPECT_EQ(offered(), "Bo;Ana;");
-}
-
-TEST_F(ClientsSectionTest, importsWhatIsNewAfterAColumnWasAssigned)
-{
-    ASSERT_FALSE(library.perform(
-        "Numbers", [this] { BusinessSettings::set(library.environment(), "client_number_format", "K-{####}"); }));
-    TempFolder folder;
-    const auto file = folder.write("list.csv",
-                                   "Kunde;Ort;Mitglied\n"
-                                   "Neue Kunst AG;Basel;x\n"
-                                   "Northwind Energy plc;Leeds;\n"
-                                   ";;\n"
-                                   "Otto & Co;Graz;Wien\n");
-    section.setFileChooser([&](QWidget*) { return QString::fromStdString(file.string()); });
-    child<QPushButton>(section, "importClients").click();
-    auto& preview = *child<QTableView>(section, "importRows").model();
-    const QAbstractItemModelTester tester(&preview, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    ASSERT_EQ(preview.rowCount(), 3);
-    EXPECT_EQ(preview.index(1, 1).data().toString(), "Duplicate");
-
-    auto& third = child<QComboBox>(section, "importColumn2");
-    third.setCurrentIndex(third.findData("city"));
-    Q_EMIT third.activated(third.currentIndex());
-    if (qEnvironmentVariableIsSet("QUILLARY_PICTURES")) {
-        section.resize(1240, 860);
-        settle();
-        section.grab().save(qEnvironmentVariable("QUILLARY_PICTURES") + "/import.png");
-    }
-    child<QPushButton>(section, "sheetAnswer").click();
-    EXPECT_TRUE(child<QLabel>(section, "sheetError").text().isEmpty());
-    settle();
-    ASSERT_EQ(rows().rowCount(), 6);
-    EXPECT_EQ(library.context().first<Client>("name = ?", std::string("Otto & Co"))->city, "Wien");
-
-    library.context().undo(); // whole, or not at all
-    settle();
-    EXPECT_EQ(rows().rowCount(), 4);
 }
 
 } // namespace

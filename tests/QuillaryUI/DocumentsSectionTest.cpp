@@ -17,9 +17,7 @@
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
-#include <QDateEdit>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -234,37 +232,6 @@ TEST_F(DocumentsSectionTest, doesTheSameToSeveralDocuments)
     EXPECT_TRUE(comesTrue([&] { return told.startsWith(QStringLiteral("4 PDFs were saved")); })) << utf8(told);
     EXPECT_EQ(files(".pdf"), 4U); // of six, two failed
     EXPECT_EQ(child<QPlainTextEdit>("runFailures").toPlainText().count(QStringLiteral("The page took too long.")), 2);
-}
-
-TEST_F(DocumentsSectionTest, remindsOfAnInvoiceAsTyped)
-{
-    const Document& invoice = *samples.context.first<Document>("number = 'N-4'");
-    section.showDocument(invoice.ref.key());
-    run("remind");
-    auto& level = child<QComboBox>("reminderLevel");
-    EXPECT_EQ(level.currentText(), QStringLiteral("Payment Reminder"));
-    QTest::keyClick(&level, Qt::Key_Down);
-    auto& fee = child<QLineEdit>("reminderFee");
-    fee.selectAll();
-    QTest::keyClicks(&fee, QStringLiteral("much"));
-    QTest::keyClick(&fee, Qt::Key_Return);
-    EXPECT_TRUE(child<QLabel>("sheetError").text().startsWith(QStringLiteral("Write the fee as a number")));
-    EXPECT_EQ(samples.context.count<Reminder>(""), 0);
-
-    fee.selectAll();
-    QTest::keyClicks(&fee, QStringLiteral("7.50"));
-    const QDate deadline = library.formats().qDate(library.now()).addDays(21);
-    child<QDateEdit>("reminderPayBy").setDate(deadline);
-    child<QPushButton>("sheetAnswer").click();
-    EXPECT_TRUE(comesTrue([&] { return told.startsWith(QStringLiteral("The reminder is recorded; its letter is")); }))
-        << utf8(told);
-    EXPECT_EQ(files(".pdf"), 1U);
-    const Reminder* reminder = samples.context.first<Reminder>("");
-    ASSERT_NE(reminder, nullptr);
-    EXPECT_EQ(reminder->level, 2);
-    EXPECT_EQ(reminder->feeMinorUnits, 7'50);
-    EXPECT_EQ(library.formats().qDate(*reminder->payBy), deadline);
-    EXPECT_EQ(samples.context.first<Document>("number = 'N-4'")->cachedLateFeesMinorUnits, 7'50);
 }
 
 TEST_F(DocumentsSectionTest, remindsOfSeveralInvoicesAtOnce)

@@ -1,18 +1,14 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/Document.h"
-#include "QuillaryCore/Model/TimeEntry.h"
 #include "QuillaryCore/Search/LibrarySearch.h"
 #include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
-#include "QuillaryUI/Documents/ClientPicker.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Overview/FigureButton.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
 #include "QuillaryUI/Schedules/RecurringModel.h"
 #include "QuillaryUI/Schedules/RecurringSection.h"
-#include "QuillaryUI/Schedules/TimeModel.h"
-#include "QuillaryUI/Schedules/TimeSection.h"
 #include "tests/Assistant/AssistantLibrary.h"
 #include "tests/Support/TempFolder.h"
 
@@ -22,7 +18,6 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 
@@ -187,41 +182,6 @@ TEST_F(FiguresAndTimeTest, pausesATemplate)
     child<QPushButton>(recurring, "pauseRecurring").click();
     EXPECT_TRUE(comesTrue([&] { return child<QPushButton>(recurring, "pauseRecurring").text() == "Resume"; }));
     EXPECT_EQ(model.index(0, RecurringModel::stateColumn).data().toString(), "Paused");
-}
-
-TEST_F(FiguresAndTimeTest, timeIsRecordedAndBilled)
-{
-    TimeSection time(library);
-    QTableView& table = child<QTableView>(time, "timeList");
-    const QAbstractItemModelTester tester(table.model());
-    QPushButton& timer = child<QPushButton>(time, "timerButton");
-    child<ClientPicker>(time, "timerClient").setClient(client->ref.key());
-    timer.click();
-    ASSERT_TRUE(comesTrue([&] { return timer.text() == "Stop"; }));
-    samples.clock.set(samples.clock.now() + std::chrono::minutes(90));
-    timer.click();
-    ASSERT_TRUE(comesTrue([&] { return table.model()->rowCount() == 2; })); // the day and the entry
-    EXPECT_EQ(table.model()->index(0, TimeModel::hoursColumn).data().toString(), "1:30");
-
-    time.makeNew();
-    QLineEdit& span = child<QLineEdit>(time, "timeSpan");
-    QPushButton& add = child<QPushButton>(time, "sheetAnswer");
-    span.setText("nine");
-    add.click();
-    EXPECT_EQ(table.model()->rowCount(), 2) << "what can't be read was recorded";
-    span.setText("8:00-8:45");
-    child<ClientPicker>(time, "timeClient").setClient(client->ref.key());
-    add.click();
-    ASSERT_TRUE(comesTrue([&] { return table.model()->rowCount() == 3; }));
-    ASSERT_TRUE(comesTrue([&] { return time.findChild<QLineEdit*>("timeSpan") == nullptr; })); // the sheet is gone
-
-    std::int64_t made = 0;
-    QObject::connect(&time, &Section::wantedDocument, [&](std::int64_t key) { made = key; });
-    child<QPushButton>(time, "invoiceTime").click();
-    child<QPushButton>(time, "sheetAnswer").click();
-    const Document* draft = samples.context.find(Ref<Document>(made));
-    ASSERT_NE(draft, nullptr);
-    EXPECT_EQ(draft->cachedNetMinorUnits, 202'50) << "2:15 hours at €90.00";
 }
 
 } // namespace
