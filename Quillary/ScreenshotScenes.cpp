@@ -201,6 +201,7 @@ void ScreenshotScenes::drawEmpty(MainWindow& window)
         })) {
         throw UserError(utf8(*refusal));
     }
+    wait(window); // whoever shows the records hears of it first
     for (const QString& name : window.sectionNames()) {
         if (name != QLatin1String("settings")) {
             window.showSection(name);

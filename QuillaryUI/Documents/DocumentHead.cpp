@@ -24,6 +24,7 @@ namespace Quillary {
 namespace {
 
 constexpr int border = 16;
+constexpr int leastForOneRow = 600;
 
 } // namespace
 
@@ -36,6 +37,7 @@ DocumentHead::DocumentHead(const LibraryAccess& library, QMenu& menu, QWidget* p
     , m_edit(new QPushButton(this))
     , m_next(new QPushButton(this))
     , m_locked(new QLabel(this))
+    , m_row(new QBoxLayout(QBoxLayout::LeftToRight))
 {
     build(menu);
     connect(m_related, &RelatedDocuments::wantedDocument, this, &DocumentHead::wantedDocument);
@@ -71,18 +73,28 @@ void DocumentHead::build(QMenu& menu)
     names->addWidget(m_name);
     names->addWidget(m_status);
     names->addWidget(m_related);
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(border, border, border, border / 2);
-    row->setSpacing(border / 2);
-    row->addLayout(names, 1);
-    row->addWidget(m_edit);
-    row->addWidget(m_next);
-    row->addWidget(more);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(border / 2);
+    buttons->addWidget(m_edit);
+    buttons->addWidget(m_next);
+    buttons->addWidget(more);
+    buttons->addStretch();
+    m_row->setContentsMargins(border, border, border, border / 2);
+    m_row->setSpacing(border / 2);
+    m_row->addLayout(names, 1);
+    m_row->addLayout(buttons);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(row);
+    column->addLayout(m_row);
     column->addWidget(m_locked);
+}
+
+/// Beside a wide list the buttons stand below the name.
+void DocumentHead::resizeEvent(QResizeEvent* event)
+{
+    m_row->setDirection(width() < leastForOneRow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    QWidget::resizeEvent(event);
 }
 
 void DocumentHead::fill(const Document& document)

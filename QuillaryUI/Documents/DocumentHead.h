@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+class QBoxLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -38,6 +39,9 @@ Q_SIGNALS:
     void editClicked();
     void nextStepClicked();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void build(QMenu& menu);
 
@@ -48,6 +52,7 @@ private:
     QPushButton* m_edit;
     QPushButton* m_next;
     QLabel* m_locked;
+    QBoxLayout* m_row;
 };
 
 } // namespace Quillary

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeySequence>
+#include <QPushButton>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -57,7 +58,9 @@ KeysDialog::KeysDialog(const QList<QAction*>& actions, QWidget* parent)
     table->setModel(model);
     Lists::dress(*table, QStringLiteral("keys"), windowTitle(), 1);
     table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setIcon({}); // the desktop's, which no button here bears
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(border, border, border, border);
