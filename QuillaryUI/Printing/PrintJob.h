@@ -2,14 +2,24 @@
 
 #include "QuillaryCore/Foundation/Instant.h"
 #include "QuillaryCore/Foundation/UserError.h"
+#include "QuillaryCore/Output/PageMark.h"
 #include "QuillaryCore/Output/TemplateSettings.h"
 #include "QuillaryCore/Store/Field.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace Quillary {
+
+/// One page out of a document.
+struct LonePage
+{
+    int index = 0;
+    int pageCount = 0; ///< of the whole document, as its label says
+};
 
 /// A page to be printed, with what a reader of the PDF is told about it. All texts are UTF-8.
 struct PrintJob
@@ -24,6 +34,8 @@ struct PrintJob
     /// The typeface of the page numbers: the first family of the page's own font stack.
     std::string labelFamily = "system-ui";
     Instant createdAt; ///< the creation date in the PDF's properties
+    /// Prints this page and no other; it has to be there.
+    std::optional<LonePage> lonePage = std::nullopt;
 };
 
 /// A finished file: the same job gives the same bytes.
@@ -31,6 +43,8 @@ struct PrintedPDF
 {
     Bytes bytes;
     int pageCount = 0;
+    std::vector<PageMark> marks =
+        {}; ///< of the elements that a link of the page leads to; the file has no trace of them
 };
 
 /// A page as it is drawn on a screen: white paper, four bytes a pixel (red, green, blue, unused), rows without gaps.

@@ -4,6 +4,7 @@
 #include "QuillaryUI/Printing/Engine/XMPPacket.h"
 
 #include <qpdf/Buffer.hh>
+#include <qpdf/JSON.hh> // the pages below hold some
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
@@ -12,7 +13,9 @@
 #include <fmt/chrono.h>
 
 #include <chrono>
+#include <map>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Quillary::PDFStamper {
@@ -90,6 +93,37 @@ void numberPages(QPDF& document, std::vector<QPDFPageObjectHelper>& pages, const
     }
 }
 
+/// A place that a link leads to (ISO 32000-1, 12.3.2.3): `[page /XYZ left top zoom]`, alone or as the D of a dictionary.
+std::vector<PageMark> takeMarks(QPDF& document, const std::vector<QPDFPageObjectHelper>& pages)
+{
+    constexpr int leastItems = 4;
+    QPDFObjectHandle places = document.getRoot().getKey("/Dests");
+    std::vector<PageMark> marks;
+    if (!places.isDictionary()) {
+        return marks;
+    }
+    std::map<QPDFObjGen, int> indexes;
+    for (const QPDFPageObjectHelper& page : pages) {
+        indexes.emplace(page.getObjectHandle().getObjGen(), int(indexes.size()));
+    }
+    for (const auto& [key, named] : places.getDictAsMap()) {
+        QPDFObjectHandle value = named;
+        QPDFObjectHandle place = value.isDictionary() ? value.getKey("/D") : value;
+        if (!place.isArray() || place.getArrayNItems() < leastItems) {
+            continue;
+        }
+        const auto page = indexes.find(place.getArrayItem(0).getObjGen());
+        if (page != indexes.end() && place.getArrayItem(2).isNumber() && place.getArrayItem(3).isNumber()) {
+            marks.push_back({.name = key.substr(1),
+                             .page = page->second,
+                             .left = place.getArrayItem(2).getNumericValue(),
+                             .top = place.getArrayItem(3).getNumericValue()});
+        }
+    }
+    document.getRoot().removeKey("/Dests");
+    return marks;
+}
+
 PrintedPDF write(QPDF& document, std::size_t pageCount)
 {
     QPDFWriter writer(document);
@@ -99,7 +133,7 @@ PrintedPDF write(QPDF& document, std::size_t pageCount)
     writer.write();
     const std::shared_ptr<Buffer> file = writer.getBufferSharedPointer();
     const unsigned char* bytes = file->getBuffer();
-    return {.bytes = Bytes(bytes, bytes + file->getSize()), .pageCount = int(pageCount)};
+    return {.bytes = Bytes(bytes, bytes + file->getSize()), .pageCount = int(pageCount), .marks = {}};
 }
 
 } // namespace
@@ -114,11 +148,15 @@ PrintedPDF stamp(std::string_view pdf, const PrintJob& job)
         for (QPDFPageObjectHelper& page : pages) {
             setSheet(page, job.geometry);
         }
-        if (pages.size() > 1 && !job.pageLabel.empty()) {
+        const std::size_t pageCount = job.lonePage ? std::size_t(job.lonePage->pageCount) : pages.size();
+        if (pageCount > 1 && !job.pageLabel.empty()) {
             numberPages(document, pages, job);
         }
         describe(document, job, XMPPacket::cleaned(job.title));
-        return write(document, pages.size());
+        std::vector<PageMark> marks = takeMarks(document, pages);
+        PrintedPDF printed = write(document, pages.size());
+        printed.marks = std::move(marks);
+        return printed;
     } catch (const PrintError&) {
         throw;
     } catch (const std::exception& failure) {

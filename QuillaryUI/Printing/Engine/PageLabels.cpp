@@ -62,9 +62,11 @@ QByteArray sheets(const PrintJob& job, int pages)
         if (page > 1) {
             writer.newPage();
         }
+        const std::string label = job.lonePage ? text(job.pageLabel, job.lonePage->index + 1, job.lonePage->pageCount)
+                                               : text(job.pageLabel, page, pages);
         painter.drawText(bottomMargin(job.geometry),
                          Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                         QString::fromStdString(text(job.pageLabel, page, pages)));
+                         QString::fromStdString(label));
     }
     painter.end();
     return pdf;

@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QEventLoop>
 #include <QPageLayout>
+#include <QPageRanges>
 #include <QPageSize>
 #include <QPointer>
 #include <QSizeF>
@@ -164,6 +165,7 @@ void WebPagePrinter::print(PrintJob job, PrintReply reply)
     QByteArray html(job.html.data(), qsizetype(job.html.size()));
     job.html.clear(); // not kept twice
     const PageGeometry geometry = job.geometry;
+    const std::optional<int> lonePage = job.lonePage ? std::optional(job.lonePage->index) : std::nullopt;
     auto finishJob = [this, job = std::move(job), reply = std::move(reply)](RawResult result) {
         if (const auto* error = std::get_if<PrintError>(&result)) {
             reply(*error);
@@ -175,8 +177,11 @@ void WebPagePrinter::print(PrintJob job, PrintReply reply)
         }
         reply(std::move(outcome));
     };
-    enqueue(
-        {.html = std::move(html), .geometry = geometry, .timeout = m_limits.timeout, .reply = std::move(finishJob)});
+    enqueue({.html = std::move(html),
+             .geometry = geometry,
+             .timeout = m_limits.timeout,
+             .reply = std::move(finishJob),
+             .lonePage = lonePage});
 }
 
 PrintedPDF WebPagePrinter::printAndWait(PrintJob job)
@@ -321,13 +326,18 @@ void WebPagePrinter::loaded(const QWebEngineLoadingInfo& info)
         tryAgain(PrintError::Reason::loadFailed);
         return;
     }
+    QPageRanges range; // empty: all
+    if (const std::optional<int> page = m_waiting.front().lonePage) {
+        range.addPage(*page + 1);
+    }
     m_page->printToPdf(
         [this, attempt = m_attempt](const QByteArray& pdf) {
             if (attempt == m_attempt) {
                 printed(pdf);
             }
         },
-        pageLayout(m_waiting.front().geometry));
+        pageLayout(m_waiting.front().geometry),
+        range);
 }
 
 void WebPagePrinter::printed(const QByteArray& pdf)

@@ -11,6 +11,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -46,6 +47,7 @@ private:
         PageGeometry geometry;
         std::chrono::milliseconds timeout;
         std::function<void(RawResult)> reply;
+        std::optional<int> lonePage = std::nullopt; ///< its index
         bool isSecondTry = false;
     };
 
