@@ -154,8 +154,20 @@ void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply
 
 void PrintingHost::press(PageJob job, PrintReply reply)
 {
+    print(printJob(std::move(job)), std::move(reply));
+}
+
+void PrintingHost::pressPage(PageJob job, LonePage page, PrintReply reply)
+{
+    PrintJob alone = printJob(std::move(job));
+    alone.lonePage = page;
+    print(std::move(alone), std::move(reply));
+}
+
+void PrintingHost::print(PrintJob job, PrintReply reply)
+{
     try {
-        printer().print(printJob(std::move(job)), std::move(reply));
+        printer().print(std::move(job), std::move(reply));
     } catch (const PrintError& error) {
         QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
     }

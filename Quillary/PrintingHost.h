@@ -29,6 +29,7 @@ public:
     [[nodiscard]] std::filesystem::path homeFolder() const override;
 
     void press(PageJob job, PrintReply reply) override;
+    void pressPage(PageJob job, LonePage page, PrintReply reply) override;
     [[nodiscard]] PagePicture picture(const Bytes& pdf, int pageIndex, int pixelWidth) override;
     void warmUp() override;
 
@@ -54,6 +55,7 @@ private:
     class WindowApplication;
     PagePrinter& printer();
     [[nodiscard]] PrintJob printJob(PageJob job) const;
+    void print(PrintJob job, PrintReply reply);
 
     const AppEnvironment& m_environment;
     std::function<void(const std::string& sentence)> m_tellFailure;

@@ -18,7 +18,14 @@ namespace {
 
 constexpr std::chrono::milliseconds afterThePicture{20};
 
-bool isSamePage(const PageJob& job, const PageJob& other)
+/// Without keys for so long somebody rests. A whole print that is under way holds the next page up.
+constexpr std::chrono::milliseconds pauseBeforeWhole{200};
+
+/// Pages. The whole of fewer is there nearly as soon as one of them.
+constexpr int longDocument = 4;
+
+/// All but what stands on it.
+bool isSameSheet(const PageJob& job, const PageJob& other)
 {
     const auto sizes = [](const PageGeometry& geometry) {
         return std::tuple(geometry.width,
@@ -28,8 +35,13 @@ bool isSamePage(const PageJob& job, const PageJob& other)
                           geometry.marginBottom,
                           geometry.marginLeft);
     };
-    return job.html == other.html && sizes(job.geometry) == sizes(other.geometry) && job.pageLabel == other.pageLabel &&
+    return sizes(job.geometry) == sizes(other.geometry) && job.pageLabel == other.pageLabel &&
            job.labelFamily == other.labelFamily && job.title == other.title && job.languageCode == other.languageCode;
+}
+
+bool isSamePage(const PageJob& job, const PageJob& other)
+{
+    return job.html == other.html && isSameSheet(job, other);
 }
 
 } // namespace
@@ -40,6 +52,9 @@ LivePage::LivePage(PagePress& press, PaperView& view)
     , m_view(view)
 {
     view.viewport()->installEventFilter(this);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pauseBeforeWhole);
+    connect(&m_pause, &QTimer::timeout, this, &LivePage::followWithWhole);
 }
 
 void LivePage::show(Source source)
@@ -47,6 +62,8 @@ void LivePage::show(Source source)
     m_source = std::move(source);
     m_turn += 1;
     m_lastJob.reset();
+    m_layout.reset();
+    m_pause.stop();
     m_view.clear();
     refresh();
 }
@@ -77,22 +94,56 @@ void LivePage::startIfSeen()
     if (!job || (m_lastJob && isSamePage(*job, *m_lastJob))) {
         return;
     }
-    m_lastJob = job;
+    const bool isSameAsLast = m_lastJob && isSameSheet(*job, *m_lastJob);
+    const PageJob& wanted = m_lastJob.emplace(*std::move(job));
+    std::optional<PageExcerpt> ahead = m_layout && isSameAsLast ? m_layout->excerpt(wanted.html) : std::nullopt;
+    if (ahead && m_view.shows(ahead->page)) {
+        printAhead(wanted, *std::move(ahead));
+    } else {
+        printWhole(wanted);
+    }
+}
+
+void LivePage::printWhole(const PageJob& job)
+{
     m_isPrinting = true;
-    m_press.press(*std::move(job), [self = QPointer(this), turn = m_turn](PrintResult result) {
+    m_pause.stop();
+    PageJob marked = job;
+    marked.html = PageLayout::marked(job.html);
+    m_press.press(std::move(marked), [self = QPointer(this), turn = m_turn, job](PrintResult result) {
         if (self) {
-            self->finish(turn, std::move(result));
+            self->showWhole(turn, job, std::move(result));
         }
     });
 }
 
-void LivePage::finish(std::uint64_t turn, PrintResult result)
+void LivePage::printAhead(const PageJob& job, PageExcerpt excerpt)
+{
+    m_isPrinting = true;
+    m_pause.stop();
+    PageJob page = job;
+    page.html = std::exchange(excerpt.html, {});
+    const LonePage lone{.index = excerpt.page, .pageCount = excerpt.pageCount};
+    m_press.pressPage(std::move(page),
+                      lone,
+                      [self = QPointer(this), turn = m_turn, excerpt = std::move(excerpt)](PrintResult result) {
+                          if (self) {
+                              self->showAhead(turn, excerpt, std::move(result));
+                          }
+                      });
+}
+
+void LivePage::showWhole(std::uint64_t turn, const PageJob& job, PrintResult result)
 {
     m_isPrinting = false;
     if (turn == m_turn) {
+        m_layout.reset();
         if (auto* pdf = std::get_if<PrintedPDF>(&result)) {
             const auto place = m_shownTurn == turn ? PaperView::Place::kept : PaperView::Place::top;
             m_shownTurn = turn;
+            if (pdf->pageCount >= longDocument) {
+                m_layout = PageLayout::of(job.html, job.geometry, pdf->pageCount, pdf->marks);
+            }
             m_view.setPDF(std::move(pdf->bytes), pdf->pageCount, place);
         } else {
             m_lastJob.reset();
@@ -100,6 +151,38 @@ void LivePage::finish(std::uint64_t turn, PrintResult result)
         }
     }
     startIfSeen();
+}
+
+/// Where the page turns out to be another one the whole comes next, whatever is typed; and it tells what is wrong with a
+/// page that can't be printed.
+void LivePage::showAhead(std::uint64_t turn, const PageExcerpt& excerpt, PrintResult result)
+{
+    m_isPrinting = false;
+    if (turn == m_turn) {
+        auto* pdf = std::get_if<PrintedPDF>(&result);
+        const bool isExact = pdf != nullptr && excerpt.isExact(pdf->marks);
+        if (isExact) {
+            m_view.setPage(excerpt.page, std::move(pdf->bytes));
+            m_pause.start(pauseBeforeWhole);
+        } else {
+            m_layout.reset();
+            m_pause.start(std::chrono::milliseconds(0));
+        }
+    }
+    startIfSeen();
+}
+
+void LivePage::followWithWhole()
+{
+    if (m_isPrinting || !m_lastJob) {
+        return;
+    }
+    if (m_view.isVisible()) {
+        printWhole(*m_lastJob);
+    } else {
+        m_lastJob.reset();
+        m_isStale = true; // until somebody looks
+    }
 }
 
 } // namespace Quillary

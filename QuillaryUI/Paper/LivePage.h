@@ -1,8 +1,10 @@
 #pragma once
 
+#include "QuillaryCore/Output/PageLayout.h"
 #include "QuillaryUI/Paper/PagePress.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -15,6 +17,10 @@ class PaperView;
 /// The page of one document as it is now, in a view: printed anew whenever somebody asks, one job at a time. While one is
 /// printed only the newest wish waits, so that fast typing never queues up pages that nobody will see; and while the view
 /// is hidden nothing is printed at all. What would be the same page again isn't printed either.
+///
+/// Of a long document the page that changes is printed first and alone, as long as it is in sight: key after key it is
+/// there as soon as that of a short one, and the whole follows when the keys rest. Where that page can't be told from the
+/// last whole print, the whole is printed at once.
 class LivePage : public QObject
 {
     Q_OBJECT
@@ -37,14 +43,20 @@ protected:
 
 private:
     void startIfSeen();
-    void finish(std::uint64_t turn, PrintResult result);
+    void printWhole(const PageJob& job);
+    void printAhead(const PageJob& job, PageExcerpt excerpt);
+    void showWhole(std::uint64_t turn, const PageJob& job, PrintResult result);
+    void showAhead(std::uint64_t turn, const PageExcerpt& excerpt, PrintResult result);
+    void followWithWhole();
 
     PagePress& m_press;
     PaperView& m_view;
     Source m_source;
     std::uint64_t m_turn = 0; ///< of the document that is shown
     std::uint64_t m_shownTurn = 0;
-    std::optional<PageJob> m_lastJob; ///< that of the page in the view, or of the one that is being printed
+    std::optional<PageJob> m_lastJob;   ///< that of the page in the view, or of the one that is being printed
+    std::optional<PageLayout> m_layout; ///< of the whole document in the view, where it is long
+    QTimer m_pause;                     ///< after the last page ahead
     bool m_isPrinting = false;
     bool m_isStale = false;
 };

@@ -22,6 +22,9 @@ public:
 
     /// Starts the engine ahead of the first page. Where it can't be had the first page says so.
     virtual void warmUp() = 0;
+
+    /// Prints one page of it alone.
+    virtual void pressPage(PageJob job, LonePage page, PrintReply reply) = 0;
 };
 
 } // namespace Quillary

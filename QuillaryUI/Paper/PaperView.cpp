@@ -61,11 +61,38 @@ void PaperView::setPDF(Bytes pdf, int pageCount, Place place)
     m_pdf = std::move(pdf);
     m_notice.clear();
     m_pages.resize(static_cast<std::size_t>(std::max(pageCount, 0)));
+    for (Page& page : m_pages) {
+        page.ownPDF.clear();
+    }
     forgetDrawing();
     layOut();
     if (place == Place::top) {
         verticalScrollBar()->setValue(0);
     }
+}
+
+void PaperView::setPage(int index, Bytes pdf)
+{
+    Page& page = m_pages.at(static_cast<std::size_t>(index));
+    page.ownPDF = std::move(pdf);
+    page.isDrawn = false;
+    m_notice.clear();
+    viewport()->update();
+}
+
+const Bytes& PaperView::pagePDF(int index) const
+{
+    const Page& page = m_pages.at(static_cast<std::size_t>(index));
+    return page.ownPDF.empty() ? m_pdf : page.ownPDF;
+}
+
+bool PaperView::shows(int index) const
+{
+    if (index < 0 || index >= int(m_pages.size())) {
+        return false;
+    }
+    const int top = pageTop(index);
+    return top < viewport()->height() && top + pageHeight(m_pages[static_cast<std::size_t>(index)]) > 0;
 }
 
 void PaperView::clear()
@@ -98,7 +125,8 @@ void PaperView::draw(int index)
     page.isDrawn = true;
     try {
         const double ratio = viewport()->devicePixelRatioF();
-        const PagePicture picture = m_press.picture(m_pdf, index, qRound(paperWidth() * ratio));
+        const PagePicture picture =
+            m_press.picture(pagePDF(index), page.ownPDF.empty() ? index : 0, qRound(paperWidth() * ratio));
         page.image = QImage(picture.pixels.data(), picture.width, picture.height, QImage::Format_RGBX8888).copy();
         page.image.setDevicePixelRatio(ratio);
     } catch (const PrintError& error) {
@@ -117,6 +145,15 @@ int PaperView::pageHeight(const Page& page) const
     const QImage& image = page.image.isNull() ? m_pages.front().image : page.image;
     return image.isNull() ? qRound(paperWidth() * usualShape)
                           : qRound(double(paperWidth()) * image.height() / image.width());
+}
+
+int PaperView::pageTop(int index) const
+{
+    int top = margin - verticalScrollBar()->value();
+    for (int before = 0; before < index; ++before) {
+        top += pageHeight(m_pages[static_cast<std::size_t>(before)]) + gap;
+    }
+    return top;
 }
 
 void PaperView::layOut()

@@ -32,11 +32,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
 #include <QTableWidget>
@@ -265,6 +267,50 @@ TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
     QTest::keyClick(&amount, Qt::Key_Return);
     EXPECT_EQ(status(*context().first<Document>("")), DocumentStatus::paid);
     EXPECT_EQ(context().count<Payment>("amountMinorUnits = 136374"), 1);
+}
+
+TEST_F(WindowJourneyTest, showsThePageThatChangesFirstAndThenTheWhole)
+{
+    putOffFirstStart();
+    QTest::mouseClick(&find<QPushButton>("newDocument", invoices()), Qt::LeftButton);
+    QString lines = QStringLiteral("Description\tQty\tPrice\n");
+    for (int line = 1; line <= 90; ++line) {
+        lines += QStringLiteral("Design %1\t2\t95.50\n").arg(line);
+    }
+    auto& table = find<QTableView>("lines", invoices());
+    table.setCurrentIndex(table.model()->index(0, 0));
+    QApplication::clipboard()->setText(lines);
+    QTest::keySequence(&table, QKeySequence::Paste);
+    auto& paper = find<PaperView>("paper", invoices());
+    ASSERT_TRUE(comesTrue([&] { return paper.pageCount() > 3; }));
+
+    const auto expectAhead = [&](int page, QWidget& field) {
+        QTest::qWait(800); // what was typed before is saved, and printed
+        const Bytes before = paper.pdf();
+        QTest::keyClick(&field, Qt::Key_A);
+        EXPECT_TRUE(comesTrue([&] { return paper.pagePDF(page) != before; })) << page;
+        EXPECT_EQ(paper.pdf(), before) << "the whole takes longer";
+        EXPECT_TRUE(comesTrue([&] { return paper.pdf() != before; })) << page;
+        EXPECT_EQ(paper.pagePDF(page), paper.pdf());
+    };
+    expectAhead(0, find<QPlainTextEdit>("intro", invoices()));
+    while (!paper.shows(2)) {
+        ASSERT_LT(paper.verticalScrollBar()->value(), paper.verticalScrollBar()->maximum());
+        paper.verticalScrollBar()->setValue(paper.verticalScrollBar()->value() + 100);
+    }
+    table.setCurrentIndex(table.model()->index(55, LinesModel::description));
+    table.edit(table.currentIndex());
+    expectAhead(2, *table.findChildren<QLineEdit*>().back());
+    const int place = paper.verticalScrollBar()->value();
+    expectAhead(2, *table.findChildren<QLineEdit*>().back()); // from the layout of the print before
+    EXPECT_EQ(paper.verticalScrollBar()->value(), place);
+
+    paper.verticalScrollBar()->setValue(0); // what changes is out of sight: the whole alone
+    QTest::qWait(800);
+    const Bytes before = paper.pdf();
+    QTest::keyClick(table.findChildren<QLineEdit*>().back(), Qt::Key_B);
+    EXPECT_TRUE(comesTrue([&] { return paper.pagePDF(2) != before; }));
+    EXPECT_NE(paper.pdf(), before);
 }
 
 TEST_F(WindowJourneyTest, asksANewUserForTheFewFactsOfAnInvoice)

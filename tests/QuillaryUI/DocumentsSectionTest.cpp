@@ -53,6 +53,10 @@ public:
         }
         QTimer::singleShot(0, qApp, [reply = std::move(reply), result] { reply(result); });
     }
+    void pressPage(PageJob job, LonePage /*page*/, PrintReply reply) override
+    {
+        press(std::move(job), std::move(reply));
+    }
     PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
     void warmUp() override {}
 

@@ -40,6 +40,10 @@ public:
         last = std::move(job);
         reply(PrintedPDF{Bytes{'%', 'P', 'D', 'F'}, 1});
     }
+    void pressPage(PageJob job, LonePage /*page*/, PrintReply reply) override
+    {
+        press(std::move(job), std::move(reply));
+    }
     PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
     void warmUp() override {}
 

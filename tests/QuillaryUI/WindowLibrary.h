@@ -17,6 +17,7 @@ class NoPress final : public PagePress
 {
 public:
     void press(PageJob /*job*/, PrintReply /*reply*/) override {}
+    void pressPage(PageJob /*job*/, LonePage /*page*/, PrintReply /*reply*/) override {}
     [[nodiscard]] PagePicture picture(const Bytes& /*pdf*/, int /*page*/, int /*width*/) override { return {}; }
     void warmUp() override {}
 };
