@@ -13,19 +13,24 @@
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
 #include "QuillaryUI/Documents/DraftEditor.h"
+#include "QuillaryUI/Documents/LinesModel.h"
 #include "QuillaryUI/Paper/PaperView.h"
 #include "bench/Support/AtEnd.h"
 #include "tests/Quillary/WindowDesk.h"
 
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTest>
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <unistd.h>
@@ -80,19 +85,45 @@ public:
     {
         section().showDocument(draft(lines).ref.key());
         section().pane().beginEditing();
-        awaitPage({});
+        awaitWhole({});
     }
 
-    /// Until the page is another, and drawn.
-    void awaitPage(const Bytes& before)
+    /// Until the document is printed anew, and drawn.
+    void awaitWhole(const Bytes& before)
     {
-        while (paper().pdf() == before || paper().pdf().empty()) {
+        await([&] { return paper().pdf() != before && !paper().pdf().empty(); });
+    }
+
+    /// Until this page is another, and drawn.
+    void awaitPage(int page, const Bytes& before)
+    {
+        await([&] { return paper().pagePDF(page) != before; });
+    }
+
+    /// Until a page is ahead of the whole document. Its index.
+    int awaitAhead()
+    {
+        int page = 0;
+        await([&] {
+            for (page = 0; page < paper().pageCount(); ++page) {
+                if (paper().pagePDF(page) != paper().pdf()) {
+                    return true;
+                }
+            }
+            return false;
+        });
+        return page;
+    }
+
+private:
+    void await(const std::function<bool()>& isThere)
+    {
+        while (!isThere()) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
         }
         paper().viewport()->repaint();
     }
 
-private:
     struct Folder
     {
         fs::path path = fs::temp_directory_path() / fmt::format("quillary-bench-{}", getpid());
@@ -125,19 +156,61 @@ public:
     LibraryAccess& library = m_window.desktop->library();
 };
 
-/// A letter typed into the introduction, until the page shows it.
+/// A letter typed into the introduction, until the page shows it. The next letter comes at once, before the rest of the
+/// document.
 void key(benchmark::State& state)
 {
     Desk& desk = Desk::shared();
     desk.edit(int(state.range(0)));
     auto* intro = desk.section().findChild<QPlainTextEdit*>(QStringLiteral("intro"));
     QTest::keyClick(intro, Qt::Key_A);
-    desk.awaitPage(Bytes(desk.paper().pdf()));
+    desk.awaitWhole(Bytes(desk.paper().pdf()));
+    for (auto _ : state) {
+        const Bytes before = desk.paper().pagePDF(0);
+        QTest::keyClick(intro, Qt::Key_A);
+        desk.awaitPage(0, before);
+    }
+    desk.section().flush();
+}
+
+/// The same until all pages show it.
+void keyToWhole(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    desk.edit(int(state.range(0)));
+    auto* intro = desk.section().findChild<QPlainTextEdit*>(QStringLiteral("intro"));
+    QTest::keyClick(intro, Qt::Key_A);
+    desk.awaitWhole(Bytes(desk.paper().pdf()));
     for (auto _ : state) {
         const Bytes before = desk.paper().pdf();
         QTest::keyClick(intro, Qt::Key_A);
-        desk.awaitPage(before);
+        desk.awaitWhole(before);
     }
+    desk.section().flush();
+}
+
+/// A letter typed into a line in the middle of the document, whose page is in sight.
+void keyInTheMiddle(benchmark::State& state)
+{
+    Desk& desk = Desk::shared();
+    const int lines = int(state.range(0));
+    desk.edit(lines);
+    auto* table = desk.section().findChild<QTableView*>(QStringLiteral("lines"));
+    table->setCurrentIndex(table->model()->index(lines / 2, LinesModel::description));
+    table->edit(table->currentIndex());
+    auto* title = table->findChildren<QLineEdit*>().back();
+    QTest::keyClick(title, Qt::Key_A);
+    desk.awaitWhole(Bytes(desk.paper().pdf()));
+    QScrollBar* bar = desk.paper().verticalScrollBar();
+    bar->setValue(bar->maximum() / 2);
+    QTest::keyClick(title, Qt::Key_A);
+    const int page = desk.awaitAhead();
+    for (auto _ : state) {
+        const Bytes before = desk.paper().pagePDF(page);
+        QTest::keyClick(title, Qt::Key_A);
+        desk.awaitPage(page, before);
+    }
+    bar->setValue(0);
     desk.section().flush();
 }
 
@@ -198,6 +271,8 @@ void open(benchmark::State& state)
 }
 
 BENCHMARK(key)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(keyInTheMiddle)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
+BENCHMARK(keyToWhole)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
 BENCHMARK(keyFloor)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
 BENCHMARK(line)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMicrosecond);
 BENCHMARK(save)->Arg(onePage)->Arg(tenPages)->Unit(benchmark::kMicrosecond)->UseRealTime()->Iterations(300);
