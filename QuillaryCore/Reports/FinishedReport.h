@@ -26,6 +26,8 @@ struct ReportOrder
     ReportBasis basis = ReportBasis::invoiced; ///< of the tax reports
     std::string currencyCode;
     bool hasChart = false; ///< somebody looks at the chart, too
+
+    friend bool operator==(const ReportOrder&, const ReportOrder&) = default;
 };
 
 /// A finished report with the words around it, as a terminal or a window shows it and a file keeps it.

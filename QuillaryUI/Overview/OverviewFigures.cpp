@@ -1,31 +1,15 @@
 #include "QuillaryUI/Overview/OverviewFigures.h"
 
-#include "QuillaryCore/Foundation/UUID.h"
 #include "QuillaryCore/Model/Business.h"
-#include "QuillaryCore/Model/DataModel.h"
 #include "QuillaryCore/Reports/ReportData.h"
-#include "QuillaryCore/Store/Store.h"
-#include "QuillaryCore/Store/StoreError.h"
 
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <utility>
 
 namespace Quillary {
 
 namespace {
-
-/// Reports go on with nothing where something can't be read; a window must not show that as zeros.
-void readWholly(const AssistantEnvironment& environment, const std::function<void()>& read)
-{
-    Store& store = environment.context.store();
-    store.forgetFailure(); // one of before is none of these figures
-    read();
-    if (const std::optional<StoreError> failure = store.lastFailure()) {
-        throw StoreError(*failure);
-    }
-}
 
 std::chrono::year thisYear(const AssistantEnvironment& environment)
 {
@@ -70,29 +54,11 @@ OverviewFigures::Year readYear(const AssistantEnvironment& environment, std::str
 OverviewFigures OverviewFigures::read(const AssistantEnvironment& environment, std::string_view wishedCurrency)
 {
     OverviewFigures figures;
-    readWholly(environment, [&] {
-        figures.money = MoneyOverview::of(environment);
-        figures.currencies = Quillary::currencies(environment);
-        const bool isThere = std::ranges::find(figures.currencies, wishedCurrency) != figures.currencies.end();
-        figures.year = readYear(environment, isThere ? std::string(wishedCurrency) : figures.currencies.front());
-    });
+    figures.money = MoneyOverview::of(environment);
+    figures.currencies = Quillary::currencies(environment);
+    const bool isThere = std::ranges::find(figures.currencies, wishedCurrency) != figures.currencies.end();
+    figures.year = readYear(environment, isThere ? std::string(wishedCurrency) : figures.currencies.front());
     return figures;
-}
-
-OverviewFigures OverviewRequest::read() const
-{
-    Store store = Store::openReadOnly(Store::Location::directory(library), DataModel::records(), DataModel::history());
-    const FixedClock clock(now);
-    RandomUUIDSource uuids; // never asked: nothing is made
-    Context context(store, clock, uuids);
-    return OverviewFigures::read({.context = context,
-                                  .business = business,
-                                  .host = nullptr,
-                                  .assistantName = {},
-                                  .clock = clock,
-                                  .calendar = calendar,
-                                  .locale = locale},
-                                 wishedCurrency);
 }
 
 } // namespace Quillary

@@ -4,7 +4,6 @@
 #include "QuillaryCore/Reports/AgingReport.h"
 #include "QuillaryCore/Reports/MonthlyIncome.h"
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,23 +28,8 @@ struct OverviewFigures
     Year year;
 
     /// The charts are in the wished currency where there is anything in it, else in the first.
-    /// Throws: `StoreError`; figures that could not be read are none.
+    /// Where something can't be read, the store remembers the failure, and these are no figures.
     [[nodiscard]] static OverviewFigures read(const AssistantEnvironment& environment, std::string_view wishedCurrency);
-};
-
-/// All that it takes to read the figures on another thread, beside the library in use: what is saved, and nothing of it
-/// is shared with that.
-struct OverviewRequest
-{
-    std::filesystem::path library; ///< the folder; not of one in memory
-    Ref<Business> business;
-    Instant now;
-    Calendar calendar;
-    Locale locale;
-    std::string wishedCurrency;
-
-    /// Throws: `StoreError`.
-    [[nodiscard]] OverviewFigures read() const;
 };
 
 } // namespace Quillary

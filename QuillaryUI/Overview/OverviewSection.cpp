@@ -2,10 +2,8 @@
 
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Schedules/TimeMath.h"
-#include "QuillaryCore/Store/Context.h"
-#include "QuillaryCore/Store/Store.h"
 #include "QuillaryUI/Charts/BarChart.h"
-#include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Library/BesideReader.h"
 #include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
@@ -17,16 +15,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QPromise>
 #include <QScrollArea>
-#include <QThreadPool>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <exception>
 #include <iterator>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -78,27 +72,10 @@ QWidget* card(QWidget* parent, const QString& name, QLabel& sum, BarChart& chart
 
 } // namespace
 
-/// What another thread has read.
-struct OverviewSection::Answer
-{
-    OverviewFigures figures;
-    std::string failure; ///< a sentence; empty: the figures count
-
-    [[nodiscard]] static std::shared_ptr<const Answer> to(const OverviewRequest& request)
-    {
-        auto answer = std::make_shared<Answer>();
-        try {
-            answer->figures = request.read();
-        } catch (const std::exception& error) { // on a thread where nobody else would hear of it
-            answer->failure = error.what();
-        }
-        return answer;
-    }
-};
-
 OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
     , m_library(library)
+    , m_reader(new BesideReader(library, this))
     , m_day(Lettering::label(this, "overviewDay"))
     , m_owed(Lettering::label(this, "overviewOwed", 1.1))
     , m_failure(Lettering::label(this, "overviewFailure"))
@@ -117,8 +94,12 @@ OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
     connect(&m_soon, &QTimer::timeout, this, &OverviewSection::refresh);
     connect(&library, &LibraryAccess::opened, this, &OverviewSection::setStale);
     connect(&library, &LibraryAccess::changed, this, &OverviewSection::setStale);
-    connect(&library, &LibraryAccess::closing, this, &OverviewSection::leaveLibrary);
-    connect(&m_reading, &QFutureWatcher<std::shared_ptr<const Answer>>::finished, this, &OverviewSection::didRead);
+    connect(m_reader, &BesideReader::failed, this, &OverviewSection::showFailure);
+    connect(m_reader, &BesideReader::ended, this, [this] {
+        if (m_isStale) {
+            setStale();
+        }
+    });
     connect(m_currency, &QComboBox::activated, this, [this] {
         m_wishedCurrency = utf8(m_currency->currentText());
         m_isStale = true;
@@ -129,11 +110,6 @@ OverviewSection::OverviewSection(LibraryAccess& library, QWidget* parent)
                                bucket == 0 ? DisplayStatus::sent : DisplayStatus::overdue,
                                utf8(m_currency->currentText()));
     });
-}
-
-OverviewSection::~OverviewSection()
-{
-    m_reading.waitForFinished();
 }
 
 void OverviewSection::build()
@@ -217,66 +193,18 @@ void OverviewSection::showEvent(QShowEvent* event)
 
 void OverviewSection::refresh()
 {
-    if (!m_library.isOpen() || !isVisible() || m_reading.isRunning()) {
+    if (!m_library.isOpen() || !isVisible() || m_reader->isReading()) {
         return; // what is being read is followed by what changed meanwhile
     }
     m_isStale = false;
-    if (!m_library.context().store().location().isInMemory()) {
-        readBeside();
-        return;
-    }
-    OverviewFigures figures;
-    if (const auto failure =
-            m_library.attempt([&] { figures = OverviewFigures::read(m_library.environment(), m_wishedCurrency); })) {
-        showFailure(*failure);
-        return;
-    }
-    showAll(figures);
-}
-
-void OverviewSection::readBeside()
-{
     if (!m_isKnown) {
         showWaiting();
     }
-    const AssistantEnvironment& environment = m_library.environment();
-    OverviewRequest request{.library = environment.context.store().location().folder(),
-                            .business = environment.business,
-                            .now = m_library.now(),
-                            .calendar = environment.calendar,
-                            .locale = environment.locale,
-                            .wishedCurrency = m_wishedCurrency};
-    auto promise = std::make_shared<QPromise<std::shared_ptr<const Answer>>>();
-    promise->start(); // here, so that it counts as running before its thread begins
-    m_reading.setFuture(promise->future());
-    QThreadPool::globalInstance()->start([promise, request = std::move(request)] {
-        promise->addResult(Answer::to(request));
-        promise->finish();
-    });
-}
-
-void OverviewSection::didRead()
-{
-    if (!m_library.isOpen() || m_reading.future().resultCount() == 0) {
-        return;
-    }
-    const std::shared_ptr<const Answer> answer = m_reading.result();
-    if (answer->failure.empty()) {
-        showAll(answer->figures);
-    } else {
-        showFailure(CoreText::sentence(answer->failure));
-    }
-    if (m_isStale) {
-        setStale();
-    }
-}
-
-/// Nobody reads a library that is given away, and what was read of it is no answer for the one that comes back.
-void OverviewSection::leaveLibrary()
-{
-    m_reading.waitForFinished();
-    m_reading.setFuture({});
-    m_isStale = true;
+    m_reader->read<OverviewFigures>(
+        [currency = m_wishedCurrency](const AssistantEnvironment& environment) {
+            return OverviewFigures::read(environment, currency);
+        },
+        [this](const OverviewFigures& figures) { showAll(figures); });
 }
 
 void OverviewSection::showAll(const OverviewFigures& figures)

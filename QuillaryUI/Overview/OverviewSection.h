@@ -6,10 +6,8 @@
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Library/Section.h"
 
-#include <QFutureWatcher>
 #include <QTimer>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,6 +18,7 @@ class QVBoxLayout;
 namespace Quillary {
 
 class BarChart;
+class BesideReader;
 class FigureButton;
 struct OverviewFigures;
 
@@ -33,7 +32,6 @@ class OverviewSection : public Section
 
 public:
     explicit OverviewSection(LibraryAccess& library, QWidget* parent = nullptr);
-    ~OverviewSection() override;
 
     void makeNew() override;
     void refreshDay() override;
@@ -53,9 +51,6 @@ private:
     QWidget* buildCharts();
     void setStale();
     void refresh();
-    void readBeside();
-    void didRead();
-    void leaveLibrary();
     void showAll(const OverviewFigures& figures);
     void showWaiting();
     void clearMoney();
@@ -74,8 +69,7 @@ private:
     bool m_isStale = true;
     bool m_isKnown = false;       ///< figures are on the screen
     std::string m_wishedCurrency; ///< the chosen one, also while figures of another are still on their way; empty: any
-    struct Answer;
-    QFutureWatcher<std::shared_ptr<const Answer>> m_reading;
+    BesideReader* m_reader;
     QLabel* m_day;
     QLabel* m_owed;
     QLabel* m_failure;

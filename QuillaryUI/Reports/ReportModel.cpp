@@ -67,14 +67,12 @@ void ReportModel::show(ReportTable table, bool hasTotal)
     beginResetModel();
     m_table = std::move(table);
     m_hasTotal = hasTotal;
+    m_numeric.assign(m_table.header.size(), false); // once: a table may have a hundred thousand rows
+    for (std::size_t column = 0; column < m_numeric.size(); ++column) {
+        m_numeric[column] = std::ranges::any_of(
+            m_table.rows, [column](const std::vector<CSVValue>& row) { return isNumber(row[column]); });
+    }
     endResetModel();
-}
-
-bool ReportModel::isNumeric(int column) const
-{
-    return std::ranges::any_of(m_table.rows, [&](const std::vector<CSVValue>& row) {
-        return isNumber(row[static_cast<std::size_t>(column)]);
-    });
 }
 
 /// Whether a cell holds words of the report, such as a kind of document, rather than those of its user.

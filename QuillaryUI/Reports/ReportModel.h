@@ -5,6 +5,9 @@
 
 #include <QAbstractTableModel>
 
+#include <cstddef>
+#include <vector>
+
 namespace Quillary {
 
 /// A report as a table of the screen: amounts, rates and dates as the desktop writes them, the total in bold.
@@ -20,7 +23,8 @@ public:
 
     void show(ReportTable table, bool hasTotal);
 
-    [[nodiscard]] bool isNumeric(int column) const;
+    [[nodiscard]] const ReportTable& table() const { return m_table; }
+    [[nodiscard]] bool isNumeric(int column) const { return m_numeric[static_cast<std::size_t>(column)]; }
     [[nodiscard]] bool isOfTheReport(const QModelIndex& cell) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -31,6 +35,7 @@ public:
 private:
     Formats m_formats;
     ReportTable m_table;
+    std::vector<bool> m_numeric; ///< by column: it holds a number in any row
     bool m_hasTotal = false;
 };
 

@@ -116,11 +116,20 @@ void ReportPicker::setToday(QDate today)
 
 void ReportPicker::setCurrencies(const std::vector<std::string>& codes)
 {
+    QStringList names;
+    QStringList old;
+    for (const std::string& code : codes) {
+        names.push_back(text(code));
+    }
+    for (int row = 0; row < m_currency->count(); ++row) {
+        old.push_back(m_currency->itemText(row));
+    }
+    if (names == old) {
+        return; // somebody may be choosing just now
+    }
     const QString before = m_currency->currentText();
     m_currency->clear();
-    for (const std::string& code : codes) {
-        m_currency->addItem(text(code));
-    }
+    m_currency->addItems(names);
     m_currency->setCurrentIndex(std::max(0, m_currency->findText(before)));
     m_currency->setVisible(codes.size() > 1);
 }

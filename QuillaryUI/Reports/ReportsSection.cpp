@@ -3,12 +3,14 @@
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Numbering/UniqueFilePath.h"
-#include "QuillaryCore/Reports/ReportData.h"
 #include "QuillaryCore/Tabular/CSVWriter.h"
 #include "QuillaryUI/Charts/BarChart.h"
+#include "QuillaryUI/Library/BesideReader.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Look/WaitingWord.h"
+#include "QuillaryUI/Reports/ReportAnswer.h"
 #include "QuillaryUI/Reports/ReportBars.h"
 #include "QuillaryUI/Reports/ReportModel.h"
 #include "QuillaryUI/Reports/ReportPaper.h"
@@ -55,12 +57,16 @@ constexpr std::array pages = {std::pair("tax", ReportOrder::Kind::tax),
 ReportsSection::ReportsSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
     , m_library(library)
+    , m_reader(new BesideReader(library, this))
     , m_picker(new ReportPicker(library.formats(), this))
     , m_save(new QPushButton(tr("Save"), this))
     , m_print(new QPushButton(tr("Print…"), this))
     , m_heading(new QLabel(this))
+    , m_waiting(new WaitingWord(tr("Reading the report…"), this))
     , m_others(new QLabel(this))
-    , m_message(new QLabel(this))
+    , m_instead(new QWidget(this))
+    , m_message(new QLabel(m_instead))
+    , m_again(new QPushButton(tr("Read Again"), m_instead))
     , m_chart(new BarChart(library.formats(), this))
     , m_table(new QTableView(this))
     , m_pages(new QStackedWidget(this))
@@ -70,10 +76,27 @@ ReportsSection::ReportsSection(LibraryAccess& library, QWidget* parent)
     build();
     m_soon.setSingleShot(true);
     m_soon.setInterval(settling);
-    connect(&m_soon, &QTimer::timeout, this, &ReportsSection::refresh);
+    connect(&m_soon, &QTimer::timeout, this, [this] {
+        if (!m_reader->isReading()) { // what is being read is followed by what changed meanwhile
+            refresh();
+        }
+    });
     connect(&library, &LibraryAccess::opened, this, &ReportsSection::setStale);
     connect(&library, &LibraryAccess::changed, this, &ReportsSection::setStale);
     connect(m_picker, &ReportPicker::changed, this, &ReportsSection::refresh);
+    connect(m_again, &QPushButton::clicked, this, &ReportsSection::refresh);
+    connect(m_waiting, &WaitingWord::appeared, this, &ReportsSection::showWaiting);
+    connect(m_waiting, &WaitingWord::cancelled, this, &ReportsSection::showCancelled);
+    connect(m_reader, &BesideReader::failed, this, [this](const QString& sentence) {
+        showMessage(tr("The report could not be read. %1").arg(sentence), true);
+    });
+    connect(m_reader, &BesideReader::ended, this, [this] {
+        m_waiting->end();
+        m_whenRead = nullptr;
+        if (m_isStale) {
+            setStale();
+        }
+    });
 }
 
 void ReportsSection::build()
@@ -85,9 +108,6 @@ void ReportsSection::build()
     m_heading->setObjectName(QStringLiteral("reportHeading"));
     m_others->setObjectName(QStringLiteral("reportOthers"));
     m_others->setForegroundRole(QPalette::PlaceholderText);
-    m_message->setObjectName(QStringLiteral("reportMessage"));
-    m_message->setAlignment(Qt::AlignCenter);
-    m_message->setWordWrap(true);
     m_chart->setObjectName(QStringLiteral("reportChart"));
     m_chart->setAccessibleName(tr("Chart of the report"));
     m_chart->setFixedHeight(chartHeight);
@@ -101,13 +121,13 @@ void ReportsSection::build()
     m_table->setHorizontalScrollMode(QTableView::ScrollPerPixel);
 
     m_pages->addWidget(m_table);
-    m_pages->addWidget(m_message);
+    m_pages->addWidget(buildMessage());
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(border, border / 2, border, border);
     column->setSpacing(gap);
     buildActions();
     column->addWidget(buildBar());
-    column->addWidget(m_heading);
+    column->addWidget(buildHead());
     column->addWidget(m_chart);
     column->addWidget(m_pages, 1);
     column->addWidget(m_others);
@@ -120,7 +140,7 @@ void ReportsSection::buildActions()
         action->setObjectName(QString::fromLatin1(name));
         action->setShortcut(keys);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        connect(action, &QAction::triggered, this, run);
+        connect(action, &QAction::triggered, this, [this, run] { whenRead(run); });
         addAction(action);
         m_actions.push_back(action);
     };
@@ -150,7 +170,7 @@ QWidget* ReportsSection::buildBar()
     auto* ways = new QMenu(m_save);
     ways->addActions(m_actions.first(m_actions.size() - 1));
     m_save->setMenu(ways);
-    connect(m_print, &QPushButton::clicked, this, &ReportsSection::print);
+    connect(m_print, &QPushButton::clicked, this, [this] { whenRead([this] { print(); }); });
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_picker);
@@ -158,6 +178,34 @@ QWidget* ReportsSection::buildBar()
     row->addWidget(m_save);
     row->addWidget(m_print);
     return bar;
+}
+
+/// Where the heading stands, the word stands that one is on its way.
+QWidget* ReportsSection::buildHead()
+{
+    auto* head = new QWidget(this);
+    auto* row = new QHBoxLayout(head);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(gap);
+    row->addWidget(m_heading);
+    row->addWidget(m_waiting);
+    row->addStretch();
+    return head;
+}
+
+QWidget* ReportsSection::buildMessage()
+{
+    m_message->setObjectName(QStringLiteral("reportMessage"));
+    m_message->setAlignment(Qt::AlignCenter);
+    m_message->setWordWrap(true);
+    m_again->setObjectName(QStringLiteral("readAgain"));
+    auto* column = new QVBoxLayout(m_instead);
+    column->setSpacing(gap);
+    column->addStretch();
+    column->addWidget(m_message);
+    column->addWidget(m_again, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return m_instead;
 }
 
 void ReportsSection::setStale()
@@ -203,58 +251,55 @@ void ReportsSection::showReport(ReportOrder::Kind kind)
     m_picker->choose(kind);
 }
 
-/// The business's own first, then what else there is. False: they can't be read.
-bool ReportsSection::fillCurrencies()
-{
-    std::vector<std::string> codes;
-    const auto failure = m_library.attempt([&] {
-        const std::string& own = m_library.business().currencyCode;
-        codes = ReportData::currencies(m_library.context(), ReportPeriod::all().range(m_library.formats().calendar()));
-        for (std::string& code : ReportData::openCurrencies(m_library.context())) {
-            if (std::ranges::find(codes, code) == codes.end()) {
-                codes.push_back(std::move(code));
-            }
-        }
-        std::erase(codes, own);
-        codes.insert(codes.begin(), own);
-    });
-    if (failure) {
-        showMessage(tr("The report could not be read. %1").arg(*failure));
-        return false;
-    }
-    m_picker->setCurrencies(codes);
-    m_picker->setToday(m_library.formats().qDate(m_library.now()));
-    return true;
-}
-
 void ReportsSection::refresh()
 {
     if (!m_library.isOpen() || !isVisible()) {
         return;
     }
-    if (m_isStale && !fillCurrencies()) {
-        return;
-    }
     m_isStale = false;
-    const Calendar& calendar = m_library.formats().calendar();
-    std::optional<ReportOrder> order = m_picker->order(calendar.date(m_library.now()));
-    if (!order) {
-        showMessage(tr("The last day lies before the first. Choose a later one."));
+    m_picker->setToday(m_library.formats().qDate(m_library.now()));
+    m_awaited = m_picker->order(m_library.formats().calendar().date(m_library.now()));
+    if (!m_awaited) {
+        m_reader->giveUp();
+        showMessage(tr("The last day lies before the first. Choose a later one."), false);
         return;
     }
-    order->hasChart = true;
-    FinishedReport report;
-    const auto failure = m_library.attempt([&] {
-        report = FinishedReport::make(
-            m_library.context(),
-            *order,
-            {.now = m_library.now(), .calendar = calendar, .locale = m_library.formats().locale()});
-    });
-    if (failure) {
-        showMessage(tr("The report could not be read. %1").arg(*failure));
-        return;
+    m_awaited->hasChart = true;
+    m_waiting->begin();
+    m_reader->read<ReportAnswer>(
+        [order = *m_awaited](const AssistantEnvironment& environment) {
+            return ReportAnswer::read(environment, order);
+        },
+        [this, order = *m_awaited](ReportAnswer answer) { take(order, std::move(answer)); });
+}
+
+void ReportsSection::take(ReportOrder order, ReportAnswer answer)
+{
+    m_picker->setCurrencies(answer.currencies);
+    order.currencyCode = answer.report.currencyCode; // which may not have been known yet
+    m_awaited = order;
+    m_shown = std::move(order);
+    display(std::move(answer.report));
+    if (const auto work = std::exchange(m_whenRead, nullptr)) {
+        work();
     }
-    display(std::move(report));
+}
+
+/// It takes a while. What answers another wish goes; what is only read again stays until it is exchanged.
+void ReportsSection::showWaiting()
+{
+    if (m_shown != m_awaited) {
+        clear();
+        m_message->clear();
+        m_again->hide();
+        m_pages->setCurrentWidget(m_instead);
+    }
+}
+
+void ReportsSection::showCancelled()
+{
+    m_reader->giveUp();
+    showMessage(tr("The report was not read to its end."), true);
 }
 
 void ReportsSection::display(FinishedReport report)
@@ -265,7 +310,7 @@ void ReportsSection::display(FinishedReport report)
     m_others->setVisible(!m_others->text().isEmpty());
     const std::size_t rows = report.table.rows.size();
     const bool isEmpty = report.hasTotal ? rows <= 1 : rows == 0;
-    m_model->show(report.table, report.hasTotal);
+    m_model->show(std::exchange(report.table, {}), report.hasTotal);
     fitColumns();
     allowSaving(true);
     m_chart->setVisible(report.chart.has_value());
@@ -275,8 +320,9 @@ void ReportsSection::display(FinishedReport report)
     if (isEmpty) {
         m_message->setText(report.aging ? tr("Nothing is owed to you.") : tr("There is nothing in this period."));
         m_message->setForegroundRole(QPalette::PlaceholderText);
+        m_again->hide();
     }
-    m_pages->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_message) : m_table);
+    m_pages->setCurrentWidget(isEmpty ? m_instead : m_table);
     m_report = std::move(report);
 }
 
@@ -315,31 +361,44 @@ bool ReportsSection::eventFilter(QObject* watched, QEvent* event)
     return Section::eventFilter(watched, event);
 }
 
-/// Instead of the table, so that nobody takes something else for the answer.
-void ReportsSection::showMessage(const QString& sentence)
+void ReportsSection::clear()
 {
-    m_report.reset();
+    m_shown.reset();
     m_model->show({}, false);
     m_heading->hide();
     m_others->hide();
     allowSaving(false);
     m_chart->hide();
+}
+
+/// Instead of the table, so that nobody takes something else for the answer.
+void ReportsSection::showMessage(const QString& sentence, bool isWorthTrying)
+{
+    clear();
     m_message->setForegroundRole(QPalette::WindowText);
     m_message->setText(sentence);
-    m_pages->setCurrentWidget(m_message);
+    m_again->setVisible(isWorthTrying);
+    m_pages->setCurrentWidget(m_instead);
+}
+
+/// What is asked for while another report is on its way is done with that one, or not at all.
+void ReportsSection::whenRead(std::function<void()> work)
+{
+    if (m_reader->isReading()) {
+        m_whenRead = std::move(work);
+    } else if (m_shown && m_library.isOpen()) {
+        work();
+    }
 }
 
 void ReportsSection::save(const CSVFormat& format)
 {
-    if (!m_report || !m_library.isOpen()) {
-        return;
-    }
-    const std::string csv = CSVWriter::data(m_report->table.header, m_report->table.rows, format);
+    const std::string csv = CSVWriter::data(m_model->table().header, m_model->table().rows, format);
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(csv.data());
     std::filesystem::path file;
     const auto refusal = m_library.attempt([&] {
         file = saveUniqueFile(m_library.environment().printer().downloadsFolder(),
-                              m_report->fileName,
+                              m_report.fileName,
                               "csv",
                               std::span(bytes, csv.size()));
     });
@@ -352,25 +411,18 @@ void ReportsSection::save(const CSVFormat& format)
 
 void ReportsSection::savePDF()
 {
-    if (m_report && m_library.isOpen()) {
-        PaperDesk::savePDF(m_library.press(),
-                           page(),
-                           m_library.environment().printer().downloadsFolder(),
-                           m_report->fileName,
-                           asker());
-    }
+    PaperDesk::savePDF(
+        m_library.press(), page(), m_library.environment().printer().downloadsFolder(), m_report.fileName, asker());
 }
 
 void ReportsSection::print()
 {
-    if (m_report && m_library.isOpen()) {
-        PaperDesk::print(m_library.press(), page(), ReportPaper::title(*m_report), asker());
-    }
+    PaperDesk::print(m_library.press(), page(), ReportPaper::title(m_report), asker());
 }
 
 PageJob ReportsSection::page() const
 {
-    return ReportPaper::page(*m_report, *m_model, m_library.business(), m_library.formats(), m_library.now());
+    return ReportPaper::page(m_report, *m_model, m_library.business(), m_library.formats(), m_library.now());
 }
 
 PaperDesk::Asker ReportsSection::asker()

@@ -4844,6 +4844,18 @@
         <source>Save as CSV: For the Spreadsheet Program on This Machine</source>
         <translation>Als CSV speichern: für die Tabellenkalkulation auf diesem Rechner</translation>
     </message>
+    <message>
+        <source>Reading the report…</source>
+        <translation>Der Bericht wird gelesen…</translation>
+    </message>
+    <message>
+        <source>Read Again</source>
+        <translation>Noch einmal lesen</translation>
+    </message>
+    <message>
+        <source>The report was not read to its end.</source>
+        <translation>Der Bericht wurde nicht zu Ende gelesen.</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::ReviewPanel</name>
@@ -5485,6 +5497,13 @@
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::WaitingWord</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -21,8 +21,13 @@ class AssistantLibrary
 {
 public:
     AssistantLibrary()
+        : AssistantLibrary(Store::Location::inMemory())
+    {
+    }
+
+    explicit AssistantLibrary(Store::Location location)
         : clock(std::chrono::sys_days(std::chrono::year(2026) / 3 / 17) + std::chrono::hours(11))
-        , store(Store::Location::inMemory(), DataModel::records(), DataModel::history(), clock, uuids)
+        , store(std::move(location), DataModel::records(), DataModel::history(), clock, uuids)
         , context(store, clock, uuids)
         , calendar("Europe/Berlin")
         , business(makeFirstBusiness(context, Locale("en_DE")).ref)

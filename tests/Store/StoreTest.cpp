@@ -1,5 +1,6 @@
 #include "QuillaryCore/Store/Store.h"
 
+#include "QuillaryCore/Store/Interruption.h"
 #include "QuillaryCore/Store/LibraryTables.h"
 #include "tests/Store/ChildProcess.h"
 #include "tests/Store/Shelf.h"
@@ -9,6 +10,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -16,6 +19,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <thread>
 
 namespace Quillary {
 
@@ -287,6 +291,29 @@ TEST_F(StoreTest, readsFromAPlaceWhereNothingCanBeWritten)
         return Context(reader, clock, uuids).first<Book>("")->title;
     });
     EXPECT_EQ(title, "saved");
+}
+
+TEST_F(StoreTest, whatNobodyAwaitsIsEnded)
+{
+    const auto endless = [](Connection& connection) {
+        return connection.integer(
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT count(*) FROM n");
+    };
+    const auto library = open(temp.path());
+    const std::unique_ptr<Connection> reader = library->openReader();
+    std::atomic<bool> isWanted = false;
+    {
+        const Interruption interruption(*reader, isWanted);
+        std::jthread other([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            isWanted = true;
+        });
+        EXPECT_THROW(endless(*reader), StoreError);
+        EXPECT_THROW(endless(*reader), StoreError) << "a read that begins later went on";
+    }
+    EXPECT_EQ(reader->integer("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 100000) "
+                              "SELECT count(*) FROM n"),
+              100'000);
 }
 
 TEST_F(StoreTest, keysAreNeverHandedOutTwice)
