@@ -192,15 +192,49 @@ void FieldForm::addWhole(QWidget* widget)
     m_form->addRow(widget);
 }
 
-void FieldForm::begin()
+void FieldForm::begin(const QString& subject)
 {
     m_pause->stop();
+    if (subject != m_subject) {
+        keepRefused();
+    } else {
+        m_kept.erase(subject);
+    }
+    m_subject = subject;
     for (auto& [name, entry] : m_entries) {
         entry.isTyped = false;
         entry.known.clear();
         tell(entry, {});
         entry.put({});
     }
+    if (const auto kept = m_kept.find(subject); kept != m_kept.end()) {
+        for (const auto& [name, value] : kept->second) {
+            m_entries[name].put(value);
+            m_entries[name].isTyped = true;
+        }
+        m_kept.erase(kept);
+        m_pause->start(); // it may be right by now; if not, its field says so
+    }
+}
+
+void FieldForm::keepRefused()
+{
+    for (const auto& [name, entry] : m_entries) {
+        if (entry.isRefused && !m_subject.isEmpty()) {
+            m_kept[m_subject].insert_or_assign(name, entry.value());
+        }
+    }
+}
+
+QStringList FieldForm::refusals() const
+{
+    QStringList sentences;
+    for (const auto& [name, entry] : m_entries) {
+        if (entry.isRefused) {
+            sentences.push_back(entry.error->text());
+        }
+    }
+    return sentences;
 }
 
 void FieldForm::setValue(const QString& name, const QString& value)

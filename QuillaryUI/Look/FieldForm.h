@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 #include <functional>
@@ -56,8 +57,15 @@ public:
     /// The same across the whole width.
     void addWhole(QWidget* widget);
 
-    /// Something else is shown from now on: nothing typed and nothing refused before counts any more.
-    void begin();
+    /// Something else is shown from now on: nothing typed before counts any more. With a name for it, what was refused of
+    /// the one before is kept, and stands in its field again when that one is shown again; the same one once more drops
+    /// what was refused of it.
+    void begin(const QString& subject = {});
+
+    /// What was refused and stands in a field unsaved: the sentences, in the order of the fields' names.
+    [[nodiscard]] QStringList refusals() const;
+    /// Whether something else than what is shown has a refused value, which is kept for it.
+    [[nodiscard]] bool keeps(const QString& subject) const { return m_kept.contains(subject); }
 
     /// What is stored. A field in which something else is being typed keeps that.
     void setValue(const QString& name, const QString& value);
@@ -105,12 +113,15 @@ private:
     void typed(const QString& name);
     void save(const QString& name, Entry& entry);
     void tell(Entry& entry, const QString& sentence) const;
+    void keepRefused();
     void leave(Entry& entry);
 
     Save m_save;
     QFormLayout* m_form;
     QTimer* m_pause;
     std::map<QString, Entry> m_entries;
+    QString m_subject;
+    std::map<QString, std::map<QString, QString>> m_kept; ///< what was refused: by subject, the values by field
 };
 
 } // namespace Quillary

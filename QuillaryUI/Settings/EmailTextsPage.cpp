@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStringList>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -41,6 +42,11 @@ QString kindText(EmailKind kind)
 }
 
 } // namespace
+
+QString EmailTextsPage::Shown::name() const
+{
+    return QStringLiteral("%1 %2").arg(int(kind)).arg(text(code(language)));
+}
 
 EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     : Section(parent)
@@ -186,13 +192,23 @@ void EmailTextsPage::choose()
     const Shown chosen{.kind = EmailKind(m_kind->currentData().toInt()),
                        .language = documentLanguage(utf8(m_language->currentData().toString()))};
     if (!m_hasChosen || chosen != m_chosen) {
-        m_hasChosen = true;
-        m_chosen = chosen;
-        m_form->begin();
+        exchange(chosen);
     }
     showPlaceholders();
     m_preview->begin(m_chosen.kind, m_chosen.language);
     refresh();
+}
+
+/// What could not be saved of the text before isn't lost with it: it stands there again when it is chosen again.
+void EmailTextsPage::exchange(const Shown& chosen)
+{
+    if (const QStringList refusals = m_form->refusals(); m_hasChosen && !refusals.isEmpty()) {
+        Q_EMIT failed(tr("The text for “%1” is not saved. %2 What you typed is kept there for now.")
+                          .arg(kindText(m_chosen.kind), refusals.front()));
+    }
+    m_hasChosen = true;
+    m_chosen = chosen;
+    m_form->begin(chosen.name());
 }
 
 void EmailTextsPage::refresh()
@@ -217,7 +233,11 @@ void EmailTextsPage::markOwn()
     for (int place = 0; place < m_kind->count(); ++place) {
         const auto each = EmailKind(m_kind->itemData(place).toInt());
         const bool isOwn = EmailTemplates::isCustomized(m_library.context(), each, m_chosen.language);
-        m_kind->setItemText(place, isOwn ? tr("%1 (your own)").arg(kindText(each)) : kindText(each));
+        const bool isUnsaved = m_form->keeps(Shown{.kind = each, .language = m_chosen.language}.name());
+        m_kind->setItemText(place,
+                            isUnsaved ? tr("%1 (not saved)").arg(kindText(each))
+                            : isOwn   ? tr("%1 (your own)").arg(kindText(each))
+                                      : kindText(each));
     }
 }
 
@@ -276,7 +296,7 @@ void EmailTextsPage::restore()
         Q_EMIT failed(*refusal);
         return;
     }
-    m_form->begin(); // also what could not be saved
+    m_form->begin(m_chosen.name()); // also what could not be saved
     refresh();
 }
 

@@ -54,7 +54,11 @@ private:
         EmailKind kind = EmailKind::invoice;
         DocumentLanguage language = DocumentLanguage::english;
         friend bool operator==(const Shown&, const Shown&) = default;
+
+        [[nodiscard]] QString name() const; ///< one of its own for each
     };
+
+    void exchange(const Shown& chosen);
 
     LibraryAccess& m_library;
     Shown m_chosen;

@@ -3486,6 +3486,14 @@
         <source>Change Email Text</source>
         <translation>E-Mail-Text ändern</translation>
     </message>
+    <message>
+        <source>The text for “%1” is not saved. %2 What you typed is kept there for now.</source>
+        <translation>Der Text für „%1“ ist nicht gespeichert. %2 Was Sie geschrieben haben, bleibt dort vorerst stehen.</translation>
+    </message>
+    <message>
+        <source>%1 (not saved)</source>
+        <translation>%1 (nicht gespeichert)</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::FeesModel</name>

@@ -137,8 +137,22 @@ TEST_F(SettingsSectionTest, keepsTheUsersOwnWordsForAnEmail)
     subject.setText(" ");
     section.flush();
     EXPECT_FALSE(child<QLabel>(section, "error_email_subject").text().isEmpty());
-    kind.setCurrentIndex(0);
-    Q_EMIT kind.activated(0);
+    QString failure;
+    QObject::connect(&section, &Section::failed, [&](const QString& sentence) { failure = sentence; });
+    const auto choose = [&](EmailKind wanted) {
+        kind.setCurrentIndex(kind.findData(int(wanted)));
+        Q_EMIT kind.activated(kind.currentIndex());
+    };
+    choose(EmailKind::invoice);
+    EXPECT_TRUE(failure.startsWith("The text for “Quote” is not saved.")) << utf8(failure);
+    EXPECT_EQ(subject.text(), "Your bill {foo} {number}");
+    EXPECT_TRUE(child<QLabel>(section, "error_email_subject").isHidden());
+    EXPECT_EQ(kind.itemText(kind.findData(int(EmailKind::quote))), "Quote (not saved)");
+    choose(EmailKind::quote);
+    EXPECT_EQ(subject.text(), " ");
+    section.flush();
+    EXPECT_FALSE(child<QLabel>(section, "error_email_subject").text().isEmpty());
+    choose(EmailKind::invoice);
     child<QPushButton>(section, "restoreEmailText").click();
     EXPECT_EQ(utf8(subject.text()), EmailTemplates::defaultText(EmailKind::invoice, DocumentLanguage::english).subject);
 }
