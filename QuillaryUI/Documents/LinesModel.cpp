@@ -1,5 +1,6 @@
 #include "QuillaryUI/Documents/LinesModel.h"
 
+#include "QuillaryCore/Assistant/Operations/FilledIn.h"
 #include "QuillaryCore/Billing/DocumentAmounts.h"
 #include "QuillaryCore/Foundation/JSON.h"
 #include "QuillaryCore/Model/Document.h"
@@ -10,6 +11,10 @@
 #include "QuillaryCore/Money/Quantity.h"
 #include "QuillaryUI/Documents/PastedLines.h"
 #include "QuillaryUI/Documents/TypedNumber.h"
+
+#include <QGuiApplication>
+#include <QPalette>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -51,15 +56,18 @@ void LinesModel::reload()
         const UnitLibrary units(environment.context, environment.ownBusiness());
         m_currencyCode = draft.currencyCode;
         for (const LineItem* line : linesInOrder(environment.context, draft)) {
-            lines.push_back({.title = Quillary::text(line->title),
+            lines.push_back({.key = line->ref.key(),
+                             .title = Quillary::text(line->title),
                              .details = Quillary::text(line->details),
                              .quantityThousandths = line->quantityThousandths,
                              .unit = Quillary::text(unitLabel(*line, language(draft), units)),
                              .unitPriceMinorUnits = line->unitPriceMinorUnits,
                              .taxBasisPoints = line->vatBasisPoints,
                              .amountMinorUnits = Quillary::amount(*line),
-                             .isChild = bool(line->parent)});
+                             .isChild = bool(line->parent),
+                             .origins = {}});
         }
+        fillOrigins(lines, draft);
     });
     // Rows come and go at the end, so that an open editor stays where it is: the empty row has become a line.
     const int before = lineCount();
@@ -76,6 +84,35 @@ void LinesModel::reload()
         m_lines = std::move(lines);
     }
     Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
+}
+
+void LinesModel::fillOrigins(std::vector<Line>& lines, const Document& draft) const
+{
+    std::size_t row = 0;
+    for (const FilledIn::Line& filled : FilledIn::lines(m_desk.library().environment(), draft)) {
+        std::array<QString, columns>& origins = lines[row++].origins;
+        for (int column = 0; column < sum; ++column) {
+            if (filled.ofItem.contains(fieldOf(column))) {
+                origins.at(std::size_t(column)) = tr("From the catalog: %1").arg(Quillary::text(filled.item));
+            }
+        }
+        if (filled.hasUsualRate) {
+            origins.at(tax) = tr("Your usual tax rate");
+        }
+    }
+}
+
+QString LinesModel::origin(const Line& line, int column) const
+{
+    return m_touched.contains({line.key, column}) ? QString() : line.origins.at(std::size_t(column));
+}
+
+/// What has no room in its cell, and where it comes from.
+QVariant LinesModel::toolTip(const Line& line, int column) const
+{
+    QStringList words{column == details ? line.details : QString(), origin(line, column)};
+    words.removeAll(QString());
+    return words.isEmpty() ? QVariant() : QVariant(words.join(QStringLiteral("\n\n")));
 }
 
 int LinesModel::rowCount(const QModelIndex& parent) const
@@ -106,7 +143,13 @@ QVariant LinesModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return editText(line, index.column());
     case Qt::ToolTipRole:
-        return index.column() == details ? line.details : QVariant();
+        return toolTip(line, index.column());
+    case Qt::AccessibleDescriptionRole:
+        return origin(line, index.column());
+    case Qt::ForegroundRole:
+        return origin(line, index.column()).isEmpty()
+                   ? QVariant()
+                   : QVariant(QGuiApplication::palette().color(QPalette::PlaceholderText));
     default:
         return {};
     }
@@ -223,12 +266,21 @@ bool LinesModel::setData(const QModelIndex& index, const QVariant& value, int ro
         Q_EMIT refused(tr("“%1” is no number. Write it as 1250.50, or as a sum such as 3*12.50.").arg(typed));
         return false;
     }
-    return !apply(isNew ? tr("Add Line") : tr("Change Line"), *change);
+    if (apply(isNew ? tr("Add Line") : tr("Change Line"), *change)) {
+        return false;
+    }
+    if (index.row() < lineCount()) {
+        m_touched.insert({m_lines[std::size_t(index.row())].key, index.column()});
+    }
+    return true;
 }
 
 void LinesModel::setTyping(int row, int column, const QString& text)
 {
     m_typing = {row, column, text};
+    if (row < lineCount()) {
+        m_touched.insert({m_lines[std::size_t(row)].key, column}); // also if it comes to the same
+    }
     Q_EMIT typing();
 }
 

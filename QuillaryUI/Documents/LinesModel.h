@@ -4,13 +4,17 @@
 
 #include <QAbstractTableModel>
 
+#include <array>
+#include <cstdint>
 #include <optional>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace Quillary {
 
 /// The lines of a draft as a table to type in: a row a line, sub-lines indented, and an empty row at the end that becomes
-/// a line as soon as something stands in it.
+/// a line as soon as something stands in it. What a catalog item or the settings filled in is lighter until it is touched.
 class LinesModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -66,6 +70,7 @@ Q_SIGNALS:
 private:
     struct Line
     {
+        std::int64_t key = 0;
         QString title;
         QString details;
         std::int64_t quantityThousandths = 0;
@@ -74,6 +79,7 @@ private:
         std::int32_t taxBasisPoints = 0;
         std::int64_t amountMinorUnits = 0;
         bool isChild = false;
+        std::array<QString, columns> origins; ///< of what was filled in, in words; empty: it was typed
     };
 
     struct Typing
@@ -83,6 +89,9 @@ private:
         QString text;
     };
 
+    void fillOrigins(std::vector<Line>& lines, const Document& draft) const;
+    [[nodiscard]] QString origin(const Line& line, int column) const;
+    [[nodiscard]] QVariant toolTip(const Line& line, int column) const;
     [[nodiscard]] QString text(const Line& line, int column) const;
     [[nodiscard]] QString editText(const Line& line, int column) const;
     [[nodiscard]] std::optional<JSON> changeOf(int row, int column, const QString& typed) const;
@@ -92,6 +101,7 @@ private:
 
     DraftDesk& m_desk;
     std::vector<Line> m_lines;
+    std::set<std::pair<std::int64_t, int>> m_touched; ///< cells that somebody typed into: line and column
     std::optional<Typing> m_typing;
     std::string m_currencyCode;
 };

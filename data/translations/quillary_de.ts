@@ -3867,6 +3867,14 @@
         <source>Drag the number to move the line.</source>
         <translation>An der Nummer ziehen, um die Position zu verschieben.</translation>
     </message>
+    <message>
+        <source>From the catalog: %1</source>
+        <translation>Aus dem Katalog: %1</translation>
+    </message>
+    <message>
+        <source>Your usual tax rate</source>
+        <translation>Ihr üblicher Steuersatz</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::LinesPanel</name>
