@@ -4,7 +4,6 @@
 #include "Quillary/BuildInfo.h"
 #include "Quillary/ErrorOutput.h"
 #include "Quillary/PrintingHost.h"
-#include "Quillary/RecurringCatchUp.h"
 #include "QuillaryChannel/AssistantChannel.h"
 #include "QuillaryCore/Foundation/UserError.h"
 #include "QuillaryCore/Model/DataModel.h"
@@ -129,7 +128,7 @@ void AssistantService::catchUpIfDue()
         m_recurring.didRun(now, calendar);
     }
     if (m_options.windows != nullptr) {
-        m_options.windows->dayBegan(outcome.made);
+        m_options.windows->dayBegan(outcome);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "Quillary/LibraryExchange.h"
 #include "Quillary/LibraryLoan.h"
 #include "Quillary/OpenLibrary.h"
+#include "Quillary/RecurringCatchUp.h"
 #include "Quillary/ServingRight.h"
 #include "Quillary/TerminalAsker.h"
 #include "Quillary/TimerDelay.h"
@@ -63,8 +64,8 @@ public:
     virtual void willClose() = 0;
     /// A second start asks for the window; `section` is empty or names one.
     virtual void show(const std::string& section) = 0;
-    /// Another day; `made` are the keys of the recurring invoices that were made for it.
-    virtual void dayBegan(const std::vector<std::int64_t>& made) = 0;
+    /// Another day, and what came of its recurring invoices.
+    virtual void dayBegan(const RecurringCatchUp::Outcome& recurring) = 0;
     /// An assistant has done something.
     virtual void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) = 0;
 };

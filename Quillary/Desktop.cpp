@@ -8,6 +8,7 @@
 #include "QuillaryCore/Assistant/Tools/ToolResult.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Schedules/OwedInvoice.h"
 
 #include <QRegularExpression>
 #include <QTimer>
@@ -63,6 +64,7 @@ MainWindow& Desktop::window()
             m_window->showDocument(key);
         });
         QObject::connect(&m_teller, &DueTeller::wantedOverview, m_window.get(), [this] { show("overview"); });
+        tellFailures();
     }
     return *m_window;
 }
@@ -85,9 +87,21 @@ void Desktop::tellDay()
     }
 }
 
-void Desktop::dayBegan(const std::vector<std::int64_t>& made)
+/// Of a run before the window was there, too.
+void Desktop::tellFailures()
 {
-    m_teller.addMade(made);
+    if (m_window != nullptr && !m_failures.empty()) {
+        const RecurringCatchUp::Failure& first = m_failures.front();
+        m_window->warnOfRecurring(OwedInvoice::notice(first.message, m_failures.size()), first.recurring);
+        m_failures.clear();
+    }
+}
+
+void Desktop::dayBegan(const RecurringCatchUp::Outcome& recurring)
+{
+    m_teller.addMade(recurring.made);
+    m_failures = recurring.failures;
+    tellFailures();
     QTimer::singleShot(noticeDelay, &m_teller, [this] { tellDay(); });
     if (m_window != nullptr) {
         m_window->refreshDay();

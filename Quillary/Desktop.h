@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Quillary/AssistantService.h"
+#include "Quillary/RecurringCatchUp.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 #include "QuillaryUI/Main/ApprovalDialog.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Notices/DueTeller.h"
 #include "QuillaryUI/Settings/ProgramPlaces.h"
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,7 +26,7 @@ public:
     void didOpen(OpenLibrary& library) override;
     void willClose() override;
     void show(const std::string& section) override;
-    void dayBegan(const std::vector<std::int64_t>& made) override;
+    void dayBegan(const RecurringCatchUp::Outcome& recurring) override;
     void didCall(const AssistantClient& client, const AssistantTool& tool, const ToolResult& result) override;
 
     [[nodiscard]] ApprovalAsker& asker() { return m_asker; }
@@ -37,6 +37,7 @@ public:
 
 private:
     void tellDay();
+    void tellFailures();
 
     AppEnvironment& m_environment;
     PrintingHost& m_host;
@@ -44,6 +45,7 @@ private:
     LibraryAccess m_library;
     DueTeller m_teller{m_library};
     std::unique_ptr<MainWindow> m_window;
+    std::vector<RecurringCatchUp::Failure> m_failures; ///< which the window has not told of yet
     ApprovalDialog m_asker;
 };
 

@@ -12,6 +12,8 @@
 #include <fmt/format.h>
 
 #include <cstddef>
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace Quillary {
@@ -25,6 +27,13 @@ void tell(std::string_view sentence)
     ErrorOutput::writeLine(ShownText::line(sentence, longestSentence));
 }
 
+std::int64_t keyOf(Context& context, const RecurringError& failure)
+{
+    const std::optional<UUID> uuid = failure.templateID();
+    const Document* recurring = uuid ? context.find<Document>(*uuid) : nullptr;
+    return recurring == nullptr ? 0 : recurring->ref.key();
+}
+
 } // namespace
 
 RecurringCatchUp::Outcome RecurringCatchUp::run(Context& context, Instant now, const Calendar& calendar)
@@ -32,7 +41,7 @@ RecurringCatchUp::Outcome RecurringCatchUp::run(Context& context, Instant now, c
     try {
         const RecurringInvoices::Run run =
             RecurringInvoices::catchUp(context, now, RecurringInvoices::mostPerRun, calendar);
-        Outcome outcome{.made = {}, .isComplete = run.isComplete};
+        Outcome outcome{.made = {}, .failures = {}, .isComplete = run.isComplete};
         for (const Document* invoice : run.made) {
             outcome.made.push_back(invoice->ref.key());
             const Client* client = context.find(invoice->client);
@@ -40,13 +49,16 @@ RecurringCatchUp::Outcome RecurringCatchUp::run(Context& context, Instant now, c
                              invoice->number,
                              client == nullptr ? "nobody" : displayName(*client)));
         }
+        outcome.failures.reserve(run.failures.size());
         for (const RecurringError& failure : run.failures) {
+            outcome.failures.push_back({.recurring = keyOf(context, failure), .message = failure.message()});
             tell(failure.message());
         }
         return outcome;
     } catch (const UserError& error) {
-        tell(fmt::format("The recurring invoices were not made: {}", error.message()));
-        return {};
+        const std::string sentence = fmt::format("The recurring invoices were not made: {}", error.message());
+        tell(sentence);
+        return {.made = {}, .failures = {{.message = sentence}}};
     }
 }
 

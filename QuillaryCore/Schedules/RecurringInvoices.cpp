@@ -43,6 +43,16 @@ std::vector<Ref<Document>> dueTemplates(Context& context, CalendarDate today, co
     return keys;
 }
 
+/// The day of the first invoice that a template owes. No value: none.
+std::optional<CalendarDate> dueDay(const Document& recurring, CalendarDate today, const Calendar& calendar)
+{
+    if (!recurring.nextIssueDate || recurring.isPaused || RecurringTemplate::hasEnded(recurring, calendar)) {
+        return std::nullopt;
+    }
+    const CalendarDate next = calendar.date(*recurring.nextIssueDate);
+    return next > today ? std::nullopt : std::optional(next);
+}
+
 /// The catch-up of all templates. `onFailure` decides about a template that stands still: it returns, or throws.
 class CatchUp
 {
@@ -79,16 +89,12 @@ public:
 private:
     void makeAll(const Document& recurring)
     {
-        while (recurring.nextIssueDate && !recurring.isPaused && !RecurringTemplate::hasEnded(recurring, m_calendar)) {
-            const CalendarDate next = m_calendar.date(*recurring.nextIssueDate);
-            if (next > m_today) {
-                return;
-            }
+        while (const std::optional<CalendarDate> due = dueDay(recurring, m_today, m_calendar)) {
             if (m_count == m_limit) {
                 m_run.isComplete = false;
                 return;
             }
-            const InvoiceMaker::Occurrence occurrence = m_maker.make(recurring, next);
+            const InvoiceMaker::Occurrence occurrence = m_maker.make(recurring, *due);
             m_count += 1;
             if (occurrence.isNew) {
                 m_run.made.push_back(&occurrence.invoice);
@@ -150,6 +156,22 @@ RecurringInvoices::preview(Context& context, Instant today, std::size_t limit, c
     }
     scope.rollback();
     return preview;
+}
+
+std::optional<RecurringError>
+RecurringInvoices::obstacle(Context& context, const Document& recurring, Instant today, const Calendar& calendar)
+{
+    const std::optional<CalendarDate> due = dueDay(recurring, calendar.date(today), calendar);
+    if (!due) {
+        return std::nullopt;
+    }
+    const auto scope = context.beginScope("Look ahead"); // ends with the function and keeps nothing
+    try {
+        InvoiceMaker(deskOf(context, calendar)).make(recurring, *due);
+        return std::nullopt;
+    } catch (const RecurringError& error) {
+        return error;
+    }
 }
 
 std::optional<UUID>

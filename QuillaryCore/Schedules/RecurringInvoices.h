@@ -92,6 +92,11 @@ struct Preview
 /// Throws: `StoreError`.
 [[nodiscard]] Preview preview(Context& context, Instant today, std::size_t limit, const Calendar& calendar);
 
+/// Why the invoice that a template owes by the day of `today` can't be made. It is tried and taken back. No value: it can
+/// be, or none is due. Throws: `StoreError`.
+[[nodiscard]] std::optional<RecurringError>
+obstacle(Context& context, const Document& recurring, Instant today, const Calendar& calendar);
+
 /// The identifier of the invoice of a scheduled day: the name "invoice YYYY-MM-DD" in the space of the template's own
 /// identifier (RFC 9562, version 5). No value: the template has none.
 [[nodiscard]] std::optional<UUID> occurrenceID(const Document& recurring, Instant scheduled, const Calendar& calendar);

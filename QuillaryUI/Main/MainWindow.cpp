@@ -71,6 +71,7 @@ MainWindow::MainWindow(LibraryAccess& library, const ProgramPlaces& places, QWid
     , m_deck(new SectionDeck(this))
     , m_warning(new QFrame(this))
     , m_warningText(new QLabel(this))
+    , m_warningShow(new QToolButton(m_warning))
     , m_lock(new LockKeeper(places.lock, places.now, this))
     , m_lockPage(new LockPage(*m_lock, this))
     , m_tray(new TrayIcon(this))
@@ -105,6 +106,13 @@ void MainWindow::buildWarning()
     m_warning->setObjectName(QStringLiteral("warning"));
     m_warningText->setObjectName(QStringLiteral("warningText"));
     m_warningText->setWordWrap(true);
+    m_warningShow->setObjectName(QStringLiteral("warningShow"));
+    m_warningShow->setText(tr("Show"));
+    connect(m_warningShow, &QToolButton::clicked, this, [this] {
+        m_warning->hide();
+        showSection(sectionName(DocumentKind::recurring));
+        showDocument(m_warnedOf);
+    });
     auto* dismiss = new QToolButton(m_warning);
     dismiss->setText(tr("Close"));
     connect(dismiss, &QToolButton::clicked, m_warning, &QFrame::hide);
@@ -113,6 +121,7 @@ void MainWindow::buildWarning()
     auto* row = new QHBoxLayout(m_warning);
     row->addWidget(sign);
     row->addWidget(m_warningText, 1);
+    row->addWidget(m_warningShow);
     row->addWidget(dismiss);
     m_deck->head().addWidget(m_warning);
     m_warning->hide();
@@ -365,7 +374,15 @@ bool MainWindow::isBeingTypedIn() const
 void MainWindow::warn(const QString& sentence)
 {
     m_warningText->setText(sentence);
+    m_warningShow->hide();
     m_warning->show();
+}
+
+void MainWindow::warnOfRecurring(const QString& sentence, std::int64_t key)
+{
+    warn(sentence);
+    m_warnedOf = key;
+    m_warningShow->show();
 }
 
 void MainWindow::restoreLayout()

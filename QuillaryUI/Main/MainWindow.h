@@ -14,6 +14,7 @@ class QFrame;
 class QLabel;
 class QMenu;
 class QStackedWidget;
+class QToolButton;
 
 namespace Quillary {
 
@@ -67,6 +68,8 @@ public:
     [[nodiscard]] bool isBeingTypedIn() const;
     /// A bar across the top, until it is put away.
     void warn(const QString& sentence);
+    /// The same about a recurring invoice, with a way to it. 0: to all of them.
+    void warnOfRecurring(const QString& sentence, std::int64_t key);
 
 Q_SIGNALS:
     void unlocked();
@@ -98,6 +101,8 @@ private:
     SectionDeck* m_deck;
     QFrame* m_warning;
     QLabel* m_warningText;
+    QToolButton* m_warningShow;
+    std::int64_t m_warnedOf = 0; ///< a recurring invoice
     LockKeeper* m_lock;
     LockPage* m_lockPage;
     QWidget* m_covered = nullptr; ///< what the lock hides

@@ -1,11 +1,13 @@
 #include "QuillaryUI/Schedules/RecurringModel.h"
 
+#include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Schedules/RecurringInvoices.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Schedules/OwedInvoice.h"
 #include "QuillaryUI/Schedules/RhythmText.h"
 
 #include <algorithm>
@@ -42,7 +44,7 @@ RecurringModel::RecurringModel(LibraryAccess& library, QObject* parent)
 void RecurringModel::take(const ChangeSet& changes)
 {
     // Few libraries have more than a few dozen templates.
-    if (!changes.of<Document>().isEmpty() || !changes.of<Client>().isEmpty()) {
+    if (!changes.of<Document>().isEmpty() || !changes.of<Client>().isEmpty() || !changes.of<Business>().isEmpty()) {
         reload();
     }
 }
@@ -65,7 +67,12 @@ void RecurringModel::reload()
              .client = client != nullptr ? text(displayName(*client)) : tr("No client"),
              .rhythm = RhythmText::sentence(*recurring, m_library.formats()),
              .next = state == RecurringState::ended ? QString() : m_library.formats().date(recurring->nextIssueDate),
-             .state = state});
+             .state = state,
+             .obstacle = {}});
+    }
+    for (Row& row : m_rows) {
+        const std::optional<OwedInvoice> owed = OwedInvoice::of(m_library, row.key);
+        row.obstacle = owed ? owed->obstacle : QString();
     }
     endResetModel();
 }
@@ -92,8 +99,14 @@ QVariant RecurringModel::data(const QModelIndex& index, int role) const
         return {};
     }
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
+    const bool standsStill = index.column() == stateColumn && !row.obstacle.isEmpty();
     if (role == Qt::ForegroundRole) {
-        return index.column() == stateColumn ? QVariant(stateColor(row.state)) : QVariant();
+        return standsStill                     ? QVariant(Theme::statusColor(DisplayStatus::overdue))
+               : index.column() == stateColumn ? QVariant(stateColor(row.state))
+                                               : QVariant();
+    }
+    if (standsStill && role == Qt::ToolTipRole) {
+        return row.obstacle;
     }
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};
@@ -108,7 +121,7 @@ QVariant RecurringModel::data(const QModelIndex& index, int role) const
     case nextColumn:
         return row.next;
     case stateColumn:
-        return CoreText::word(Quillary::title(row.state));
+        return standsStill ? tr("Can't be made") : CoreText::word(Quillary::title(row.state));
     case columnsInAll:
         break;
     }

@@ -41,6 +41,7 @@ private:
         QString rhythm;
         QString next;
         RecurringState state;
+        QString obstacle; ///< why what it owes can't be made; empty: nothing stands in its way
     };
 
     void take(const ChangeSet& changes);

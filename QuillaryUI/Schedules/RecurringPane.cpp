@@ -5,11 +5,15 @@
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
+#include "QuillaryCore/Schedules/RecurringInvoices.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Library/DocumentPage.h"
+#include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
+#include "QuillaryUI/Schedules/OwedInvoice.h"
 #include "QuillaryUI/Schedules/RhythmText.h"
 
 #include <QHBoxLayout>
@@ -34,12 +38,15 @@ RecurringPane::RecurringPane(LibraryAccess& library, QWidget* parent)
     , m_name(new QLabel(this))
     , m_schedule(new QLabel(this))
     , m_dates(new QLabel(this))
+    , m_owed(new QLabel(this))
+    , m_make(new QPushButton(tr("Make Now"), this))
     , m_pause(new QPushButton(this))
     , m_paper(new PaperView(library.press(), this))
     , m_page(new LivePage(library.press(), *m_paper))
 {
     setObjectName(QStringLiteral("recurringPane"));
     build();
+    connect(m_make, &QPushButton::clicked, this, &RecurringPane::makeOwed);
     connect(m_pause, &QPushButton::clicked, this, &RecurringPane::pauseOrResume);
 }
 
@@ -55,15 +62,21 @@ void RecurringPane::build()
     m_dates->setObjectName(QStringLiteral("recurringDates"));
     m_dates->setWordWrap(true);
     m_dates->setForegroundRole(QPalette::PlaceholderText);
+    m_owed->setObjectName(QStringLiteral("recurringOwed"));
+    m_owed->setWordWrap(true);
+    m_owed->setTextFormat(Qt::PlainText);
+    m_make->setObjectName(QStringLiteral("makeRecurringNow"));
     m_pause->setObjectName(QStringLiteral("pauseRecurring"));
     auto* words = new QVBoxLayout;
     words->setSpacing(4);
     words->addWidget(m_name);
     words->addWidget(m_schedule);
     words->addWidget(m_dates);
+    words->addWidget(m_owed);
     auto* row = new QHBoxLayout(m_head);
     row->setContentsMargins(border, border, border, border);
     row->addLayout(words, 1);
+    row->addWidget(m_make, 0, Qt::AlignTop);
     row->addWidget(m_pause, 0, Qt::AlignTop);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -99,6 +112,7 @@ void RecurringPane::reload()
     m_name->setText(client != nullptr ? tr("%1 · %2").arg(title, text(displayName(*client))) : title);
     m_schedule->setText(RhythmText::sentence(*recurring, m_library.formats()));
     showDates(*recurring);
+    showOwed();
     m_page->refresh();
 }
 
@@ -115,7 +129,7 @@ void RecurringPane::showDates(const Document& recurring)
     m_pause->setText(state == RecurringState::paused ? tr("Resume") : tr("Pause"));
     switch (state) {
     case RecurringState::active:
-        m_dates->setText(tr("Next: %1").arg(list));
+        m_dates->setText(list.isEmpty() ? QString() : tr("Next: %1").arg(list));
         break;
     case RecurringState::paused:
         m_dates->setText(tr("Paused: no invoice is made. Dates that pass meanwhile are skipped."));
@@ -123,6 +137,40 @@ void RecurringPane::showDates(const Document& recurring)
     case RecurringState::ended:
         m_dates->setText(tr("Ended: no more invoices are made."));
         break;
+    }
+    m_dates->setVisible(!m_dates->text().isEmpty()); // a schedule that can't be read has no dates
+}
+
+/// What stands in its way is said here as long as it does.
+void RecurringPane::showOwed()
+{
+    const std::optional<OwedInvoice> owed = OwedInvoice::of(m_library, m_template);
+    m_owed->setVisible(owed.has_value());
+    m_make->setVisible(owed.has_value());
+    if (owed) {
+        const bool isStuck = !owed->obstacle.isEmpty();
+        m_owed->setText(isStuck ? owed->obstacle : tr("The invoice of %1 is due and not made yet.").arg(owed->day));
+        Theme::tint(*m_owed, isStuck ? Theme::statusColor(DisplayStatus::overdue) : palette().color(QPalette::Text));
+    }
+}
+
+/// Also what others owe: there is one run for all, and its numbers follow their dates.
+void RecurringPane::makeOwed()
+{
+    std::size_t made = 0;
+    std::optional<std::string> failure;
+    const auto refusal = m_library.attempt([&] {
+        const RecurringInvoices::Run run = RecurringInvoices::catchUp(
+            m_library.context(), m_library.now(), RecurringInvoices::mostPerRun, m_library.formats().calendar());
+        made = run.made.size();
+        if (!run.failures.empty()) {
+            failure = run.failures.front().message();
+        }
+    });
+    if (refusal || (made == 0 && failure)) {
+        Q_EMIT failed(refusal ? *refusal : CoreText::sentence(*failure));
+    } else {
+        Q_EMIT told(made == 1 ? tr("The invoice was made.") : tr("%1 invoices were made.").arg(made));
     }
 }
 

@@ -36,6 +36,8 @@ private:
     [[nodiscard]] const Document* record() const;
     void build();
     void showDates(const Document& recurring);
+    void showOwed();
+    void makeOwed();
     void pauseOrResume();
 
     LibraryAccess& m_library;
@@ -44,6 +46,8 @@ private:
     QLabel* m_name;
     QLabel* m_schedule;
     QLabel* m_dates;
+    QLabel* m_owed;
+    QPushButton* m_make;
     QPushButton* m_pause;
     PaperView* m_paper;
     LivePage* m_page;

@@ -5,6 +5,7 @@
 #include "QuillaryUI/Charts/BarChart.h"
 #include "QuillaryUI/Library/BesideReader.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
+#include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Overview/FigureButton.h"
 #include "QuillaryUI/Overview/OverviewSection.h"
 #include "QuillaryUI/Reports/ReportsSection.h"
@@ -22,6 +23,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolButton>
 
 #include <atomic>
 #include <filesystem>
@@ -238,6 +240,51 @@ TEST_F(FiguresAndTimeTest, pausesATemplate)
     child<QPushButton>(recurring, "pauseRecurring").click();
     EXPECT_TRUE(comesTrue([&] { return child<QPushButton>(recurring, "pauseRecurring").text() == "Resume"; }));
     EXPECT_EQ(model.index(0, RecurringModel::stateColumn).data().toString(), "Paused");
+}
+
+TEST_F(FiguresAndTimeTest, marksARecurringInvoiceThatCannotBeMade)
+{
+    Document& monthly = samples.context.edit(*samples.context.first<Document>("kindRaw = 3"));
+    const auto change = [&](Ref<Client> whose) {
+        EXPECT_FALSE(library.perform("Change", [&] {
+            samples.context.edit(monthly).client = whose;
+            samples.context.edit(monthly).nextIssueDate = samples.clock.now();
+        }));
+    };
+    change({});
+    ProgramPlaces places;
+    places.lock = folder / "lock.json";
+    places.now = [this] {
+        return samples.clock.now();
+    };
+    MainWindow window(library, places);
+    window.showSection("invoices");
+    window.warnOfRecurring("One can't be made.", monthly.ref.key());
+    child<QToolButton>(window, "warningShow").click();
+    RecurringSection& recurring = child<RecurringSection>(window, "recurring");
+    EXPECT_TRUE(child<QWidget>(window, "warning").isHidden());
+    const QAbstractItemModel& list = *child<QTableView>(recurring, "recurringList").model();
+    const auto state = [&] {
+        return list.index(0, RecurringModel::stateColumn).data().toString();
+    };
+    const QLabel& owed = child<QLabel>(recurring, "recurringOwed");
+    QPushButton& make = child<QPushButton>(recurring, "makeRecurringNow");
+    EXPECT_EQ(state(), "Can't be made");
+    EXPECT_TRUE(owed.text().endsWith("Its client was deleted. Choose a client for it, or delete it."));
+    QString told;
+    QObject::connect(&recurring, &Section::told, [&](const QString& sentence) { told = sentence; });
+    QObject::connect(&recurring, &Section::failed, [&](const QString& sentence) { told = sentence; });
+    make.click();
+    EXPECT_EQ(told, owed.text());
+    EXPECT_EQ(samples.context.count<Document>("sourceDocumentID IS NOT NULL"), 0) << "looking made one";
+
+    change(client->ref); // mended
+    ASSERT_TRUE(comesTrue([&] { return state() == "Active"; }));
+    EXPECT_EQ(owed.text(), "The invoice of 17 Mar 2026 is due and not made yet.");
+    make.click();
+    EXPECT_EQ(told, "The invoice was made.");
+    EXPECT_TRUE(comesTrue([&] { return owed.isHidden(); }));
+    EXPECT_EQ(samples.context.count<Document>("sourceDocumentID IS NOT NULL"), 1);
 }
 
 } // namespace

@@ -180,6 +180,17 @@ TEST_F(RecurringInvoicesTest, oneBrokenTemplateHoldsUpNoOther)
     EXPECT_EQ(preview.due[1].recurring, &sound);
     EXPECT_FALSE(context.hasChanges()) << "nothing of it stays";
     EXPECT_EQ(context.count<Document>("kindRaw = 0"), 0);
+    const auto obstacle = [this](const Document& recurring) {
+        const auto found = RecurringInvoices::obstacle(context, recurring, clock.now(), calendar);
+        return found ? found->message() : "";
+    };
+    EXPECT_EQ(obstacle(orphan), preview.failures.at(0).message());
+    EXPECT_EQ(obstacle(sound), "");
+    EXPECT_EQ(dayOf(sound.nextIssueDate), "2025-02-01") << "looking is not making";
+    orphan.isPaused = true;
+    EXPECT_EQ(obstacle(orphan), "") << "it owes nothing";
+    orphan.isPaused = false;
+    context.save();
 
     const RecurringInvoices::Run run = RecurringInvoices::catchUp(context, clock.now(), 60, calendar);
     EXPECT_EQ(told(run.made), (Told{"INV-2025-001 2025-02-01", "INV-2025-002 2025-03-01"}));

@@ -86,6 +86,13 @@ constexpr SentencePattern patterns[] = {
     {QT_TRANSLATE_NOOP("Core", "The day to pay by has passed.")},
     {QT_TRANSLATE_NOOP("Core", "The day to pay by lies more than ten years ahead.")},
     // recurring invoices
+    {QT_TRANSLATE_NOOP("Core", "%1: the invoice of %2 can't be made. %3"), {sentence, date, sentence}},
+    {QT_TRANSLATE_NOOP("Core", "The recurring invoice for %1")},
+    {QT_TRANSLATE_NOOP("Core", "A recurring invoice without title and client")},
+    {QT_TRANSLATE_NOOP("Core", "The template is damaged. Make a new one and delete it.")},
+    {QT_TRANSLATE_NOOP("Core", "Its schedule was made by a newer Quillary. Choose another, or update Quillary.")},
+    {QT_TRANSLATE_NOOP("Core", "Its client was deleted. Choose a client for it, or delete it.")},
+    {QT_TRANSLATE_NOOP("Core", "The recurring invoices were not made: %1"), {sentence}},
     {QT_TRANSLATE_NOOP("Core", "That is a recurring invoice already. Duplicate it to make another.")},
     {QT_TRANSLATE_NOOP("Core", "%1 is no invoice, so no recurring one is made from it."), {sentence}},
     {QT_TRANSLATE_NOOP("Core", "%1 has no client, and a recurring invoice needs one."), {sentence}},
