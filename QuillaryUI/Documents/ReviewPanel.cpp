@@ -27,6 +27,16 @@ QString entryLink(const std::string& field, const std::string& words)
         .arg(text(field).toHtmlEscaped(), CoreText::sentence(words).toHtmlEscaped());
 }
 
+/// A client's name is nobody's word but theirs, also when it is that of a way to pay.
+QString answerWords(const ReviewQuestion& question, const ReviewOption& option)
+{
+    if (question.field != "client") {
+        return CoreText::sentence(option.label);
+    }
+    const bool isNew = option.value.string() != nullptr && *option.value.string() == newClient;
+    return isNew ? ReviewPanel::tr("Someone new…") : text(option.label);
+}
+
 bool isAboutClient(const std::string& field)
 {
     return field.starts_with("update_client");
@@ -58,10 +68,8 @@ void ReviewPanel::reload()
     for (const ReviewQuestion& question : review.questions) {
         QString entry = entryLink(question.field, question.text);
         for (const ReviewOption& option : question.options) {
-            const bool isNew = option.value.string() != nullptr && *option.value.string() == newClient;
-            entry +=
-                QStringLiteral(" &nbsp;·&nbsp; ") + link(QStringLiteral("answer:%1").arg(m_answers.size()),
-                                                         isNew ? tr("Someone new…") : CoreText::sentence(option.label));
+            entry += QStringLiteral(" &nbsp;·&nbsp; ") +
+                     link(QStringLiteral("answer:%1").arg(m_answers.size()), answerWords(question, option));
             m_answers.push_back({question.field, Quillary::text(option.value.dump())});
         }
         list += QStringLiteral("<li>%1</li>").arg(entry);
@@ -109,7 +117,9 @@ void ReviewPanel::give(const Answer& answer)
         const JSON arguments = JSON::object({{"client", Lookup::idText(client->uuid)}, {field, value}});
         AssistantActions(m_desk.library().environment())
             .call("update_client", arguments, [&](const ToolResult& result) {
-                refusal = result.isError ? std::optional(CoreText::sentence(result.text)) : std::nullopt;
+                if (result.isError) {
+                    refusal = WindowWords::refusal(CoreText::sentence(result.text));
+                }
             });
     } else {
         refusal = m_desk.change(tr("Answer"), answer.field, value);

@@ -1,5 +1,6 @@
 #include "QuillaryUI/Look/CoreText.h"
 
+#include "QuillaryCore/Assistant/Operations/AssistantActions.h"
 #include "QuillaryCore/Assistant/Operations/BusinessSettings.h"
 #include "QuillaryCore/Assistant/Operations/ContactOperations.h"
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
@@ -18,6 +19,7 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Model/Project.h"
 #include "QuillaryCore/Model/TaxRate.h"
+#include "QuillaryCore/Model/TaxRates.h"
 #include "QuillaryCore/Schedules/RecurringSetup.h"
 #include "QuillaryCore/Schedules/TimeTracking.h"
 #include "QuillaryCore/Schedules/WorkTimes.h"
@@ -25,6 +27,8 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryCore/Tabular/CSV.h"
 #include "QuillaryCore/Tabular/ImportColumns.h"
+#include "QuillaryUI/Documents/DraftDesk.h"
+#include "QuillaryUI/Documents/ReviewPanel.h"
 #include "QuillaryUI/Documents/WindowWords.h"
 #include "QuillaryUI/Look/Sentences/Sentences.h"
 #include "QuillaryUI/Look/Translation.h"
@@ -32,11 +36,13 @@
 
 #include <QApplication>
 #include <QRegularExpression>
+#include <QTextDocumentFragment>
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -154,6 +160,52 @@ TEST_F(CoreTextTest, saysInGermanWhatADraftRefuses)
         expectGerman(sentence, arguments);
         if (german != nullptr) {
             EXPECT_EQ(utf8(sentence), german);
+        }
+    }
+}
+
+TEST_F(CoreTextTest, asksInGermanForWhatADraftLacks)
+{
+    WindowLibrary window;
+    const AssistantEnvironment& environment = window.library.environment();
+    BusinessSettings::set(environment, "invoice_number_format", "{yyyy}-{###}");
+    BusinessSettings::set(environment, "client_number_format", "C-{#}");
+    BusinessSettings::set(environment, "country", "DE");
+    BusinessSettings::set(environment, "currency", "EUR");
+    BusinessSettings::set(environment, "vat_id", "DE123456789");
+    TaxRates::makeDefault(environment.context, TaxRates::append(environment.context, "Standard", 2'000));
+    AssistantActions actions(environment);
+    const auto call = [&](const char* tool, const std::string& arguments) {
+        std::optional<UUID> made;
+        actions.call(tool, JSON::parse(arguments).value(), [&](const ToolResult& result) {
+            EXPECT_FALSE(result.isError) << result.text;
+            made = result.documentID;
+        });
+        return made;
+    };
+    for (const char* client : {R"({"name": "Cash", "country": "AT", "vat_id": "ATU12345678"})",
+                               R"({"name": "Wien", "country": "AT"})",
+                               R"({"name": "Ohio", "country": "US", "currency": "USD"})"}) {
+        call("create_client", client);
+    }
+    const std::pair<const char*, std::vector<QString>> cases[] = {
+        {R"({"kind": "invoice", "client": "Cash", "add_lines": [{"title": "Work"}]})",
+         {"Nichts, es ist kosten", "Ja, Reverse-Charge", "Derselbe Tag wie die Rechnung"}},
+        {R"({"kind": "invoice", "client": "Wien", "add_lines": [{"title": "Work", "unit_price": 900, "tax_rate": 0}]})",
+         {"20 % (Standard)", "Es gibt keine"}},
+        {R"({"kind": "invoice", "client": "Ohio", "currency": "EUR", "add_lines": [{"title": "Work", "unit_price": 9}]})",
+         {"USD, wie üblich", "Ja, ohne", "Nein,"}},
+        {R"({"kind": "invoice"})", {"Jemand Neues", ">Cash<"}}, // which is a way to pay, too
+    };
+    for (const auto& [arguments, answers] : cases) {
+        const std::optional<UUID> made = call("create_document", arguments);
+        DraftDesk desk(window.library);
+        desk.setDocument(environment.context.find<Document>(made.value())->ref.key());
+        ReviewPanel panel(desk);
+        panel.reload();
+        expectGerman(QTextDocumentFragment::fromHtml(panel.text()).toPlainText(), arguments);
+        for (const QString& answer : answers) {
+            EXPECT_TRUE(panel.text().contains(answer)) << utf8(answer) << " in " << utf8(panel.text());
         }
     }
 }

@@ -49,6 +49,7 @@ constexpr SentencePattern patterns[] = {
      {word, country}},
     {QT_TRANSLATE_NOOP("Core", "%1 is a business outside the EU (%2). Invoice without %3, with the note?"),
      {word, country, word}},
+    {QT_TRANSLATE_NOOP("Core", "%1% (%2)"), {figure, own}}, // a tax rate and its name
     {QT_TRANSLATE_NOOP("Core", "%1, as usual")},
     {QT_TRANSLATE_NOOP("Core", "%1, as it is")},
     {QT_TRANSLATE_NOOP("Core", "No, charge %1 as usual"), {word}},
