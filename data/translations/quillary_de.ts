@@ -1962,6 +1962,49 @@
         <source>Others</source>
         <translation>Übrige</translation>
     </message>
+    <message>
+        <source>%1: the invoice of %2 can&apos;t be made. %3</source>
+        <translation>%1: Die Rechnung vom %2 kann nicht erstellt werden. %3</translation>
+    </message>
+    <message>
+        <source>The recurring invoice for %1</source>
+        <translation>Die wiederkehrende Rechnung für %1</translation>
+    </message>
+    <message>
+        <source>A recurring invoice without title and client</source>
+        <translation>Eine wiederkehrende Rechnung ohne Titel und Kunde</translation>
+    </message>
+    <message>
+        <source>The template is damaged. Make a new one and delete it.</source>
+        <translation>Die Vorlage ist beschädigt. Legen Sie eine neue an und löschen Sie diese.</translation>
+    </message>
+    <message>
+        <source>Its schedule was made by a newer Quillary. Choose another, or update Quillary.</source>
+        <translation>Ihr Rhythmus stammt von einem neueren Quillary. Wählen Sie einen anderen oder bringen Sie Quillary auf den neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>Its client was deleted. Choose a client for it, or delete it.</source>
+        <translation>Ihr Kunde wurde gelöscht. Wählen Sie einen anderen Kunden oder löschen Sie die Vorlage.</translation>
+    </message>
+    <message>
+        <source>The recurring invoices were not made: %1</source>
+        <translation>Die wiederkehrenden Rechnungen wurden nicht erstellt: %1</translation>
+    </message>
+    <message>
+        <source>%1% (%2)</source>
+        <translation>%1 % (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>OwedInvoice</name>
+    <message>
+        <source>%1 Another recurring invoice can&apos;t be made, either.</source>
+        <translation>%1 Auch eine weitere wiederkehrende Rechnung kann nicht erstellt werden.</translation>
+    </message>
+    <message>
+        <source>%1 Nor can %2 other recurring invoices be made.</source>
+        <translation>%1 Auch %2 weitere wiederkehrende Rechnungen können nicht erstellt werden.</translation>
+    </message>
 </context>
 <context>
     <name>PaperDesk</name>
@@ -4113,6 +4156,10 @@
         <source>What the Keys Do</source>
         <translation>Was die Tasten bewirken</translation>
     </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::MakeRecurringSheet</name>
@@ -4508,6 +4555,10 @@
         <source>State</source>
         <translation>Zustand</translation>
     </message>
+    <message>
+        <source>Can&apos;t be made</source>
+        <translation>Steht still</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::RecurringPane</name>
@@ -4566,6 +4617,22 @@
     <message>
         <source>%1 goes on; %2 dates that passed are skipped.</source>
         <translation>%1 geht weiter; %2 verstrichene Termine werden übersprungen.</translation>
+    </message>
+    <message>
+        <source>Make Now</source>
+        <translation>Jetzt erstellen</translation>
+    </message>
+    <message>
+        <source>The invoice of %1 is due and not made yet.</source>
+        <translation>Die Rechnung vom %1 ist fällig und noch nicht erstellt.</translation>
+    </message>
+    <message>
+        <source>The invoice was made.</source>
+        <translation>Die Rechnung wurde erstellt.</translation>
+    </message>
+    <message>
+        <source>%1 invoices were made.</source>
+        <translation>%1 Rechnungen wurden erstellt.</translation>
     </message>
 </context>
 <context>
