@@ -35,7 +35,7 @@ namespace Quillary {
 
 namespace {
 
-constexpr int patience = 10'000; ///< milliseconds until a page must be there
+constexpr int patience = 60'000; ///< milliseconds until a page must be there
 constexpr int settling = 250;
 
 /// Until every page that is on the screen has been printed.
