@@ -81,13 +81,13 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     , m_right(new QStackedWidget(m_halves))
     , m_bar(new DocumentFilterBar(library, kind, m_left))
     , m_views(new SavedViewsButton(
-          library, kind, [this] { return view(); }, m_bar))
+          library, kind, [this] { return view(); }, this))
     , m_list(new QStackedWidget(m_left))
     , m_table(new QTableView(m_list))
     , m_footer(new QLabel(m_left))
     , m_pane(new DocumentPane(library, m_right))
     , m_run(new DocumentsRun(library, m_left))
-    , m_selection(new SelectionPane(library, kind, *m_run, m_right))
+    , m_selection(new SelectionPane(library, kind, *m_run, this))
 {
     setObjectName(QStringLiteral("documents%1").arg(int(kind)));
     build();

@@ -84,7 +84,8 @@ private:
     LibraryAccess& m_library;
     DocumentKind m_kind;
     DocumentListModel* m_model;
-    // Each is made with the parent that it stays with: one that changes its parent is dressed anew, with all in it.
+    // Most are made with the parent that they stay with: one that changes it is dressed anew, with all in it. Those that
+    // ask in sheets are given the section first, over which a sheet has room.
     QSplitter* m_halves;
     QWidget* m_left;
     QStackedWidget* m_right;
