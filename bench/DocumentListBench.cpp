@@ -14,6 +14,7 @@
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "bench/Support/LibraryGenerator.h"
+#include "tests/QuillaryUI/WindowLibrary.h"
 
 #include <QApplication>
 #include <QImage>
@@ -55,14 +56,6 @@ constexpr double mebibyte = 1024.0 * 1024.0;
 constexpr int screenWidth = 720;
 constexpr int screenHeight = 900;
 constexpr int rowHeight = 32;
-
-class NoPress final : public PagePress
-{
-public:
-    void press(PageJob /*job*/, PrintReply /*reply*/) override {}
-    PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
-    void warmUp() override {}
-};
 
 void startApplication()
 {
