@@ -51,6 +51,11 @@ bool openWithDesktop(const std::filesystem::path& file)
     return opener.startDetached();
 }
 
+void answerLater(const PrintError& error, PrintReply reply)
+{
+    QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
+}
+
 } // namespace
 
 /// Qt can't be left by an exception: what nobody caught on the way is told, and the next event comes.
@@ -112,22 +117,36 @@ void PrintingHost::startApplication(Windows windows)
     m_application = std::make_unique<Application>(windows, *this);
 }
 
+std::unique_ptr<PagePrinter> PrintingHost::load()
+{
+    const ProgramFolders folders = ProgramFolders::of(m_environment.programFile());
+    const QuietMessages quiet;
+    usePageFonts(folders);
+    if (m_application == nullptr) {
+        drawWithoutScreen();
+    }
+    // The module comes first where nothing has started Qt yet: it then prepares Qt's drawing itself.
+    auto loaded = loadPagePrinter(folders.modules);
+    if (m_application == nullptr) {
+        m_application = std::make_unique<Application>(Windows::none, *this);
+    }
+    return loaded;
+}
+
 PagePrinter& PrintingHost::printer()
 {
     if (m_printer == nullptr) {
-        const ProgramFolders folders = ProgramFolders::of(m_environment.programFile());
-        const QuietMessages quiet;
-        usePageFonts(folders);
-        if (m_application == nullptr) {
-            drawWithoutScreen();
-        }
-        // The module comes first where nothing has started Qt yet: it then prepares Qt's drawing itself.
-        m_printer = loadPagePrinter(folders.modules);
-        if (m_application == nullptr) {
-            m_application = std::make_unique<Application>(Windows::none, *this);
-        }
+        m_printer = load();
     }
     return *m_printer;
+}
+
+PagePrinter& PrintingHost::lonePagePrinter()
+{
+    if (m_lonePagePrinter == nullptr) {
+        m_lonePagePrinter = load();
+    }
+    return *m_lonePagePrinter;
 }
 
 PrintJob PrintingHost::printJob(PageJob job) const
@@ -154,22 +173,21 @@ void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply
 
 void PrintingHost::press(PageJob job, PrintReply reply)
 {
-    print(printJob(std::move(job)), std::move(reply));
+    try {
+        printer().print(printJob(std::move(job)), std::move(reply));
+    } catch (const PrintError& error) {
+        answerLater(error, std::move(reply));
+    }
 }
 
 void PrintingHost::pressPage(PageJob job, LonePage page, PrintReply reply)
 {
     PrintJob alone = printJob(std::move(job));
     alone.lonePage = page;
-    print(std::move(alone), std::move(reply));
-}
-
-void PrintingHost::print(PrintJob job, PrintReply reply)
-{
     try {
-        printer().print(std::move(job), std::move(reply));
+        lonePagePrinter().print(std::move(alone), std::move(reply));
     } catch (const PrintError& error) {
-        QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
+        answerLater(error, std::move(reply));
     }
 }
 
@@ -184,6 +202,15 @@ void PrintingHost::warmUp()
         printer().warmUp();
     } catch (const PrintError&) {
         return; // the first page says so, where somebody sees it
+    }
+}
+
+void PrintingHost::warmUpForPages()
+{
+    try {
+        lonePagePrinter().warmUp();
+    } catch (const PrintError&) {
+        return; // the page is printed with its document then
     }
 }
 

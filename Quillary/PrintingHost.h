@@ -32,6 +32,7 @@ public:
     void pressPage(PageJob job, LonePage page, PrintReply reply) override;
     [[nodiscard]] PagePicture picture(const Bytes& pdf, int pageIndex, int pixelWidth) override;
     void warmUp() override;
+    void warmUpForPages() override;
 
     enum class Windows { none, shown };
     /// Starts Qt's event loop's application for programs that stay, before anything is printed.
@@ -53,14 +54,16 @@ public:
 private:
     struct Application;
     class WindowApplication;
+    [[nodiscard]] std::unique_ptr<PagePrinter> load();
     PagePrinter& printer();
+    PagePrinter& lonePagePrinter();
     [[nodiscard]] PrintJob printJob(PageJob job) const;
-    void print(PrintJob job, PrintReply reply);
 
     const AppEnvironment& m_environment;
     std::function<void(const std::string& sentence)> m_tellFailure;
     std::unique_ptr<Application> m_application;
-    std::unique_ptr<PagePrinter> m_printer; ///< goes before the application, whose events it lives on
+    std::unique_ptr<PagePrinter> m_printer;         ///< goes before the application, whose events it lives on
+    std::unique_ptr<PagePrinter> m_lonePagePrinter; ///< likewise
 };
 
 } // namespace Quillary

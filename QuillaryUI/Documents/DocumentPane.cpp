@@ -144,6 +144,7 @@ void DocumentPane::beginEditing()
     }
     m_isEditing = true;
     reload();
+    m_page->setTyped(true);
     Q_EMIT editingChanged(true);
     // Once the list has given way: a page that has too little room gets two fifths of it, else the user's own border
     // stays.
@@ -162,6 +163,7 @@ void DocumentPane::endEditing()
     if (m_isEditing) {
         m_isEditing = false;
         reload();
+        m_page->setTyped(false);
         Q_EMIT editingChanged(false);
     }
 }

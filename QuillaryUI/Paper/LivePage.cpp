@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::chrono::milliseconds afterThePicture{20};
 
-/// Without keys for so long somebody rests. A whole print that is under way holds the next page up.
-constexpr std::chrono::milliseconds pauseBeforeWhole{200};
+/// Long enough for the next key of somebody who types fast, short enough for the rest to be there in 300 ms.
+constexpr std::chrono::milliseconds pauseBeforeWhole{50};
 
 /// Pages. The whole of fewer is there nearly as soon as one of them.
 constexpr int longDocument = 4;
@@ -78,7 +78,7 @@ void LivePage::refresh()
 /// was clicked meanwhile is done, since the engine holds everything up while it comes.
 bool LivePage::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Paint && m_isStale && !m_isPrinting) {
+    if (event->type() == QEvent::Paint && m_isStale && !m_isPrintingWhole && !m_isPrintingAhead) {
         QTimer::singleShot(afterThePicture, this, &LivePage::startIfSeen);
     }
     return QObject::eventFilter(watched, event);
@@ -86,27 +86,32 @@ bool LivePage::eventFilter(QObject* watched, QEvent* event)
 
 void LivePage::startIfSeen()
 {
-    if (m_isPrinting || !m_isStale || !m_source || !m_view.isVisible()) {
+    if (!m_isStale || m_isPrintingAhead || (m_isPrintingWhole && !m_layout) || !m_source || !m_view.isVisible()) {
         return;
     }
-    m_isStale = false;
     std::optional<PageJob> job = m_source();
     if (!job || (m_lastJob && isSamePage(*job, *m_lastJob))) {
+        m_isStale = false;
         return;
     }
     const bool isSameAsLast = m_lastJob && isSameSheet(*job, *m_lastJob);
-    const PageJob& wanted = m_lastJob.emplace(*std::move(job));
-    std::optional<PageExcerpt> ahead = m_layout && isSameAsLast ? m_layout->excerpt(wanted.html) : std::nullopt;
-    if (ahead && m_view.shows(ahead->page)) {
-        printAhead(wanted, *std::move(ahead));
+    std::optional<PageExcerpt> ahead = m_layout && isSameAsLast ? m_layout->excerpt(job->html) : std::nullopt;
+    const bool isAhead = ahead && m_view.shows(ahead->page);
+    if (!isAhead && m_isPrintingWhole) {
+        return; // until that one is done
+    }
+    m_isStale = false;
+    m_lastJob = std::move(job);
+    if (isAhead) {
+        printAhead(*m_lastJob, *std::move(ahead));
     } else {
-        printWhole(wanted);
+        printWhole(*m_lastJob);
     }
 }
 
 void LivePage::printWhole(const PageJob& job)
 {
-    m_isPrinting = true;
+    m_isPrintingWhole = true;
     m_pause.stop();
     PageJob marked = job;
     marked.html = PageLayout::marked(job.html);
@@ -119,7 +124,7 @@ void LivePage::printWhole(const PageJob& job)
 
 void LivePage::printAhead(const PageJob& job, PageExcerpt excerpt)
 {
-    m_isPrinting = true;
+    m_isPrintingAhead = true;
     m_pause.stop();
     PageJob page = job;
     page.html = std::exchange(excerpt.html, {});
@@ -135,33 +140,55 @@ void LivePage::printAhead(const PageJob& job, PageExcerpt excerpt)
 
 void LivePage::showWhole(std::uint64_t turn, const PageJob& job, PrintResult result)
 {
-    m_isPrinting = false;
-    if (turn == m_turn) {
+    m_isPrintingWhole = false;
+    const bool isNewest = !m_lastJob || isSamePage(job, *m_lastJob);
+    if (turn == m_turn && isNewest) {
         m_layout.reset();
         if (auto* pdf = std::get_if<PrintedPDF>(&result)) {
-            const auto place = m_shownTurn == turn ? PaperView::Place::kept : PaperView::Place::top;
-            m_shownTurn = turn;
-            if (pdf->pageCount >= longDocument) {
-                m_layout = PageLayout::of(job.html, job.geometry, pdf->pageCount, pdf->marks);
-            }
-            m_view.setPDF(std::move(pdf->bytes), pdf->pageCount, place);
+            setPDF(job, std::move(*pdf));
         } else {
             m_lastJob.reset();
             m_view.setNotice(CoreText::sentence(std::get<PrintError>(result).message()));
         }
     }
     startIfSeen();
+    if (turn == m_turn && !isNewest && !m_pause.isActive()) {
+        followWithWhole();
+    }
+}
+
+void LivePage::setPDF(const PageJob& job, PrintedPDF pdf)
+{
+    const auto place = m_shownTurn == m_turn ? PaperView::Place::kept : PaperView::Place::top;
+    m_shownTurn = m_turn;
+    if (pdf.pageCount >= longDocument) {
+        m_layout = PageLayout::of(job.html, job.geometry, pdf.pageCount, pdf.marks);
+        makeReady();
+    }
+    m_view.setPDF(std::move(pdf.bytes), pdf.pageCount, place);
+}
+
+void LivePage::setTyped(bool isTyped)
+{
+    m_isTyped = isTyped;
+    makeReady();
+}
+
+void LivePage::makeReady()
+{
+    if (m_isTyped && m_layout) {
+        m_press.warmUpForPages();
+    }
 }
 
 /// Where the page turns out to be another one the whole comes next, whatever is typed; and it tells what is wrong with a
 /// page that can't be printed.
 void LivePage::showAhead(std::uint64_t turn, const PageExcerpt& excerpt, PrintResult result)
 {
-    m_isPrinting = false;
+    m_isPrintingAhead = false;
     if (turn == m_turn) {
         auto* pdf = std::get_if<PrintedPDF>(&result);
-        const bool isExact = pdf != nullptr && excerpt.isExact(pdf->marks);
-        if (isExact) {
+        if (pdf != nullptr && excerpt.isExact(pdf->marks) && excerpt.page < m_view.pageCount()) {
             m_view.setPage(excerpt.page, std::move(pdf->bytes));
             m_pause.start(pauseBeforeWhole);
         } else {
@@ -174,7 +201,7 @@ void LivePage::showAhead(std::uint64_t turn, const PageExcerpt& excerpt, PrintRe
 
 void LivePage::followWithWhole()
 {
-    if (m_isPrinting || !m_lastJob) {
+    if (m_isPrintingWhole || m_isPrintingAhead || !m_lastJob) {
         return;
     }
     if (m_view.isVisible()) {

@@ -23,8 +23,12 @@ public:
     /// Starts the engine ahead of the first page. Where it can't be had the first page says so.
     virtual void warmUp() = 0;
 
-    /// Prints one page of it alone.
+    /// Prints one page of it alone, after the other lone pages and beside whole documents: in a process of its own, since
+    /// a print that is under way can't be interrupted.
     virtual void pressPage(PageJob job, LonePage page, PrintReply reply) = 0;
+
+    /// Starts that process ahead of the first lone page.
+    virtual void warmUpForPages() = 0;
 };
 
 } // namespace Quillary

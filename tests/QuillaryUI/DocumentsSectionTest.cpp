@@ -59,6 +59,7 @@ public:
     }
     PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
     void warmUp() override {}
+    void warmUpForPages() override {}
 
     int count = 0;
     bool failsEveryThird = false;

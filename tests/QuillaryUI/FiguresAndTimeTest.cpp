@@ -51,6 +51,7 @@ public:
     }
     PagePicture picture(const Bytes& /*pdf*/, int /*pageIndex*/, int /*pixelWidth*/) override { return {}; }
     void warmUp() override {}
+    void warmUpForPages() override {}
 
     PageJob last;
 };

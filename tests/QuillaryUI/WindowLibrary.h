@@ -20,6 +20,7 @@ public:
     void pressPage(PageJob /*job*/, LonePage /*page*/, PrintReply /*reply*/) override {}
     [[nodiscard]] PagePicture picture(const Bytes& /*pdf*/, int /*page*/, int /*width*/) override { return {}; }
     void warmUp() override {}
+    void warmUpForPages() override {}
 };
 
 /// The sample library as windows see it.

@@ -11,6 +11,9 @@ namespace Quillary {
 
 void PageServer::registerScheme()
 {
+    if (!QWebEngineUrlScheme::schemeByName(scheme()).name().isEmpty()) {
+        return; // by another printer
+    }
     QWebEngineUrlScheme pages(scheme());
     pages.setSyntax(QWebEngineUrlScheme::Syntax::Host);
     pages.setFlags(QWebEngineUrlScheme::SecureScheme);
