@@ -1,6 +1,7 @@
 #include "QuillaryUI/Documents/DocumentListModel.h"
 
 #include "QuillaryUI/Documents/StatusText.h"
+#include "QuillaryUI/Library/BesideReader.h"
 #include "QuillaryUI/Look/Theme.h"
 
 #include <algorithm>
@@ -51,9 +52,11 @@ DocumentListModel::DocumentListModel(LibraryAccess& library, DocumentKind kind, 
     , m_kind(kind)
     , m_columns(columnsOf(kind))
     , m_rows(kind)
+    , m_reader(new BesideReader(library, this))
 {
     m_rest.setSingleShot(true);
     connect(&m_rest, &QTimer::timeout, this, &DocumentListModel::loadRest);
+    connect(m_reader, &BesideReader::failed, this, &DocumentListModel::loadRestHere);
     connect(&library, &LibraryAccess::opened, this, &DocumentListModel::reload);
     connect(&library, &LibraryAccess::changed, this, &DocumentListModel::take);
     connect(&library, &LibraryAccess::closing, this, [this] { m_rest.stop(); });
@@ -266,13 +269,42 @@ void DocumentListModel::didShow()
     }
 }
 
+/// Another day changes words, hardly ever rows: those that are there stay until the others come.
+void DocumentListModel::refreshDay()
+{
+    if (m_rows.isWhole()) {
+        loadRest();
+    } else {
+        reload();
+    }
+}
+
 void DocumentListModel::loadRest()
 {
     if (!m_library.isOpen()) {
         return;
     }
-    DocumentRows whole(m_kind); // the rows shown stay if the library can't be read
-    whole.load(m_library.context(), m_library.today(), m_library.formats().calendar());
+    m_reader->read<DocumentRows>(
+        [kind = m_kind, today = m_library.today()](const AssistantEnvironment& environment) {
+            DocumentRows whole(kind);
+            whole.load(environment.context, today, environment.calendar);
+            return whole;
+        },
+        [this](DocumentRows whole) { show(std::move(whole)); });
+}
+
+/// Where nothing can be read beside the window, the list must still become whole.
+void DocumentListModel::loadRestHere()
+{
+    if (m_library.isOpen()) {
+        DocumentRows whole(m_kind); // the rows shown stay if the library can't be read
+        whole.load(m_library.context(), m_library.today(), m_library.formats().calendar());
+        show(std::move(whole));
+    }
+}
+
+void DocumentListModel::show(DocumentRows whole)
+{
     const Chosen chosen = this->chosen();
     m_rows = std::move(whole);
     arrange(chosen);
@@ -290,6 +322,9 @@ void DocumentListModel::take(const ChangeSet& changes)
     const Chosen chosen = this->chosen();
     if (m_rows.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar())) {
         arrange(chosen);
+    }
+    if (m_reader->isReading()) {
+        loadRest(); // what is being read may lack the change
     }
 }
 

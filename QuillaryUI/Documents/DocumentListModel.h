@@ -13,8 +13,10 @@
 
 namespace Quillary {
 
+class BesideReader;
+
 /// The documents of one kind for a table: narrowed, sorted, and kept up to date. The first screenful is there when the
-/// list opens, the rest a moment later.
+/// list opens, the rest a moment later: it is read beside the window.
 class DocumentListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -44,6 +46,7 @@ public:
     [[nodiscard]] DocumentRows::Column column(int place) const { return m_columns[static_cast<std::size_t>(place)]; }
     /// Where a column stands. No value: lists of this kind don't have it.
     [[nodiscard]] std::optional<int> placeOf(DocumentRows::Column column) const;
+    /// Until they are whole no figure may be shown of them, nor may anything be said to be missing.
     [[nodiscard]] const DocumentRows& rows() const { return m_rows; }
     [[nodiscard]] DocumentRows::Key key(int row) const;
     [[nodiscard]] std::optional<int> rowOf(DocumentRows::Key key) const;
@@ -56,7 +59,7 @@ public:
     void didShow();
 
     /// The day that statuses are derived for is another one.
-    void refreshDay() { reload(); }
+    void refreshDay();
 
 Q_SIGNALS:
     /// After every change of the rows: the library's, the filter's or the order's.
@@ -72,6 +75,8 @@ private:
 
     void reload();
     void loadRest();
+    void loadRestHere();
+    void show(DocumentRows whole);
     void take(const ChangeSet& changes);
     void arrange(const Chosen& chosen);
     [[nodiscard]] Chosen chosen() const;
@@ -88,6 +93,7 @@ private:
     DocumentRows::Order m_order = DocumentRows::Order::descending;
     std::vector<std::uint32_t> m_places; ///< the rows shown
     QTimer m_rest;
+    BesideReader* m_reader;
     bool m_wasShown = false;
 };
 

@@ -280,17 +280,20 @@ void DocumentsSection::choose()
     }
 }
 
-/// After the rows were told anew: the same document stays chosen; if it is gone, the first takes its place.
+/// After the rows were told anew: the same document stays chosen; if it is gone, the first takes its place. While there
+/// are but the first rows nothing is known to be gone.
 void DocumentsSection::restore()
 {
-    m_list->setCurrentIndex(m_model->rows().size() == 0 ? 1 : m_model->rowCount() == 0 ? 2 : 0);
+    const bool isWhole = m_model->rows().isWhole();
+    m_list->setCurrentIndex(m_model->rows().size() == 0 ? 1 : m_model->rowCount() == 0 && isWhole ? 2 : 0);
     const std::optional<int> row = m_chosen != 0 ? m_model->rowOf(m_chosen) : std::nullopt;
     m_isRestoring = true;
     if (row && m_table->currentIndex().row() != *row) {
         m_table->setCurrentIndex(m_model->index(*row, 0));
     }
     m_isRestoring = false;
-    if (!row && m_model->rowCount() > 0 && !m_model->rows().place(m_chosen)) {
+    const bool isGone = m_chosen == 0 || (isWhole && !m_model->rows().place(m_chosen));
+    if (!row && isGone && m_model->rowCount() > 0) {
         m_table->setCurrentIndex(m_model->index(0, 0));
     }
     if (m_model->rows().size() == 0) {
@@ -335,6 +338,10 @@ void DocumentsSection::showSelection()
 
 void DocumentsSection::showFooter(const DocumentRows::Sum& sum, bool isOfSelection)
 {
+    if (!isOfSelection && !m_model->rows().isWhole()) {
+        m_footer->clear(); // a moment later the figures are those of all
+        return;
+    }
     QString footer = isOfSelection    ? tr("%1 selected").arg(sum.count)
                      : sum.count == 1 ? tr("1 document")
                                       : tr("%1 documents").arg(sum.count);
