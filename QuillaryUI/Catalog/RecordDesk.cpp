@@ -53,7 +53,8 @@ public:
         });
         std::vector<Row> list;
         for (const Record* record : records) {
-            list.push_back({record->ref.key(), {}, {}});
+            const QString identifier = record->uuid ? text(record->uuid->text()) : QString();
+            list.push_back({record->ref.key(), identifier, {}, {}});
             for (const RecordField<Record>& field : recordFields<Record>()) {
                 const std::string plain = field.text(m_library.environment(), *record);
                 list.back().texts.push_back(typed(*record, field.name, plain));

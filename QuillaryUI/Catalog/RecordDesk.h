@@ -26,8 +26,9 @@ public:
     struct Row
     {
         std::int64_t key;
-        QStringList texts; ///< by field, as they are typed; a flag is "yes" or empty
-        QStringList shown; ///< the same as a list shows them: amounts and rates as the desktop writes them
+        QString identifier; ///< the same for no other record, in whatever library
+        QStringList texts;  ///< by field, as they are typed; a flag is "yes" or empty
+        QStringList shown;  ///< the same as a list shows them: amounts and rates as the desktop writes them
     };
 
     RecordDesk() = default;

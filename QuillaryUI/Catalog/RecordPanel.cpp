@@ -48,6 +48,7 @@ RecordPanel::RecordPanel(LibraryAccess& library, std::unique_ptr<RecordDesk> des
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &RecordPanel::choose);
     connect(m_table, &QTableView::activated, this, [this] { m_form->focus(m_texts.fields.front().name); });
     connect(m_form, &FieldForm::saved, this, &RecordPanel::reload);
+    connect(m_form, &FieldForm::kept, this, &RecordPanel::failed);
     connect(m_remove, &QPushButton::clicked, this, &RecordPanel::remove);
     connect(&library, &LibraryAccess::opened, this, &RecordPanel::reload);
     connect(&library, &LibraryAccess::closing, this, &RecordPanel::flush);
@@ -149,12 +150,18 @@ void RecordPanel::choose()
 {
     const QModelIndex current = m_table->currentIndex();
     if (!m_isRestoring && current.isValid()) {
-        m_form->flush(); // of the one before
-        const std::int64_t key = m_model->row(m_table->currentIndex().row()).key;
-        m_form->begin();
-        m_chosen = key;
+        begin(m_model->row(current.row()).key);
         showRow();
     }
+}
+
+/// What was typed for the one before is saved, or kept for it.
+void RecordPanel::begin(std::int64_t key)
+{
+    m_form->flush();
+    const std::optional<int> row = m_model->rowOf(key);
+    m_chosen = key;
+    m_form->begin(row ? m_model->row(*row).identifier : QString());
 }
 
 /// The same record stays chosen; if it is gone, the first takes its place.
@@ -167,9 +174,7 @@ void RecordPanel::restore()
     }
     const std::int64_t key = row ? m_model->row(*row).key : 0;
     if (key != m_chosen) {
-        m_form->flush();
-        m_form->begin();
-        m_chosen = key;
+        begin(key);
     }
     m_isRestoring = true;
     m_table->setCurrentIndex(row ? m_model->index(*row, 0) : QModelIndex());
@@ -214,9 +219,9 @@ void RecordPanel::makeNew()
         return;
     }
     m_search->clear();
-    m_form->begin();
-    m_chosen = made;
     reload();
+    begin(made);
+    restore();
     m_form->focus(m_texts.fields.front().name);
 }
 

@@ -39,6 +39,7 @@ private:
     QWidget* buildForm();
     void reload();
     void choose();
+    void begin(std::int64_t key);
     void restore();
     void showRow();
     void remove();

@@ -99,6 +99,7 @@ ClientDetails::ClientDetails(LibraryAccess& library, QWidget* parent)
     build();
     connect(m_contacts, &ContactsPanel::failed, this, &ClientDetails::failed);
     connect(m_form, &FieldForm::saved, this, &ClientDetails::refresh);
+    connect(m_form, &FieldForm::kept, this, &ClientDetails::failed);
     connect(&library, &LibraryAccess::opened, this, &ClientDetails::refresh);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (!changes.of<Client>().isEmpty() || !changes.of<Business>().isEmpty()) {
@@ -230,7 +231,8 @@ void ClientDetails::setClient(std::int64_t key)
     if (key != m_client) {
         m_form->flush();
         m_client = key;
-        m_form->begin();
+        const Client* client = record();
+        m_form->begin(client != nullptr && client->uuid ? text(client->uuid->text()) : QString());
         m_documents->setClient(key);
         m_contacts->setClient(key);
         m_time->setClient(key);

@@ -207,28 +207,38 @@ void FieldForm::begin(const QString& subject)
         tell(entry, {});
         entry.put({});
     }
-    if (const auto kept = m_kept.find(subject); kept != m_kept.end()) {
-        for (const auto& [name, value] : kept->second) {
-            m_entries[name].put(value);
+    if (const auto found = m_kept.find(subject); found != m_kept.end()) {
+        for (const auto& [name, refused] : found->second) {
+            m_entries[name].put(refused.value);
             m_entries[name].isTyped = true;
         }
-        m_kept.erase(kept);
+        m_kept.erase(found);
         m_pause->start(); // it may be right by now; if not, its field says so
     }
 }
 
 void FieldForm::keepRefused()
 {
+    QString reason;
     for (const auto& [name, entry] : m_entries) {
         if (entry.isRefused && !m_subject.isEmpty()) {
-            m_kept[m_subject].insert_or_assign(name, entry.value());
+            reason = entry.error->text();
+            m_kept[m_subject].insert_or_assign(name, Kept{.value = entry.value(), .sentence = reason});
         }
+    }
+    if (!reason.isEmpty()) {
+        Q_EMIT kept(tr("Not saved: %1 What you typed is kept there for now.").arg(reason));
     }
 }
 
 QStringList FieldForm::refusals() const
 {
     QStringList sentences;
+    for (const auto& [subject, fields] : m_kept) {
+        for (const auto& [name, refused] : fields) {
+            sentences.push_back(refused.sentence);
+        }
+    }
     for (const auto& [name, entry] : m_entries) {
         if (entry.isRefused) {
             sentences.push_back(entry.error->text());

@@ -57,12 +57,12 @@ public:
     /// The same across the whole width.
     void addWhole(QWidget* widget);
 
-    /// Something else is shown from now on: nothing typed before counts any more. With a name for it, what was refused of
-    /// the one before is kept, and stands in its field again when that one is shown again; the same one once more drops
-    /// what was refused of it.
-    void begin(const QString& subject = {});
+    /// Something else is shown from now on. `subject` names it for as long as the program runs, in whatever library; empty:
+    /// there is nothing. What was refused of the one before is kept, and stands in its field again when that one is shown
+    /// again; the same one once more drops what was refused of it.
+    void begin(const QString& subject);
 
-    /// What was refused and stands in a field unsaved: the sentences, in the order of the fields' names.
+    /// What was refused and isn't saved, here or of another subject: the sentences.
     [[nodiscard]] QStringList refusals() const;
     /// Whether something else than what is shown has a refused value, which is kept for it.
     [[nodiscard]] bool keeps(const QString& subject) const { return m_kept.contains(subject); }
@@ -84,6 +84,8 @@ public:
 Q_SIGNALS:
     /// A value was saved; what is stored is to be shown now.
     void saved(const QString& name);
+    /// Something else is shown now, and what was refused of the one before is kept: a sentence.
+    void kept(const QString& sentence);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -121,7 +123,12 @@ private:
     QTimer* m_pause;
     std::map<QString, Entry> m_entries;
     QString m_subject;
-    std::map<QString, std::map<QString, QString>> m_kept; ///< what was refused: by subject, the values by field
+    struct Kept
+    {
+        QString value;
+        QString sentence; ///< why it was refused
+    };
+    std::map<QString, std::map<QString, Kept>> m_kept; ///< by subject and field
 };
 
 } // namespace Quillary

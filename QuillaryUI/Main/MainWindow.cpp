@@ -8,6 +8,7 @@
 #include "QuillaryUI/Documents/StatusText.h"
 #include "QuillaryUI/Lock/LockKeeper.h"
 #include "QuillaryUI/Lock/LockPage.h"
+#include "QuillaryUI/Look/FieldForm.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/QuietNotice.h"
@@ -391,20 +392,35 @@ void MainWindow::restoreLayout()
     restoreGeometry(QSettings().value(geometryKey).toByteArray());
 }
 
+/// What waits for the library, or was refused and is kept in its form. Empty: nothing.
+QString MainWindow::unsavedWork() const
+{
+    for (const DocumentsSection* section : findChildren<DocumentsSection*>()) {
+        if (QString waiting = section->unsavedWork(); !waiting.isEmpty()) {
+            return waiting;
+        }
+    }
+    for (const FieldForm* form : findChildren<FieldForm*>()) {
+        if (const QStringList refusals = form->refusals(); !refusals.isEmpty()) {
+            return tr("Something that you typed could not be saved: %1").arg(refusals.front());
+        }
+    }
+    return {};
+}
+
 /// Nothing else asks before the program ends: all else is saved as it is typed.
 bool MainWindow::mayLoseWork()
 {
-    for (const DocumentsSection* section : findChildren<DocumentsSection*>()) {
-        if (const QString unsaved = section->unsavedWork(); !unsaved.isEmpty()) {
-            QMessageBox question(QMessageBox::Warning, tr("Not Saved Yet"), unsaved, {}, this);
-            question.setObjectName(QStringLiteral("notSavedQuestion"));
-            const QPushButton* leave = question.addButton(tr("Close Without Saving"), QMessageBox::DestructiveRole);
-            question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-            question.exec();
-            return question.clickedButton() == leave;
-        }
+    const QString unsaved = unsavedWork();
+    if (unsaved.isEmpty()) {
+        return true;
     }
-    return true;
+    QMessageBox question(QMessageBox::Warning, tr("Not Saved Yet"), unsaved, {}, this);
+    question.setObjectName(QStringLiteral("notSavedQuestion"));
+    const QPushButton* leave = question.addButton(tr("Close Without Saving"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    question.exec();
+    return question.clickedButton() == leave;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -81,6 +81,7 @@ private:
     void buildWarning();
     void addSections(const ProgramPlaces& places);
     [[nodiscard]] Section* makeOverview(QWidget* parent);
+    [[nodiscard]] QString unsavedWork() const;
     [[nodiscard]] bool mayLoseWork();
     void addTimer();
     void listenTo(Section* section) const;

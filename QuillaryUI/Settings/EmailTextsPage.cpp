@@ -43,11 +43,6 @@ QString kindText(EmailKind kind)
 
 } // namespace
 
-QString EmailTextsPage::Shown::name() const
-{
-    return QStringLiteral("%1 %2").arg(int(kind)).arg(text(code(language)));
-}
-
 EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     : Section(parent)
     , m_library(library)
@@ -84,6 +79,7 @@ EmailTextsPage::EmailTextsPage(LibraryAccess& library, QWidget* parent)
     connect(m_subject, &QLineEdit::textChanged, this, &EmailTextsPage::preview);
     connect(m_body, &QPlainTextEdit::textChanged, this, &EmailTextsPage::preview);
     connect(m_form, &FieldForm::saved, this, &EmailTextsPage::refresh);
+    connect(m_form, &FieldForm::kept, this, &EmailTextsPage::failed);
     connect(m_preview, &EmailPreview::changed, this, &EmailTextsPage::preview);
     connect(&library, &LibraryAccess::changed, this, [this](const ChangeSet& changes) {
         if (isVisible() && (!changes.of<EmailTemplate>().isEmpty() || !changes.of<Business>().isEmpty())) {
@@ -202,13 +198,18 @@ void EmailTextsPage::choose()
 /// What could not be saved of the text before isn't lost with it: it stands there again when it is chosen again.
 void EmailTextsPage::exchange(const Shown& chosen)
 {
-    if (const QStringList refusals = m_form->refusals(); m_hasChosen && !refusals.isEmpty()) {
-        Q_EMIT failed(tr("The text for “%1” is not saved. %2 What you typed is kept there for now.")
-                          .arg(kindText(m_chosen.kind), refusals.front()));
-    }
     m_hasChosen = true;
     m_chosen = chosen;
-    m_form->begin(chosen.name());
+    m_form->begin(subject(chosen));
+}
+
+/// Of this business: another library may be opened.
+QString EmailTextsPage::subject(const Shown& shown) const
+{
+    const std::optional<UUID>& business = m_library.business().uuid;
+    return QStringLiteral("%1 %2 %3")
+        .arg(int(shown.kind))
+        .arg(text(code(shown.language)), text(business ? business->text() : std::string()));
 }
 
 void EmailTextsPage::refresh()
@@ -233,7 +234,7 @@ void EmailTextsPage::markOwn()
     for (int place = 0; place < m_kind->count(); ++place) {
         const auto each = EmailKind(m_kind->itemData(place).toInt());
         const bool isOwn = EmailTemplates::isCustomized(m_library.context(), each, m_chosen.language);
-        const bool isUnsaved = m_form->keeps(Shown{.kind = each, .language = m_chosen.language}.name());
+        const bool isUnsaved = m_form->keeps(subject({.kind = each, .language = m_chosen.language}));
         m_kind->setItemText(place,
                             isUnsaved ? tr("%1 (not saved)").arg(kindText(each))
                             : isOwn   ? tr("%1 (your own)").arg(kindText(each))
@@ -296,7 +297,7 @@ void EmailTextsPage::restore()
         Q_EMIT failed(*refusal);
         return;
     }
-    m_form->begin(m_chosen.name()); // also what could not be saved
+    m_form->begin(subject(m_chosen)); // also what could not be saved
     refresh();
 }
 

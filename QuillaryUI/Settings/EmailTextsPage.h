@@ -54,11 +54,10 @@ private:
         EmailKind kind = EmailKind::invoice;
         DocumentLanguage language = DocumentLanguage::english;
         friend bool operator==(const Shown&, const Shown&) = default;
-
-        [[nodiscard]] QString name() const; ///< one of its own for each
     };
 
     void exchange(const Shown& chosen);
+    [[nodiscard]] QString subject(const Shown& shown) const;
 
     LibraryAccess& m_library;
     Shown m_chosen;

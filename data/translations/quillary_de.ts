@@ -3530,10 +3530,6 @@
         <translation>E-Mail-Text ändern</translation>
     </message>
     <message>
-        <source>The text for “%1” is not saved. %2 What you typed is kept there for now.</source>
-        <translation>Der Text für „%1“ ist nicht gespeichert. %2 Was Sie geschrieben haben, bleibt dort vorerst stehen.</translation>
-    </message>
-    <message>
         <source>%1 (not saved)</source>
         <translation>%1 (nicht gespeichert)</translation>
     </message>
@@ -3559,6 +3555,13 @@
     <message>
         <source>Remove Fee</source>
         <translation>Gebühr entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::FieldForm</name>
+    <message>
+        <source>Not saved: %1 What you typed is kept there for now.</source>
+        <translation>Nicht gespeichert: %1 Das Getippte bleibt dort vorerst stehen.</translation>
     </message>
 </context>
 <context>
@@ -4159,6 +4162,10 @@
     <message>
         <source>Show</source>
         <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Something that you typed could not be saved: %1</source>
+        <translation>Etwas Getipptes konnte nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>

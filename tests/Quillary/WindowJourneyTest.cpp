@@ -524,6 +524,15 @@ TEST_F(WindowJourneyTest, keepsWhatTheDiskHasNoRoomForUntilThereIsSome)
     const Ref<Document> draft(section.pane().document());
     auto& title = find<QLineEdit>("title", invoices());
     auto& waiting = find<QLabel>("notSavedYet", invoices());
+    const auto asksBeforeItCloses = [this] {
+        bool isAsked = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto* question = desktop->window().findChild<QMessageBox*>(QStringLiteral("notSavedQuestion"));
+            isAsked = question != nullptr;
+            question->button(QMessageBox::Cancel)->click();
+        });
+        return !desktop->window().close() && isAsked;
+    };
     {
         const FullDisk disk(0);
         QTest::keyClicks(&title, QStringLiteral("Relaunch"));
@@ -542,20 +551,18 @@ TEST_F(WindowJourneyTest, keepsWhatTheDiskHasNoRoomForUntilThereIsSome)
         EXPECT_EQ(title.text(), QStringLiteral("Relaunch"));
         section.showDocument(other.key());
 
-        bool wasAsked = false;
-        QTimer::singleShot(0, qApp, [&] {
-            auto* question = desktop->window().findChild<QMessageBox*>(QStringLiteral("notSavedQuestion"));
-            wasAsked = question != nullptr;
-            question->button(QMessageBox::Cancel)->click();
-        });
-        EXPECT_FALSE(desktop->window().close());
-        EXPECT_TRUE(wasAsked);
+        EXPECT_TRUE(asksBeforeItCloses());
         EXPECT_EQ(context().find(draft)->title, "");
     }
     EXPECT_TRUE(comesTrue([&] { return context().find(draft)->title == "Relaunch"; })); // by itself
     EXPECT_EQ(context().find(draft)->cachedNetMinorUnits, 25'000);
     EXPECT_EQ(context().find(other)->title, "");
     EXPECT_TRUE(section.unsavedWork().isEmpty());
+
+    auto* catalog = desktop->window().section(QStringLiteral("catalog"));
+    catalog->makeNew();
+    find<QLineEdit>("field_name", catalog).clear(); // which is refused
+    EXPECT_TRUE(asksBeforeItCloses());
 }
 
 TEST_F(WindowJourneyTest, asksAboutANewAssistantAndTakesTheQuestionBack)
