@@ -14,6 +14,7 @@
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Main/QuickOpen.h"
+#include "QuillaryUI/Paper/DesignPicker.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
 #include <QAbstractButton>
@@ -49,12 +50,31 @@ void wait(const QWidget& window)
                 return false;
             }
         }
-        return true;
+        const auto* designs = window.findChild<DesignPicker*>();
+        return designs == nullptr || designs->isReady();
     };
     while (time.elapsed() < settling || (!isReady() && time.elapsed() < patience)) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+}
+
+/// Does what a button or an action of this name does that is in sight. Throws: `UserError`.
+void run(const QString& command, const MainWindow& window)
+{
+    for (auto* button : window.findChildren<QAbstractButton*>(command)) {
+        if (button->isVisible()) {
+            button->click();
+            return;
+        }
+    }
+    for (auto* action : window.findChildren<QAction*>(command)) {
+        if (action->isVisible() && qobject_cast<QWidget*>(action->parent())->isVisible()) {
+            action->trigger();
+            return;
+        }
+    }
+    throw UserError(fmt::format("The window has no \"{}\" to draw.", utf8(command)));
 }
 
 template <class Record>
@@ -91,21 +111,7 @@ void ScreenshotScenes::draw(const std::string& name, MainWindow& window)
 
 void ScreenshotScenes::drawSheet(const std::string& name, const char* command, MainWindow& window)
 {
-    const QString object = QString::fromLatin1(command);
-    QAbstractButton* button = nullptr;
-    for (auto* found : window.findChildren<QAbstractButton*>(object)) {
-        button = found->isVisible() ? found : button;
-    }
-    if (button != nullptr) {
-        button->click();
-    } else {
-        for (auto* action : window.findChildren<QAction*>(object)) {
-            if (action->isVisible() && qobject_cast<QWidget*>(action->parent())->isVisible()) {
-                action->trigger();
-                break;
-            }
-        }
-    }
+    run(QString::fromLatin1(command), window);
     draw(name, window);
     for (Sheet* sheet : window.findChildren<Sheet*>()) {
         sheet->close();

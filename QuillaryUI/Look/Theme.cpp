@@ -198,6 +198,10 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent, const
         "QPushButton::menu-indicator { subcontrol-origin: padding; subcontrol-position: center right; right: 6px; }"
         "QPushButton:disabled, QPushButton:default:disabled { background: palette(base); color: "
         "palette(placeholder-text); }"
+        "#designPicker QToolButton { border: 1px solid transparent; border-radius: 6px; padding: 4px 0; }"
+        "#designPicker QToolButton:hover { background: palette(midlight); }"
+        "#designPicker QToolButton:checked { background: palette(midlight); border-color: palette(highlight); }"
+        "#designPicker QToolButton:focus { border: 2px solid palette(highlight); padding: 3px 0; }"
         "QToolButton#moreActions::menu-indicator { image: none; }" // its three dots say as much
         "QSplitter::handle { background: palette(midlight); }"));
     for (QWidget* widget : QApplication::allWidgets()) {

@@ -13,6 +13,7 @@
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
+#include "QuillaryUI/Paper/DesignPicker.h"
 #include "QuillaryUI/Paper/LivePage.h"
 #include "QuillaryUI/Paper/PaperView.h"
 
@@ -60,7 +61,8 @@ FirstStart::FirstStart(LibraryAccess& library, QWidget* parent)
     , m_library(library)
     , m_samples(std::make_unique<SampleLibrary>(documentLanguage(library.formats().locale().languageCode())))
     , m_country(new QComboBox(this))
-    , m_design(new QComboBox(this))
+    , m_designs(new DesignPicker(
+          library.press(), [this](TemplateDesign design) { return page(design); }, this))
     , m_error(new QLabel(this))
     , m_paper(new PaperView(library.press(), this))
     , m_page(new LivePage(library.press(), *m_paper))
@@ -69,8 +71,8 @@ FirstStart::FirstStart(LibraryAccess& library, QWidget* parent)
     build();
     m_pause.setSingleShot(true);
     m_pause.setInterval(pause);
-    connect(&m_pause, &QTimer::timeout, m_page, &LivePage::refresh);
-    m_page->show([this] { return page(); });
+    connect(&m_pause, &QTimer::timeout, this, &FirstStart::refresh);
+    m_page->show([this] { return page(m_designs->design()); });
 }
 
 FirstStart::~FirstStart() = default;
@@ -104,17 +106,10 @@ void FirstStart::build()
     addField(*form, tr("Email"), "email");
     addField(*form, tr("VAT ID"), "vat_id");
     addField(*form, tr("IBAN"), "iban");
-    for (const auto& [design, name] : {std::pair(TemplateDesign::classic, tr("Classic")),
-                                       std::pair(TemplateDesign::modern, tr("Modern")),
-                                       std::pair(TemplateDesign::minimal, tr("Minimal")),
-                                       std::pair(TemplateDesign::bold, tr("Bold")),
-                                       std::pair(TemplateDesign::compact, tr("Compact"))}) {
-        m_design->addItem(name, int(design));
-    }
-    m_design->setAccessibleName(tr("Look"));
-    connect(m_design, &QComboBox::activated, this, [this] { m_page->refresh(); });
-    form->addRow(tr("Look"), m_design);
+    m_designs->setAccessibleName(tr("Look"));
+    connect(m_designs, &DesignPicker::chosen, m_page, &LivePage::refresh);
     column->addLayout(form);
+    column->addWidget(m_designs);
 
     m_error->setObjectName(QStringLiteral("firstStartError"));
     m_error->setWordWrap(true);
@@ -171,11 +166,17 @@ void FirstStart::fillCountries()
         m_country->addItem(name, countryCode);
     }
     m_country->setCurrentIndex(m_country->findData(text(m_library.business().countryCode)));
-    connect(m_country, &QComboBox::activated, this, [this] { m_page->refresh(); });
+    connect(m_country, &QComboBox::activated, this, &FirstStart::refresh);
+}
+
+void FirstStart::refresh()
+{
+    m_page->refresh();
+    m_designs->refresh();
 }
 
 /// The sample invoice as the user's own.
-std::optional<PageJob> FirstStart::page()
+std::optional<PageJob> FirstStart::page(TemplateDesign design)
 {
     Business business = m_samples->business();
     for (const auto& [argument, member] : shownFields) {
@@ -188,7 +189,7 @@ std::optional<PageJob> FirstStart::page()
         business.logoData.clear();
     }
     business.countryCode = utf8(m_country->currentData().toString());
-    business.templateID = storedText(TemplateDesign(m_design->currentData().toInt()));
+    business.templateID = storedText(design);
     return pageJob(m_samples->context(), *m_samples->samples().front().document, business, m_samples->calendar());
 }
 
@@ -228,8 +229,7 @@ std::optional<QString> FirstStart::refusal()
         return sentence;
     }
     return m_library.perform(tr("Choose Look"), [this] {
-        BusinessSettings::set(
-            m_library.environment(), "template", storedText(TemplateDesign(m_design->currentData().toInt())));
+        BusinessSettings::set(m_library.environment(), "template", storedText(m_designs->design()));
     });
 }
 

@@ -17,6 +17,7 @@ class QLineEdit;
 namespace Quillary {
 
 class LivePage;
+class DesignPicker;
 class PaperView;
 class SampleLibrary;
 
@@ -43,13 +44,14 @@ private:
     void fillCountries();
     void save();
     [[nodiscard]] std::optional<QString> refusal();
-    [[nodiscard]] std::optional<PageJob> page();
+    [[nodiscard]] std::optional<PageJob> page(TemplateDesign design);
+    void refresh();
 
     LibraryAccess& m_library;
     std::unique_ptr<SampleLibrary> m_samples; ///< whose invoice is shown
     std::map<std::string, QLineEdit*> m_fields;
     QComboBox* m_country;
-    QComboBox* m_design;
+    DesignPicker* m_designs;
     QLabel* m_error;
     PaperView* m_paper;
     LivePage* m_page;

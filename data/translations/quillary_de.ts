@@ -3607,26 +3607,6 @@
         <translation>IBAN</translation>
     </message>
     <message>
-        <source>Classic</source>
-        <translation>Klassisch</translation>
-    </message>
-    <message>
-        <source>Modern</source>
-        <translation>Modern</translation>
-    </message>
-    <message>
-        <source>Minimal</source>
-        <translation>Schlicht</translation>
-    </message>
-    <message>
-        <source>Bold</source>
-        <translation>Kräftig</translation>
-    </message>
-    <message>
-        <source>Compact</source>
-        <translation>Kompakt</translation>
-    </message>
-    <message>
         <source>Look</source>
         <translation>Gestaltung</translation>
     </message>
