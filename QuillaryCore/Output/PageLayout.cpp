@@ -12,7 +12,6 @@ namespace Quillary {
 
 namespace {
 
-constexpr std::string_view figureBegin = "<td class=\"num\">";
 constexpr std::string_view bodyEnd = "</body>";
 
 /// Rows beyond the last one that the page had: it may have become shorter.
@@ -63,8 +62,9 @@ private:
     void figures(std::string_view row)
     {
         std::size_t column = 0;
-        for (std::size_t at = row.find(figureBegin); at != std::string_view::npos; at = row.find(figureBegin)) {
-            const std::size_t insideTag = at + figureBegin.size() - 1;
+        for (std::size_t at = row.find(PageRows::figureBegin); at != std::string_view::npos;
+             at = row.find(PageRows::figureBegin)) {
+            const std::size_t insideTag = at + PageRows::figureBegin.size() - 1;
             m_html += row.substr(0, insideTag);
             m_html += mark(PageLayout::figureName(column++));
             row.remove_prefix(insideTag);
@@ -108,11 +108,11 @@ std::string ruled(std::string_view row, const std::vector<std::string>& rulers)
 {
     std::string all;
     for (const std::string& ruler : rulers) {
-        const std::size_t begin = row.find(figureBegin);
+        const std::size_t begin = row.find(PageRows::figureBegin);
         if (begin == std::string_view::npos) {
             break;
         }
-        const std::size_t end = row.find("</td>", begin);
+        const std::size_t end = row.find(PageRows::cellEnd, begin);
         all += row.substr(0, end);
         all += ruler;
         row.remove_prefix(end);
@@ -124,7 +124,7 @@ std::string filler(double height, std::size_t columns)
 {
     std::string row = fmt::format("<tr><td class=\"desc\" style=\"height:{:.2f}pt\"></td>", height);
     for (std::size_t column = 0; column < columns; ++column) {
-        row.append(figureBegin).append("</td>");
+        row.append(PageRows::figureBegin).append(PageRows::cellEnd);
     }
     return row + "</tr>\n";
 }

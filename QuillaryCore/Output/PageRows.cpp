@@ -11,8 +11,6 @@ constexpr std::string_view bodyBegin = "<body class=\"design-";
 constexpr std::string_view rowsBegin = "<tbody>\n";
 constexpr std::string_view rowsEnd = "</tbody>";
 constexpr std::string_view rowEnd = "</td></tr>\n";
-constexpr std::string_view figureBegin = "<td class=\"num\">";
-constexpr std::string_view cellEnd = "</td>";
 
 } // namespace
 

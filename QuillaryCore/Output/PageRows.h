@@ -19,6 +19,9 @@ struct PageRows
     /// No value: the text is no document's page of `DocumentHTML`, or has no lines.
     [[nodiscard]] static std::optional<PageRows> of(std::string_view html);
 
+    static constexpr std::string_view figureBegin = "<td class=\"num\">";
+    static constexpr std::string_view cellEnd = "</td>";
+
     /// The figures of a row, as they are marked up.
     [[nodiscard]] static std::vector<std::string_view> figures(std::string_view row);
 };
