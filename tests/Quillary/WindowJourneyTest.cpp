@@ -126,6 +126,39 @@ TEST_F(WindowJourneyTest, readsTheFiguresBesideTheWindowAndFollowsTheLibrary)
     desktop->library().close(); // a reading that goes on is waited for
 }
 
+TEST_F(WindowJourneyTest, staysWithAnOldDraftWhileTheListIsReadAnew)
+{
+    constexpr int documents = 300; // more than are read at once
+    putOffFirstStart();
+    auto& section = dynamic_cast<DocumentsSection&>(*invoices());
+    desktop->window().showSection("invoices");
+    const auto listed = [&section] {
+        return section.findChild<DocumentListModel*>()->rowCount();
+    };
+    const auto add = [this](int count) {
+        static_cast<void>(desktop->library().perform("Many", [&] {
+            for (int number = 0; number < count; ++number) {
+                context().insert<Document>().issueDate = desktop->library().now() - std::chrono::days(number);
+            }
+        }));
+    };
+    add(documents);
+    ASSERT_TRUE(comesTrue([&] { return listed() == documents; }));
+    const std::int64_t oldest = section.findChild<DocumentListModel*>()->key(documents - 1);
+    section.showDocument(oldest);
+    section.pane().beginEditing();
+    const AssistantEnvironment given = desktop->library().environment();
+    desktop->library().close(); // a command borrows it
+    desktop->library().open(given);
+    EXPECT_LT(listed(), documents);
+    EXPECT_EQ(find<QLabel>("listFooter", &section).text(), QString()); // no sum of a part
+    add(1);                                                            // while the rest is being read
+    EXPECT_TRUE(comesTrue([&] { return listed() == documents + 1; }));
+    EXPECT_TRUE(find<QLabel>("listFooter", &section).text().startsWith("301 documents"));
+    EXPECT_EQ(section.pane().document(), oldest);
+    EXPECT_TRUE(find<DraftEditor>("draftEditor", &section).isVisible());
+}
+
 TEST_F(WindowJourneyTest, losesNothingToACrash)
 {
     const QString typed = QStringLiteral("Typed a moment before");
