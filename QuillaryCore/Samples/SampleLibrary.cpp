@@ -120,6 +120,7 @@ const Business& Builder::addBusiness(std::string_view currencyCode)
     business.currencyCode = currencyCode.empty() ? m_texts.currencyCode : currencyCode;
     business.languageCode = code(m_language);
     business.paymentTermsDays = 14;
+    business.reminderPaymentDays = 7;
     business.showClientNumber = true;
     business.showSellerContact = true;
     business.showPaymentQRCode = true;
