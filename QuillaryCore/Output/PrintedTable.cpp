@@ -7,7 +7,11 @@
 #include "QuillaryCore/Output/PrintedParties.h"
 #include "QuillaryCore/Output/StyleSheet.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -15,7 +19,13 @@ namespace Quillary {
 
 namespace {
 
-constexpr std::size_t mostUpright = 7; ///< columns
+constexpr std::size_t mostUpright = 7;   ///< columns
+constexpr std::size_t longestWhole = 20; ///< characters of a text that stays on one line: a date, a number, a status
+
+std::size_t characters(std::string_view text)
+{
+    return std::size_t(std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
 
 /// Writes one table from top to bottom.
 class TableWriter
@@ -56,7 +66,12 @@ private:
         m_html += "</title>\n<style>\n";
         StyleSheet::append(m_html, m_table.settings);
         StyleSheet::appendTable(m_html);
-        m_html += "</style>\n</head>\n<body class=\"table design-";
+        for (std::size_t column = 0; column < m_table.columns.size(); ++column) {
+            writeBreaking(column);
+        }
+        m_html += "</style>\n</head>\n<body class=\"table ";
+        m_html += m_table.isWide() ? "wide " : "";
+        m_html += "design-";
         m_html += storedText(m_table.settings.design);
         switch (m_table.settings.logoPosition) {
         case LogoPosition::left:
@@ -69,6 +84,18 @@ private:
             break;
         }
         m_html += "\">\n";
+    }
+
+    /// A long text may break anywhere, or it would widen the page. That must not leave a short one in the same row a
+    /// letter wide: a column of short texts keeps them whole, one of longer ones some room.
+    void writeBreaking(std::size_t column)
+    {
+        const bool isShort = std::ranges::all_of(
+            m_table.rows, [column](const auto& row) { return characters(row.at(column)) <= longestWhole; });
+        fmt::format_to(std::back_inserter(m_html),
+                       ".table table.lines td:nth-child({}) {{ {}; }}\n",
+                       column + 1,
+                       isShort ? "white-space: nowrap" : "min-width: 70pt");
     }
 
     void writeHead()
@@ -153,10 +180,15 @@ PrintedTable PrintedTable::of(const Business& business)
     return table;
 }
 
+bool PrintedTable::isWide() const
+{
+    return columns.size() > mostUpright;
+}
+
 PageGeometry PrintedTable::geometry() const
 {
     PageGeometry geometry = pageGeometry(settings.paperSize);
-    if (columns.size() > mostUpright) {
+    if (isWide()) {
         std::swap(geometry.width, geometry.height);
     }
     return geometry;

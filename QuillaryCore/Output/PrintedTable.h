@@ -29,7 +29,8 @@ struct PrintedTable
     /// With its design, logo and name.
     [[nodiscard]] static PrintedTable of(const Business& business);
 
-    /// A table of many columns lies across the sheet.
+    /// A table of many columns lies across the sheet, in smaller letters.
+    [[nodiscard]] bool isWide() const;
     [[nodiscard]] PageGeometry geometry() const;
 
     TemplateSettings settings;

@@ -173,6 +173,8 @@ table.facts { border-collapse: collapse; font-size: 8.5pt; }
 table.facts td { padding: 1pt 14pt 1pt 0; vertical-align: top; }
 table.facts td.label { color: #777; white-space: nowrap; }
 .table table.lines { font-size: 8.5pt; margin-top: 12pt; }
+.table.wide table.lines { font-size: 7.5pt; }
+.table.wide table.lines th { font-size: 6.5pt; }
 .table table.lines th, .table table.lines td { padding: 4pt 0 4pt 10pt; }
 .table table.lines th:first-child, .table table.lines td:first-child { padding-left: 4pt; }
 .table table.lines th:last-child, .table table.lines td:last-child { padding-right: 4pt; }

@@ -53,5 +53,15 @@ TEST(PrintedTableTest, liesAcrossTheSheetWhereTheColumnsNeedIt)
     EXPECT_GT(table.geometry().width, table.geometry().height);
 }
 
+TEST(PrintedTableTest, breaksOnlyLongTexts)
+{
+    PrintedTable table;
+    table.columns.resize(2);
+    table.rows = {{"Überfällig, zu spät!", "20"}, {"7 Oct 2026", std::string(21, 'm')}}; // 20 characters, 21
+    const std::string html = TableHTML::render(table);
+    EXPECT_NE(html.find("td:nth-child(1) { white-space: nowrap; }"), std::string::npos);
+    EXPECT_NE(html.find("td:nth-child(2) { min-width: 70pt; }"), std::string::npos);
+}
+
 } // namespace
 } // namespace Quillary
