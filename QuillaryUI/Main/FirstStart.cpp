@@ -23,8 +23,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include <memory>
 #include <utility>
 
 namespace Quillary {
@@ -96,26 +98,26 @@ void FirstStart::build()
     sentence->setWordWrap(true);
     column->addWidget(sentence);
 
-    auto* form = new QFormLayout;
-    addField(*form, tr("Name"), "name");
-    addField(*form, tr("Street"), "address_line");
-    addField(*form, tr("Postal code"), "postal_code");
-    addField(*form, tr("City"), "city");
+    m_form = new QFormLayout;
+    addField(tr("Name"), "name");
+    addField(tr("Street"), "address_line");
+    addField(tr("Postal code"), "postal_code");
+    addField(tr("City"), "city");
     fillCountries();
-    form->addRow(tr("Country"), m_country);
-    addField(*form, tr("Email"), "email");
-    addField(*form, tr("VAT ID"), "vat_id");
-    addField(*form, tr("IBAN"), "iban");
+    m_form->addRow(tr("Country"), m_country);
+    addField(tr("Email"), "email");
+    addField(tr("VAT ID"), "vat_id");
+    addField(tr("IBAN"), "iban");
     m_designs->setAccessibleName(tr("Look"));
     connect(m_designs, &DesignPicker::chosen, m_page, &LivePage::refresh);
-    column->addLayout(form);
+    column->addLayout(m_form);
     column->addWidget(m_designs);
 
     m_error->setObjectName(QStringLiteral("firstStartError"));
     m_error->setWordWrap(true);
+    m_error->setTextFormat(Qt::PlainText);
     m_error->hide();
     Theme::tint(*m_error, Theme::errorColor());
-    column->addWidget(m_error);
     auto* start = new QPushButton(tr("Start"), left);
     start->setObjectName(QStringLiteral("firstStartDone"));
     start->setDefault(true);
@@ -129,6 +131,8 @@ void FirstStart::build()
     buttons->addWidget(start);
     column->addLayout(buttons);
     column->addStretch();
+    orderFocus(*later, *start);
+    m_form->addRow(QString(), m_error);
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -137,7 +141,28 @@ void FirstStart::build()
     row->addWidget(m_paper, 1);
 }
 
-void FirstStart::addField(QFormLayout& form, const QString& label, const std::string& argument)
+/// From the top to the bottom: the countries and the designs are made before the fields.
+void FirstStart::orderFocus(QWidget& later, QWidget& start)
+{
+    QWidget* before = nullptr;
+    const auto follow = [&before](QWidget* next) {
+        if (before != nullptr) {
+            setTabOrder(before, next);
+        }
+        before = next;
+    };
+    for (int row = 0; row < m_form->rowCount(); ++row) {
+        follow(m_form->itemAt(row, QFormLayout::FieldRole)->widget());
+    }
+    for (QToolButton* design : m_designs->findChildren<QToolButton*>()) {
+        follow(design);
+    }
+    follow(&later);
+    follow(&start);
+    setFocusProxy(m_fields.at("name"));
+}
+
+void FirstStart::addField(const QString& label, const std::string& argument)
 {
     auto* field = new QLineEdit(this);
     field->setObjectName(text("first_" + argument));
@@ -145,7 +170,7 @@ void FirstStart::addField(QFormLayout& form, const QString& label, const std::st
     connect(field, &QLineEdit::textEdited, &m_pause, qOverload<>(&QTimer::start));
     connect(field, &QLineEdit::returnPressed, this, &FirstStart::save);
     m_fields[argument] = field;
-    form.addRow(label, field);
+    m_form->addRow(label, field);
 }
 
 /// All that have a code, by their names.
@@ -195,12 +220,28 @@ std::optional<PageJob> FirstStart::page(TemplateDesign design)
 
 void FirstStart::save()
 {
+    m_wrong = nullptr;
     const std::optional<QString> no = refusal();
-    m_error->setText(no.value_or(QString()));
-    m_error->setVisible(no.has_value());
+    showRefusal(no.value_or(QString()));
     if (!no) {
         Q_EMIT finished();
     }
+}
+
+/// Below the field that is wrong, or below all of them.
+void FirstStart::showRefusal(const QString& sentence)
+{
+    const std::unique_ptr<QLayoutItem> former(m_form->takeRow(m_error).fieldItem);
+    int row = m_form->rowCount();
+    if (m_wrong != nullptr) {
+        QFormLayout::ItemRole role = QFormLayout::FieldRole;
+        m_form->getWidgetPosition(m_wrong, &row, &role);
+        ++row;
+        m_wrong->setFocus();
+    }
+    m_form->insertRow(row, QString(), m_error);
+    m_error->setText(sentence);
+    m_error->setVisible(!sentence.isEmpty());
 }
 
 std::optional<QString> FirstStart::refusal()
@@ -224,7 +265,11 @@ std::optional<QString> FirstStart::refusal()
     if (result.isError) {
         QString sentence = CoreText::sentence(result.text);
         for (const auto& [argument, field] : m_fields) {
+            const QString known = sentence;
             CoreText::nameField(sentence, text(argument), field->accessibleName());
+            if (sentence != known) {
+                m_wrong = field;
+            }
         }
         return sentence;
     }

@@ -40,9 +40,11 @@ Q_SIGNALS:
 
 private:
     void build();
-    void addField(QFormLayout& form, const QString& label, const std::string& argument);
+    void addField(const QString& label, const std::string& argument);
+    void orderFocus(QWidget& later, QWidget& start);
     void fillCountries();
     void save();
+    void showRefusal(const QString& sentence);
     [[nodiscard]] std::optional<QString> refusal();
     [[nodiscard]] std::optional<PageJob> page(TemplateDesign design);
     void refresh();
@@ -50,6 +52,8 @@ private:
     LibraryAccess& m_library;
     std::unique_ptr<SampleLibrary> m_samples; ///< whose invoice is shown
     std::map<std::string, QLineEdit*> m_fields;
+    QLineEdit* m_wrong = nullptr; ///< what the last refusal was about
+    QFormLayout* m_form = nullptr;
     QComboBox* m_country;
     DesignPicker* m_designs;
     QLabel* m_error;

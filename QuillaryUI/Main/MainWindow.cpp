@@ -29,6 +29,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -290,6 +291,7 @@ void MainWindow::showFirstStart()
     auto* first = new FirstStart(m_library, this);
     m_whole->addWidget(first);
     m_whole->setCurrentWidget(first);
+    first->setFocus();
     menuBar()->setEnabled(false);
     connect(first, &FirstStart::finished, this, [this, first] {
         menuBar()->setEnabled(true);
@@ -388,7 +390,7 @@ void MainWindow::warnOfRecurring(const QString& sentence, std::int64_t key)
 
 void MainWindow::restoreLayout()
 {
-    resize(usualWidth, usualHeight);
+    resize(QSize(usualWidth, usualHeight).boundedTo(screen()->availableSize()));
     restoreGeometry(QSettings().value(geometryKey).toByteArray());
 }
 
