@@ -7,6 +7,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QStandardItemModel>
 
 namespace Quillary {
@@ -39,15 +40,36 @@ ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent, Offers offer
     connect(this, &QLineEdit::editingFinished, this, &ClientPicker::finish);
 }
 
+/// Tab takes the best, as Enter does, and goes on from there.
+bool ClientPicker::event(QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab &&
+        m_completer->popup()->isVisible()) {
+        const QModelIndex best = m_completer->popup()->currentIndex();
+        m_completer->popup()->hide();
+        if (best.isValid()) {
+            const bool isNew = best.data(keyRole).toLongLong() == 0;
+            take(best);
+            if (isNew) {
+                return true; // who is asked about first
+            }
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void ClientPicker::finish()
 {
     if (m_completer->popup()->isVisible()) {
         return;
     }
-    const bool isEmptied = m_offers == Offers::existing && text().trimmed().isEmpty() && m_client != 0;
+    const QString typed = text().trimmed();
+    const bool isEmptied = m_offers == Offers::existing && typed.isEmpty() && m_client != 0;
     setClient(isEmptied ? 0 : m_client); // what was typed and not chosen is nobody
     if (isEmptied) {
         Q_EMIT picked(0);
+    } else if (m_offers == Offers::newToo && hasFocus() && !typed.isEmpty() && typed != text()) {
+        Q_EMIT wantedNew(typed); // Enter, after the suggestions were sent away
     }
 }
 

@@ -30,6 +30,9 @@ Q_SIGNALS:
     void picked(std::int64_t key);
     void wantedNew(const QString& name);
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     void suggest(const QString& typed);
     void take(const QModelIndex& index);
