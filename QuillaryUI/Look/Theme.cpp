@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QVariant>
 #include <QWidget>
 
@@ -36,6 +37,10 @@ struct Colors
 
 constexpr Colors lightColors{0xfff6f6f5, 0xffffffff, 0xfffafaf9, 0xffe3e3e0, 0xffd5d5d2, 0xff1d1d1f, 0xff66666a};
 constexpr Colors darkColors{0xff1f2022, 0xff27282b, 0xff2b2c2f, 0xff151617, 0xff3b3c40, 0xffededed, 0xffa8a9ad};
+
+/// Fusion draws the edges of fields and boxes in the window's colour, a good deal darker: on dark ground nobody sees them.
+/// What they are drawn from there instead leaves them a contrast of 3:1.
+constexpr QRgb darkEdge = 0xffa7a8ae;
 
 constexpr double leastContrast = 4.5;
 
@@ -115,6 +120,16 @@ QColor counterpart(const QColor& color, Scheme scheme)
 
 constexpr const char* tintProperty = "quillaryTint";
 
+template <class Option>
+Option withEdge(const Option& option)
+{
+    Option edged = option;
+    if (scheme() == Scheme::dark) {
+        edged.palette.setColor(QPalette::Window, darkEdge);
+    }
+    return edged;
+}
+
 /// Fusion, without its small movements where they are not wanted, and with our icons where every window has some: the
 /// desktop's would be looked for in its themes, which takes longer than the window.
 class Style final : public QProxyStyle
@@ -133,6 +148,37 @@ public:
     {
         return m_isStill && hint == SH_Widget_Animation_Duration ? 0
                                                                  : QProxyStyle::styleHint(hint, option, widget, answer);
+    }
+
+    void drawPrimitive(PrimitiveElement element,
+                       const QStyleOption* option,
+                       QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        if (frame != nullptr && (element == PE_FrameLineEdit || element == PE_Frame)) {
+            const auto edged = withEdge(*frame);
+            QProxyStyle::drawPrimitive(element, &edged, painter, widget);
+        } else if (button != nullptr && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)) {
+            const auto edged = withEdge(*button);
+            QProxyStyle::drawPrimitive(element, &edged, painter, widget);
+        } else {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+    void drawComplexControl(ComplexControl control,
+                            const QStyleOptionComplex* option,
+                            QPainter* painter,
+                            const QWidget* widget) const override
+    {
+        if (const auto* numbers = qstyleoption_cast<const QStyleOptionSpinBox*>(option)) {
+            const auto edged = withEdge(*numbers);
+            QProxyStyle::drawComplexControl(control, &edged, painter, widget);
+        } else {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+        }
     }
 
     [[nodiscard]] QIcon
@@ -182,6 +228,8 @@ void apply(QApplication& application, Scheme scheme, const QColor& accent, const
         "QToolTip { border: 1px solid palette(midlight); padding: 4px; }"
         "QHeaderView::section { background: palette(window); color: palette(placeholder-text); border: none;"
         " border-bottom: 1px solid palette(midlight); padding: 6px 8px; }"
+        "QTableCornerButton::section { background: palette(window); border: none;"
+        " border-bottom: 1px solid palette(midlight); }"
         "QTableView { border: none; gridline-color: transparent; selection-background-color: palette(highlight); }"
         "QListView#sidebar { border: none; background: palette(window); padding: 8px; outline: none; }"
         "QListView#sidebar::item { border-radius: 6px; padding: 6px 8px; }"
