@@ -8,12 +8,14 @@
 #include <QChart>
 #include <QChartView>
 #include <QCursor>
+#include <QFontMetricsF>
 #include <QGraphicsLayout>
 #include <QLegend>
 #include <QLegendMarker>
 #include <QLocale>
 #include <QPen>
 #include <QStackedBarSeries>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <QValueAxis>
@@ -30,6 +32,7 @@ constexpr int leastHeight = 240;
 constexpr int ticks = 5;
 constexpr double widestBars = 0.66;      ///< of a place's room
 constexpr double barWidthForEach = 0.11; ///< a few bars needn't fill the width
+constexpr double labelGap = 6;
 
 /// How long a bar is drawn; what it says is written from the exact amount.
 double length(std::int64_t minorUnits, const std::string& currencyCode)
@@ -57,17 +60,24 @@ std::pair<std::int64_t, std::int64_t> extent(const std::vector<BarChart::Series>
     return {least, most};
 }
 
-/// An axis takes each text once: equal ones are told apart by what nobody sees.
-QStringList eachOnce(const QStringList& names)
+/// As the axis takes them, which reads markup and takes each text once: equal ones are told apart by what nobody sees.
+QStringList axisTexts(const QStringList& labels)
 {
     QStringList all;
-    for (QString name : names) {
+    for (const QString& label : labels) {
+        QString name = label.toHtmlEscaped().replace(QLatin1Char('\n'), QStringLiteral("<br>"));
         do {
             name += QChar(0x200b);
         } while (all.contains(name));
         all.push_back(name);
     }
     return all;
+}
+
+/// A client may have a name that looks like markup.
+QString plain(const QString& sentence)
+{
+    return Qt::mightBeRichText(sentence) ? sentence.toHtmlEscaped() : sentence;
 }
 
 void color(QAbstractAxis& axis, const QPalette& palette)
@@ -113,7 +123,8 @@ BarChart::BarChart(Formats formats, QWidget* parent)
 void BarChart::setBars(const QStringList& names,
                        const std::vector<Series>& series,
                        const std::string& currencyCode,
-                       Arrangement arrangement)
+                       Arrangement arrangement,
+                       const QStringList& labels)
 {
     m_chart->removeAllSeries();
     QAbstractBarSeries* bars = arrangement == Arrangement::onOneAnother
@@ -135,13 +146,13 @@ void BarChart::setBars(const QStringList& names,
                     const QString sentence =
                         tr("%1, %2: %3")
                             .arg(names.value(place), name, m_formats.money(amounts[std::size_t(place)], currencyCode));
-                    QToolTip::showText(QCursor::pos(), isOver ? sentence : QString(), this);
+                    QToolTip::showText(QCursor::pos(), isOver ? plain(sentence) : QString(), this);
                 });
         connect(set, &QBarSet::clicked, this, &BarChart::chosen);
         bars->append(set);
     }
     m_chart->addSeries(bars);
-    setAxes(names, series, currencyCode, arrangement);
+    setAxes(labels.isEmpty() ? names : labels, series, currencyCode, arrangement);
     for (QLegendMarker* marker : m_chart->legend()->markers()) {
         marker->setPen(Qt::NoPen);
     }
@@ -150,13 +161,42 @@ void BarChart::setBars(const QStringList& names,
     describe(names, series, currencyCode);
 }
 
-void BarChart::setAxes(const QStringList& names,
+void BarChart::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fitLabels();
+}
+
+/// Smaller letters where there is little room, before a label is cut.
+void BarChart::fitLabels()
+{
+    if (m_labels.isEmpty()) {
+        return;
+    }
+    QFont letters = font();
+    const double room = m_chart->plotArea().width() / double(m_labels.size()) - labelGap;
+    for (const double size : {1.0, 0.9, 0.8}) {
+        letters.setPointSizeF(font().pointSizeF() * size);
+        const QFontMetricsF metrics(letters);
+        const bool fits =
+            std::ranges::all_of(m_labels, [&](const QString& label) { return metrics.size(0, label).width() <= room; });
+        if (fits) {
+            break;
+        }
+    }
+    if (m_across->labelsFont() != letters) {
+        m_across->setLabelsFont(letters);
+    }
+}
+
+void BarChart::setAxes(const QStringList& labels,
                        const std::vector<Series>& series,
                        const std::string& currencyCode,
                        Arrangement arrangement)
 {
     m_across->clear();
-    m_across->append(eachOnce(names));
+    m_across->append(axisTexts(labels));
+    m_labels = labels;
     const auto [least, most] = extent(series, arrangement == Arrangement::onOneAnother);
     m_up->setRange(length(least, currencyCode), most == 0 && least == 0 ? 1.0 : length(most, currencyCode));
     m_up->setTickCount(ticks);
@@ -168,6 +208,7 @@ void BarChart::setAxes(const QStringList& names,
             bars->attachAxis(axis);
         }
     }
+    fitLabels();
 }
 
 void BarChart::describe(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode)

@@ -40,23 +40,31 @@ public:
 
     explicit BarChart(Formats formats, QWidget* parent = nullptr);
 
+    /// `labels`: what stands under the bars where their full names are too long, lines with line breaks between them;
+    /// else the names.
     void setBars(const QStringList& names,
                  const std::vector<Series>& series,
                  const std::string& currencyCode,
-                 Arrangement arrangement);
+                 Arrangement arrangement,
+                 const QStringList& labels = {});
 
 Q_SIGNALS:
     /// A bar was clicked.
     void chosen(int name);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    void setAxes(const QStringList& names,
+    void fitLabels();
+    void setAxes(const QStringList& labels,
                  const std::vector<Series>& series,
                  const std::string& currencyCode,
                  Arrangement arrangement);
     void describe(const QStringList& names, const std::vector<Series>& series, const std::string& currencyCode);
 
     Formats m_formats;
+    QStringList m_labels;
     QChart* m_chart;
     QBarCategoryAxis* m_across;
     QValueAxis* m_up;

@@ -8,6 +8,9 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
+#include <vector>
 
 namespace Quillary::ReportBars {
 
@@ -31,15 +34,18 @@ QString monthName(CalendarDate day, bool isWithYear, const Formats& formats)
     return isWithYear ? QStringLiteral("%1 %2").arg(month).arg(int(day.year())) : month;
 }
 
+unsigned quarter(CalendarDate day)
+{
+    return (unsigned(day.month()) - 1) / monthsOfQuarter + 1;
+}
+
 QString placeName(const ReportChart::Place& place, bool isWithYear, const Formats& formats)
 {
     switch (place.kind) {
     case Kind::month:
         return monthName(place.day, isWithYear, formats);
     case Kind::quarter:
-        return Words::tr("Q%1 %2")
-            .arg((unsigned(place.day.month()) - 1) / monthsOfQuarter + 1)
-            .arg(int(place.day.year()));
+        return Words::tr("Q%1 %2").arg(quarter(place.day)).arg(int(place.day.year()));
     case Kind::year:
         return QString::number(int(place.day.year()));
     case Kind::rate:
@@ -51,6 +57,19 @@ QString placeName(const ReportChart::Place& place, bool isWithYear, const Format
         return text(place.text);
     }
     return {};
+}
+
+/// Under the bars of a longer time there is room for the months or quarters, and for each year once.
+QStringList shortLabels(const std::vector<ReportChart::Place>& places, const Formats& formats)
+{
+    QStringList labels;
+    std::optional<std::chrono::year> known;
+    for (const auto& [kind, day, basisPoints, words] : places) {
+        const QString label = kind == Kind::month ? monthName(day, false, formats) : Words::tr("Q%1").arg(quarter(day));
+        labels.push_back(known == day.year() ? label : QStringLiteral("%1\n%2").arg(label).arg(int(day.year())));
+        known = day.year();
+    }
+    return labels;
 }
 
 QColor color(Meaning meaning, const QPalette& palette)
@@ -86,10 +105,13 @@ void show(const ReportChart& figures, const std::string& currencyCode, const For
     for (const auto& [meaning, amounts] : figures.series) {
         series.push_back({CoreText::word(title(meaning)), color(meaning, chart.palette()), amounts});
     }
+    const Kind kind = figures.places.front().kind;
+    const bool isOverYears = (kind == Kind::month && isWithYear) || kind == Kind::quarter;
     chart.setBars(names,
                   series,
                   currencyCode,
-                  figures.isStacked ? BarChart::Arrangement::onOneAnother : BarChart::Arrangement::besideOneAnother);
+                  figures.isStacked ? BarChart::Arrangement::onOneAnother : BarChart::Arrangement::besideOneAnother,
+                  isOverYears ? shortLabels(figures.places, formats) : QStringList());
 }
 
 } // namespace Quillary::ReportBars
