@@ -47,11 +47,10 @@ bool isNumber(const CSVValue& value)
            !std::holds_alternative<CSVValue::Date>(value.content());
 }
 
-/// "Net (EUR)": the currency's code is the same in every language.
+/// "Net" for "Net (EUR)": what a file needs stands here in the heading and in every amount.
 QString headerText(const std::string& header)
 {
-    const std::size_t end = std::min(header.rfind(" ("), header.size());
-    return CoreText::word(header.substr(0, end)) + text(header.substr(end));
+    return CoreText::word(header.substr(0, header.rfind(" (")));
 }
 
 } // namespace

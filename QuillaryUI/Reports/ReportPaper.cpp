@@ -1,6 +1,7 @@
 #include "QuillaryUI/Reports/ReportPaper.h"
 
 #include "QuillaryCore/Assistant/Operations/PageJobs.h"
+#include "QuillaryCore/Foundation/Instant.h"
 #include "QuillaryCore/Model/Business.h"
 #include "QuillaryCore/Output/PrintedTable.h"
 #include "QuillaryUI/Look/CoreText.h"
@@ -56,6 +57,32 @@ QString note(const FinishedReport& report)
     }
     return codes.isEmpty() ? QString()
                            : Words::tr("Not in this report: amounts in %1.").arg(codes.join(QStringLiteral(", ")));
+}
+
+std::string fileName(const ReportOrder& order)
+{
+    QString name;
+    switch (order.kind) {
+    case ReportOrder::Kind::tax:
+        name = Words::tr("Tax Report");
+        break;
+    case ReportOrder::Kind::taxDocuments:
+        name = Words::tr("Tax Documents");
+        break;
+    case ReportOrder::Kind::aging:
+        return utf8(Words::tr("Aging Report"));
+    case ReportOrder::Kind::clients:
+        name = Words::tr("Client Report");
+        break;
+    case ReportOrder::Kind::invoices:
+        name = Words::tr("Invoices");
+        break;
+    }
+    if (order.period == ReportPeriod::all()) {
+        return utf8(name);
+    }
+    return utf8(Words::tr("%1 %2 to %3", "the name of a file, with dates such as 2026-01-31")
+                    .arg(name, text(isoText(order.period.first)), text(isoText(order.period.last))));
 }
 
 PageJob page(const FinishedReport& report,

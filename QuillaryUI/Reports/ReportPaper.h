@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <string>
+
 namespace Quillary {
 
 class ReportModel;
@@ -19,6 +21,9 @@ namespace ReportPaper {
 
 /// "Not in this report: amounts in USD." Empty: nothing is left out.
 [[nodiscard]] QString note(const FinishedReport& report);
+
+/// Without its ending: "Tax Report 2026-07-01 to 2026-09-30".
+[[nodiscard]] std::string fileName(const ReportOrder& order);
 
 /// `model` shows the report. `now` is when it was made.
 [[nodiscard]] PageJob page(const FinishedReport& report,

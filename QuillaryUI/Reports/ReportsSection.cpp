@@ -42,6 +42,7 @@ constexpr int border = 24;
 constexpr int gap = 12;
 constexpr int settling = 60; ///< milliseconds
 constexpr int widestColumn = 320;
+constexpr int narrowestClient = 120;
 constexpr int columnGap = 8;
 constexpr double headingSize = 1.3;
 constexpr int chartHeight = 264;
@@ -326,7 +327,7 @@ void ReportsSection::display(FinishedReport report)
     m_report = std::move(report);
 }
 
-/// Clients get what room is left; where there is none, the table is wider than the window.
+/// Clients get what room is left, or yield some; where that isn't enough, the table is wider than the window.
 void ReportsSection::fitColumns()
 {
     QHeaderView* header = m_table->horizontalHeader();
@@ -334,11 +335,13 @@ void ReportsSection::fitColumns()
     m_table->resizeColumnsToContents();
     m_stretched = 0;
     m_natural = 0;
+    m_yielding = 0;
     for (int column = 0; column < m_model->columnCount(); ++column) {
         header->resizeSection(column, std::min(widestColumn, header->sectionSize(column) + columnGap));
         m_natural += header->sectionSize(column);
         if (m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole) == CoreText::word("Client")) {
             m_stretched = column;
+            m_yielding = std::max(0, header->sectionSize(column) - narrowestClient);
         }
     }
     stretch();
@@ -347,8 +350,9 @@ void ReportsSection::fitColumns()
 void ReportsSection::stretch()
 {
     if (m_stretched < m_model->columnCount()) {
-        m_table->horizontalHeader()->setSectionResizeMode(
-            m_stretched, m_natural <= m_table->viewport()->width() ? QHeaderView::Stretch : QHeaderView::Interactive);
+        const bool fits = m_natural - m_yielding <= m_table->viewport()->width();
+        m_table->horizontalHeader()->setSectionResizeMode(m_stretched,
+                                                          fits ? QHeaderView::Stretch : QHeaderView::Interactive);
     }
 }
 
@@ -397,10 +401,8 @@ void ReportsSection::save(const CSVFormat& format)
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(csv.data());
     std::filesystem::path file;
     const auto refusal = m_library.attempt([&] {
-        file = saveUniqueFile(m_library.environment().printer().downloadsFolder(),
-                              m_report.fileName,
-                              "csv",
-                              std::span(bytes, csv.size()));
+        file = saveUniqueFile(
+            m_library.environment().printer().downloadsFolder(), fileName(), "csv", std::span(bytes, csv.size()));
     });
     if (refusal) {
         Q_EMIT failed(*refusal);
@@ -412,12 +414,17 @@ void ReportsSection::save(const CSVFormat& format)
 void ReportsSection::savePDF()
 {
     PaperDesk::savePDF(
-        m_library.press(), page(), m_library.environment().printer().downloadsFolder(), m_report.fileName, asker());
+        m_library.press(), page(), m_library.environment().printer().downloadsFolder(), fileName(), asker());
 }
 
 void ReportsSection::print()
 {
     PaperDesk::print(m_library.press(), page(), ReportPaper::title(m_report), asker());
+}
+
+std::string ReportsSection::fileName() const
+{
+    return m_shown ? ReportPaper::fileName(*m_shown) : m_report.fileName;
 }
 
 PageJob ReportsSection::page() const

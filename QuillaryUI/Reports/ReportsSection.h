@@ -70,6 +70,7 @@ private:
     void save(const CSVFormat& format);
     void savePDF();
     void print();
+    [[nodiscard]] std::string fileName() const;
     [[nodiscard]] PageJob page() const;
     [[nodiscard]] PaperDesk::Asker asker();
     void allowSaving(bool isAllowed);
@@ -95,6 +96,7 @@ private:
     QTableView* m_table;
     int m_stretched = 0; ///< the column
     int m_natural = 0;   ///< the width of all columns, if none is stretched
+    int m_yielding = 0;  ///< of it, what clients can do without
     QStackedWidget* m_pages;
     ReportModel* m_model;
     FinishedReport m_report; ///< what is on the screen, and what is saved; its table is the model's
