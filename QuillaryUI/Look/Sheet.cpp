@@ -3,6 +3,7 @@
 #include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
 
+#include <QApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -75,6 +76,7 @@ void Sheet::setExplanation(const QString& text)
 
 void Sheet::open(QWidget* firstField)
 {
+    m_before = QApplication::focusWidget();
     place();
     show();
     raise();
@@ -109,6 +111,15 @@ void Sheet::keyPressEvent(QKeyEvent* event)
     } else {
         QFrame::keyPressEvent(event);
     }
+}
+
+void Sheet::closeEvent(QCloseEvent* event)
+{
+    const QWidget* focus = QApplication::focusWidget(); // which an answer may have moved
+    if (m_before != nullptr && m_before->isVisible() && (focus == nullptr || isAncestorOf(focus))) {
+        m_before->setFocus(Qt::OtherFocusReason);
+    }
+    QFrame::closeEvent(event);
 }
 
 void Sheet::answer()

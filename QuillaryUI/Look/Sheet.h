@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -37,7 +38,7 @@ public:
     [[nodiscard]] QVBoxLayout& body() { return *m_body; }
     [[nodiscard]] QPushButton& answerButton() { return *m_accept; }
 
-    /// Slides in and takes the keyboard.
+    /// Slides in and takes the keyboard, which goes back to where it was when the sheet goes.
     void open(QWidget* firstField);
 
 Q_SIGNALS:
@@ -46,6 +47,7 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void answer();
@@ -58,6 +60,7 @@ private:
     QLabel* m_explanation;
     QLabel* m_error;
     QPushButton* m_accept;
+    QPointer<QWidget> m_before; ///< what had the keyboard
 };
 
 } // namespace Quillary
