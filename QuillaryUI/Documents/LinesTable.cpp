@@ -11,6 +11,7 @@
 #include "QuillaryUI/Look/Lists.h"
 #include "QuillaryUI/Look/RowDelegate.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QCompleter>
@@ -89,6 +90,7 @@ public:
             completer->setCaseSensitivity(Qt::CaseInsensitive);
             completer->setFilterMode(Qt::MatchContains);
             editor->setCompleter(completer);
+            endByEnter(*editor, *completer);
         }
         watch(*editor, index);
         return editor;
@@ -131,6 +133,21 @@ private:
             &editor, &QLineEdit::textEdited, lines, [lines, at = QPersistentModelIndex(index)](const QString& text) {
                 lines->setTyping(at.row(), at.column(), text);
             });
+    }
+
+    /// While suggestions are shown, Enter goes to them past the table: it ends the cell all the same, after what was
+    /// chosen among them has come into it.
+    void endByEnter(QLineEdit& editor, QCompleter& completer) const
+    {
+        auto* self = const_cast<LineDelegate*>(this); // a view hands out editors by a const call
+        connect(&editor, &QLineEdit::returnPressed, &completer, [self, &editor, &completer] {
+            if (completer.popup()->isVisible()) {
+                QTimer::singleShot(0, &editor, [self, &editor] {
+                    Q_EMIT self->commitData(&editor);
+                    Q_EMIT self->closeEditor(&editor, SubmitModelCache);
+                });
+            }
+        });
     }
 
     [[nodiscard]] QStringList wordsFor(int column) const
