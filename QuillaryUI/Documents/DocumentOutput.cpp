@@ -4,9 +4,25 @@
 #include "QuillaryCore/Documents/DocumentName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryUI/Documents/EmailSheet.h"
+#include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/CoreText.h"
 
 namespace Quillary {
+
+namespace {
+
+/// The section around a pane: an email needs more room than the pane has beside a wide list.
+QWidget& sectionAround(QWidget& pane)
+{
+    for (QWidget* widget = &pane; widget != nullptr; widget = widget->parentWidget()) {
+        if (qobject_cast<Section*>(widget) != nullptr) {
+            return *widget;
+        }
+    }
+    return pane;
+}
+
+} // namespace
 
 DocumentOutput::DocumentOutput(LibraryAccess& library, QWidget& host)
     : QObject(&host)
@@ -46,7 +62,7 @@ void DocumentOutput::print(const Document& document)
 
 void DocumentOutput::email(const Document& document)
 {
-    (new EmailSheet(m_library, document.ref.key(), &m_host))->begin();
+    (new EmailSheet(m_library, document.ref.key(), &sectionAround(m_host)))->begin();
 }
 
 } // namespace Quillary
