@@ -3,6 +3,7 @@
 #include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Theme.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QStackedWidget>
@@ -65,8 +66,14 @@ void SectionDeck::show(const QString& name)
 
 void SectionDeck::show(int place)
 {
-    if (place >= 0 && place < count()) {
-        m_list->setCurrentRow(place);
+    if (place < 0 || place >= count()) {
+        return;
+    }
+    Section* section = ensure(m_entries[static_cast<std::size_t>(place)]);
+    const bool isFirstVisit = section->focusWidget() == nullptr;
+    m_list->setCurrentRow(place);
+    if (section->focusProxy() != nullptr && (isFirstVisit || !section->isAncestorOf(QApplication::focusWidget()))) {
+        section->setFocus(Qt::OtherFocusReason); // its list: later visits find the keyboard where they left it
     }
 }
 
