@@ -70,6 +70,15 @@ Field choice(const char* name, const QString& label, QList<FieldForm::Choice> ch
             Words::tr("As usual")};
 }
 
+QList<FieldForm::Choice> roundings()
+{
+    QList<FieldForm::Choice> choices = choicesOf(QStringLiteral("time_rounding_minutes"));
+    for (auto& [minutes, label] : choices) {
+        label = minutes == QLatin1String("0") ? Words::tr("Not rounded") : Words::tr("Up to %1 minutes").arg(minutes);
+    }
+    return choices;
+}
+
 QList<Field> businessFields(const Locale& locale)
 {
     return {
@@ -185,7 +194,7 @@ QList<SettingTexts::Group> SettingTexts::groups(const Locale& locale)
          Words::tr("Time"),
          Words::tr("What tracked time becomes on an invoice."),
          {line("hourly_rate", Words::tr("Hourly rate")),
-          choice("time_rounding_minutes", Words::tr("Rounded up to minutes"))}}};
+          choice("time_rounding_minutes", Words::tr("Each entry"), roundings())}}};
 }
 
 QString SettingTexts::note(const QString& note)
