@@ -249,7 +249,10 @@ void PrintingHost::prepareEmail(MailDraft mail, std::string name, std::function<
 
 std::filesystem::path PrintingHost::downloadsFolder() const
 {
-    return m_environment.downloadsFolder();
+    std::filesystem::path folder = m_environment.downloadsFolder();
+    std::error_code failure; // which whoever saves there tells of
+    std::filesystem::create_directories(folder, failure);
+    return folder;
 }
 
 std::filesystem::path PrintingHost::homeFolder() const
