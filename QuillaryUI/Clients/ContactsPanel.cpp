@@ -5,9 +5,9 @@
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Clients/ContactSheet.h"
 #include "QuillaryUI/Clients/ContactsModel.h"
+#include "QuillaryUI/Look/FlowLayout.h"
 #include "QuillaryUI/Look/Lists.h"
 
-#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -65,11 +65,11 @@ void ContactsPanel::build()
     m_first->setObjectName(QStringLiteral("firstContact"));
     m_first->setToolTip(tr("Emails offer this person before the others."));
     m_remove->setObjectName(QStringLiteral("removeContact"));
-    auto* buttons = new QHBoxLayout;
+    auto* buttons = new FlowLayout;
+    buttons->setSpacing(8);
     for (QPushButton* button : {add, m_edit, m_first, m_remove}) {
         buttons->addWidget(button);
     }
-    buttons->addStretch();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);

@@ -70,6 +70,9 @@ DocumentFilterBar::DocumentFilterBar(LibraryAccess& library, DocumentKind kind, 
     , m_periods(new QComboBox(this))
     , m_more(new QPushButton(tr("Filter"), this))
     , m_chips(new QWidget(this))
+    , m_lines(new QBoxLayout(QBoxLayout::LeftToRight))
+    , m_first(new QHBoxLayout)
+    , m_rest(new QHBoxLayout)
 {
     build();
     connect(m_search, &QLineEdit::textChanged, this, &DocumentFilterBar::take);
@@ -112,18 +115,54 @@ void DocumentFilterBar::build()
     m_chips->setObjectName(QStringLiteral("filterChips"));
     m_chips->hide();
 
-    m_row = new QHBoxLayout;
-    m_row->setSpacing(gap);
-    m_row->addWidget(m_search, 1);
+    m_first->setSpacing(gap);
+    m_first->addWidget(m_search, 1);
+    m_rest->setSpacing(gap);
+    m_lines->setSpacing(gap);
+    m_lines->addLayout(m_first, 1);
+    m_lines->addLayout(m_rest);
     for (QWidget* control : {static_cast<QWidget*>(m_statuses), static_cast<QWidget*>(m_periods)}) {
-        m_row->addWidget(control);
+        addControl(control);
     }
-    m_row->addWidget(m_more);
+    addControl(m_more);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(border, border, border, border);
     column->setSpacing(gap);
-    column->addLayout(m_row);
+    column->addLayout(m_lines);
     column->addWidget(m_chips);
+}
+
+/// How wide the controls are that stand behind the search field, from one on.
+int DocumentFilterBar::controlsWidth(qsizetype from) const
+{
+    int width = 2 * border - gap;
+    for (const QWidget* control : m_controls.sliced(from)) {
+        width += control->sizeHint().width() + gap;
+    }
+    return width;
+}
+
+QSize DocumentFilterBar::minimumSizeHint() const
+{
+    return {controlsWidth(1), QWidget::minimumSizeHint().height()};
+}
+
+/// Where they don't all fit beside each other, the search field and the first control get a line of their own.
+void DocumentFilterBar::resizeEvent(QResizeEvent* event)
+{
+    const bool isNarrow = width() < controlsWidth(0) + leastSearch + gap;
+    const auto direction = isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight;
+    if (m_lines->direction() != direction) {
+        m_lines->setDirection(direction);
+        if (isNarrow) {
+            m_first->addWidget(m_controls.front());
+            m_rest->addStretch();
+        } else {
+            m_rest->insertWidget(0, m_controls.front());
+            delete m_rest->takeAt(m_rest->count() - 1);
+        }
+    }
+    QWidget::resizeEvent(event);
 }
 
 /// Made when somebody wants it: the window would come later for it.
@@ -138,7 +177,8 @@ void DocumentFilterBar::openPopup()
 
 void DocumentFilterBar::addControl(QWidget* control)
 {
-    m_row->addWidget(control);
+    m_rest->addWidget(control);
+    m_controls.push_back(control);
 }
 
 void DocumentFilterBar::find()

@@ -4,10 +4,12 @@
 #include "QuillaryCore/Model/DocumentKind.h"
 #include "QuillaryUI/Library/LibraryAccess.h"
 
+#include <QList>
 #include <QWidget>
 
 #include <functional>
 
+class QBoxLayout;
 class QComboBox;
 class QHBoxLayout;
 class QLineEdit;
@@ -35,11 +37,17 @@ public:
     /// A further control, at the end of the bar.
     void addControl(QWidget* control);
 
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 Q_SIGNALS:
     void changed();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void build();
+    [[nodiscard]] int controlsWidth(qsizetype from) const;
     void openPopup();
     void show();
     void take();
@@ -57,7 +65,10 @@ private:
     QComboBox* m_periods;
     QPushButton* m_more;
     QWidget* m_chips;
-    QHBoxLayout* m_row = nullptr;
+    QBoxLayout* m_lines;  ///< one where there is room, else two
+    QHBoxLayout* m_first; ///< the search field
+    QHBoxLayout* m_rest;
+    QList<QWidget*> m_controls;             ///< in their order, behind the search field
     DocumentFilterPopup* m_popup = nullptr; ///< null: nobody has opened it yet
 };
 
