@@ -49,7 +49,6 @@ void DocumentHead::build(QMenu& menu)
 {
     m_edit->setObjectName(QStringLiteral("editDraft"));
     m_next->setObjectName(QStringLiteral("nextStep"));
-    m_next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Return")));
     m_next->setDefault(true);
     auto* more = new QToolButton(this);
     more->setText(tr("More"));
@@ -59,14 +58,13 @@ void DocumentHead::build(QMenu& menu)
     more->setPopupMode(QToolButton::InstantPopup);
     more->setMenu(&menu);
     m_locked->setObjectName(QStringLiteral("documentLocked"));
-    m_locked->setText(
-        tr("This document has been sent, so it stays as it is. To correct it, take it back to draft under "
-           "More ▸ Status, or credit it."));
     m_locked->setWordWrap(true);
     m_locked->setContentsMargins(border, 0, border, border / 2);
     Theme::tint(*m_locked, palette().color(QPalette::PlaceholderText));
 
-    m_name->setWordWrap(true); // a long one takes a second line, and no wider window
+    m_name->setWordWrap(true);  // a long one takes a second line
+    m_name->setMinimumWidth(1); // and a long word no wider window
+    m_name->setTextFormat(Qt::PlainText);
 
     auto* names = new QVBoxLayout;
     names->setSpacing(2);
@@ -106,6 +104,11 @@ void DocumentHead::fill(const Document& document)
     const DisplayStatus shown = displayStatus(document, m_library.today(), calendar);
     m_status->setText(StatusText::sentence(shown, daysOverdue(document, m_library.today(), calendar), kind(document)));
     Theme::tint(*m_status, Theme::statusColor(shown));
+    m_locked->setText(kind(document) == DocumentKind::invoice
+                          ? tr("This document has been sent, so it stays as it is. To correct it, take it back to "
+                               "draft under More ▸ Status, or credit it.")
+                          : tr("This document has been sent, so it stays as it is. To correct it, take it back to "
+                               "draft under More ▸ Status."));
     m_locked->setVisible(status(document) != DocumentStatus::draft && kind(document) != DocumentKind::recurring);
     m_related->fill(document);
 }
@@ -121,6 +124,7 @@ void DocumentHead::setNextStep(const QString& words)
     m_next->setVisible(!words.isEmpty());
     if (!words.isEmpty()) {
         m_next->setText(words);
+        m_next->setShortcut(QKeySequence(QStringLiteral("Ctrl+Return"))); // which new words take away
     }
 }
 
