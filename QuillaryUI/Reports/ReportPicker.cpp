@@ -16,9 +16,22 @@ namespace Quillary {
 namespace {
 
 constexpr int gap = 8;
+constexpr int narrowestBox = 96;
 
 /// The entry whose days are typed.
 const QString ownDays = QStringLiteral("days");
+
+/// In a narrow window its text is cut rather than the window wider.
+class YieldingBox final : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        return QComboBox::minimumSizeHint().boundedTo({narrowestBox, QWIDGETSIZE_MAX});
+    }
+};
 
 CalendarDate calendarDate(QDate day)
 {
@@ -30,9 +43,9 @@ CalendarDate calendarDate(QDate day)
 ReportPicker::ReportPicker(Formats formats, QWidget* parent)
     : QWidget(parent)
     , m_formats(std::move(formats))
-    , m_report(new QComboBox(this))
-    , m_basis(new QComboBox(this))
-    , m_period(new QComboBox(this))
+    , m_report(new YieldingBox(this))
+    , m_basis(new YieldingBox(this))
+    , m_period(new YieldingBox(this))
     , m_first(new QDateEdit(this))
     , m_last(new QDateEdit(this))
     , m_currency(new QComboBox(this))
