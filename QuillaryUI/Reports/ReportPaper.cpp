@@ -59,7 +59,7 @@ QString note(const FinishedReport& report)
                            : Words::tr("Not in this report: amounts in %1.").arg(codes.join(QStringLiteral(", ")));
 }
 
-std::string fileName(const ReportOrder& order)
+QString fileName(const ReportOrder& order)
 {
     QString name;
     switch (order.kind) {
@@ -70,7 +70,7 @@ std::string fileName(const ReportOrder& order)
         name = Words::tr("Tax Documents");
         break;
     case ReportOrder::Kind::aging:
-        return utf8(Words::tr("Aging Report"));
+        return Words::tr("Aging Report");
     case ReportOrder::Kind::clients:
         name = Words::tr("Client Report");
         break;
@@ -79,10 +79,10 @@ std::string fileName(const ReportOrder& order)
         break;
     }
     if (order.period == ReportPeriod::all()) {
-        return utf8(name);
+        return name;
     }
-    return utf8(Words::tr("%1 %2 to %3", "the name of a file, with dates such as 2026-01-31")
-                    .arg(name, text(isoText(order.period.first)), text(isoText(order.period.last))));
+    return Words::tr("%1 %2 to %3", "the name of a file, with dates such as 2026-01-31")
+        .arg(name, text(isoText(order.period.first)), text(isoText(order.period.last)));
 }
 
 PageJob page(const FinishedReport& report,

@@ -6,8 +6,6 @@
 
 #include <QString>
 
-#include <string>
-
 namespace Quillary {
 
 class ReportModel;
@@ -23,7 +21,7 @@ namespace ReportPaper {
 [[nodiscard]] QString note(const FinishedReport& report);
 
 /// Without its ending: "Tax Report 2026-07-01 to 2026-09-30".
-[[nodiscard]] std::string fileName(const ReportOrder& order);
+[[nodiscard]] QString fileName(const ReportOrder& order);
 
 /// `model` shows the report. `now` is when it was made.
 [[nodiscard]] PageJob page(const FinishedReport& report,

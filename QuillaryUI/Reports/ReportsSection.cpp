@@ -424,7 +424,7 @@ void ReportsSection::print()
 
 std::string ReportsSection::fileName() const
 {
-    return m_shown ? ReportPaper::fileName(*m_shown) : m_report.fileName;
+    return m_shown ? utf8(ReportPaper::fileName(*m_shown)) : m_report.fileName;
 }
 
 PageJob ReportsSection::page() const

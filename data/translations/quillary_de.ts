@@ -3047,6 +3047,10 @@
         <source>Edit</source>
         <translation>Bearbeiten</translation>
     </message>
+    <message>
+        <source>This document has been sent, so it stays as it is. To correct it, take it back to draft under More ▸ Status.</source>
+        <translation>Dieser Beleg ist verschickt und bleibt deshalb, wie er ist. Zum Korrigieren unter Mehr ▸ Status wieder zum Entwurf machen.</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::DocumentListModel</name>
@@ -5789,6 +5793,10 @@
         <comment>a tax rate</comment>
         <translation>%1 %</translation>
     </message>
+    <message>
+        <source>Q%1</source>
+        <translation>Q%1</translation>
+    </message>
 </context>
 <context>
     <name>ReportPaper</name>
@@ -5824,6 +5832,31 @@
     <message>
         <source>Page {page} of {pages}</source>
         <translation>Seite {page} von {pages}</translation>
+    </message>
+    <message>
+        <source>Tax Report</source>
+        <translation>Steuerbericht</translation>
+    </message>
+    <message>
+        <source>Tax Documents</source>
+        <translation>Belege des Steuerberichts</translation>
+    </message>
+    <message>
+        <source>Aging Report</source>
+        <translation>Forderungen nach Alter</translation>
+    </message>
+    <message>
+        <source>Client Report</source>
+        <translation>Kundenbericht</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>%1 %2 to %3</source>
+        <comment>the name of a file, with dates such as 2026-01-31</comment>
+        <translation>%1 %2 bis %3</translation>
     </message>
 </context>
 <context>
@@ -6216,10 +6249,6 @@
         <translation>Stundensatz</translation>
     </message>
     <message>
-        <source>Rounded up to minutes</source>
-        <translation>Aufgerundet auf Minuten</translation>
-    </message>
-    <message>
         <source>Next number: %1</source>
         <translation>Nächste Nummer: %1</translation>
     </message>
@@ -6238,6 +6267,18 @@
     <message>
         <source>Where the money goes. It is printed on your invoices.</source>
         <translation>Wohin das Geld geht. Es steht auf den Rechnungen.</translation>
+    </message>
+    <message>
+        <source>Not rounded</source>
+        <translation>Nicht gerundet</translation>
+    </message>
+    <message>
+        <source>Up to %1 minutes</source>
+        <translation>Auf %1 Minuten</translation>
+    </message>
+    <message>
+        <source>Each entry</source>
+        <translation>Jeder Eintrag</translation>
     </message>
 </context>
 <context>
