@@ -5,7 +5,6 @@
 #include "QuillaryCore/Assistant/Access/ShownText.h"
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Tools/Arguments.h"
-#include "QuillaryCore/Documents/DocumentActions.h"
 #include "QuillaryCore/Documents/DocumentName.h"
 #include "QuillaryCore/Foundation/Text.h"
 #include "QuillaryCore/Foundation/UserError.h"
@@ -168,7 +167,7 @@ CommandAnswer RecurringChanges::remove(CommandSession& session, const RecurringR
     const Document& recurring = findRecurring(session.context(), request.recurring);
     const std::string name = shownName(session, recurring);
     const std::string id = Lookup::idText(recurring.uuid);
-    DocumentActions::deleteDraft(session.desk(), recurring);
+    RecurringSetup::remove(session.desk(), recurring);
     return {.text = fmt::format("{} is deleted. The invoices that were made from it stay.\n", name),
             .data = JSON::object({{"id", id}})};
 }

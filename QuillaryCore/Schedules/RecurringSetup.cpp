@@ -1,5 +1,6 @@
 #include "QuillaryCore/Schedules/RecurringSetup.h"
 
+#include "QuillaryCore/Documents/DocumentActions.h"
 #include "QuillaryCore/Documents/DocumentCopy.h"
 #include "QuillaryCore/Documents/DocumentError.h"
 #include "QuillaryCore/Documents/DocumentName.h"
@@ -52,6 +53,13 @@ void requireRepeatable(const Desk& desk, const Document& invoice)
     if (linesInOrder(desk.context, invoice).empty()) {
         throw DocumentError(Reason::isNeeded,
                             fmt::format("{} has no lines yet, so there is nothing to repeat.", documentName(invoice)));
+    }
+}
+
+void requireTemplate(const Document& document)
+{
+    if (kind(document) != DocumentKind::recurring) {
+        throw DocumentError(Reason::wrongKind, fmt::format("{} is no recurring invoice.", documentName(document)));
     }
 }
 
@@ -214,9 +222,7 @@ RecurringSetup::create(const Desk& desk, const Document& invoice, const Recurrin
 
 void RecurringSetup::change(const Desk& desk, const Document& recurring, const RecurringChoices& choices)
 {
-    if (kind(recurring) != DocumentKind::recurring) {
-        throw DocumentError(Reason::wrongKind, fmt::format("{} is no recurring invoice.", documentName(recurring)));
-    }
+    requireTemplate(recurring);
     requirePossible({.end = choices.end}, RecurrenceUnit::month);
     auto scope = desk.context.beginScope("Change Recurring Invoice");
     Document& edited = desk.context.edit(recurring);
@@ -224,6 +230,14 @@ void RecurringSetup::change(const Desk& desk, const Document& recurring, const R
         changeDates(edited, choices, desk.calendar);
     }
     setOthers(edited, choices, desk.calendar);
+    scope.commit();
+}
+
+void RecurringSetup::remove(const Desk& desk, const Document& recurring)
+{
+    requireTemplate(recurring);
+    auto scope = desk.context.beginScope("Delete Recurring Invoice");
+    DocumentActions::deleteDraft(desk, recurring);
     scope.commit();
 }
 

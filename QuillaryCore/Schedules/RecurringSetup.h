@@ -36,7 +36,7 @@ struct RecurringChoices
     std::optional<BillingPeriod> billingPeriod = {}; ///< in a new one what the invoice says of its own period
 };
 
-/// Making and changing recurring templates, each in a scope of its own. What can't be done throws: `DocumentError` with
+/// Making, changing and deleting recurring templates, each in a scope of its own. What can't be done throws: `DocumentError` with
 /// a sentence for the screen, and everything is as it was.
 namespace RecurringSetup {
 
@@ -51,6 +51,9 @@ const Document& create(const Desk& desk, const Document& invoice, const Recurrin
 /// Changes a template. Another unit, interval or day begins a new schedule: on the first anchor day from the next date
 /// on, so that no period is billed twice. `choices.next` alone moves one date; those after it stay as they are.
 void change(const Desk& desk, const Document& recurring, const RecurringChoices& choices);
+
+/// Deletes a template. The invoices that were made from it stay.
+void remove(const Desk& desk, const Document& recurring);
 
 } // namespace RecurringSetup
 

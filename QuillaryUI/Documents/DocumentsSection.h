@@ -40,8 +40,7 @@ public:
     [[nodiscard]] DocumentPane& pane() { return *m_pane; }
     [[nodiscard]] SelectionPane& selectionPane() { return *m_selection; }
 
-    /// What can be done to what is chosen, for the window's menu.
-    [[nodiscard]] QList<QAction*> documentActions() const;
+    [[nodiscard]] QList<QAction*> documentActions() const override;
 
     /// Shows a document of this kind, also when a filter hides it.
     void showDocument(std::int64_t key);

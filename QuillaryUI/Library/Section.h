@@ -1,10 +1,13 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
 #include <cstdint>
+
+class QAction;
 
 namespace Quillary {
 
@@ -24,6 +27,9 @@ public:
 
     /// Saves what was typed and not saved yet.
     virtual void flush() {}
+
+    /// What can be done to what is chosen, for the window's menu.
+    [[nodiscard]] virtual QList<QAction*> documentActions() const { return {}; }
 
     /// Another day has begun.
     virtual void refreshDay() {}

@@ -1,13 +1,11 @@
 // What stands in the menus, and what their keys do.
 #include "QuillaryCore/Store/Context.h"
-#include "QuillaryUI/Documents/DocumentPane.h"
-#include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Main/KeysDialog.h"
 #include "QuillaryUI/Main/MainWindow.h"
 #include "QuillaryUI/Main/QuickOpen.h"
 #include "QuillaryUI/Main/SectionDeck.h"
-#include "QuillaryUI/Reports/ReportsSection.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -70,8 +68,8 @@ void MainWindow::buildMenus()
 void MainWindow::showKeys()
 {
     QList<QAction*> known;
-    if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
-        known = documents->documentActions();
+    if (const Section* front = m_deck->current()) {
+        known = front->documentActions();
     }
     for (const QAction* menu : menuBar()->actions()) {
         for (QAction* action : menu->menu()->actions()) {
@@ -88,10 +86,8 @@ void MainWindow::buildDocumentMenu(QMenu& menu)
 {
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         menu.clear();
-        if (auto* documents = qobject_cast<DocumentsSection*>(m_deck->current())) {
-            menu.addActions(documents->documentActions());
-        } else if (auto* reports = qobject_cast<ReportsSection*>(m_deck->current())) {
-            menu.addActions(reports->reportActions());
+        if (const Section* front = m_deck->current()) {
+            menu.addActions(front->documentActions());
         }
         if (menu.isEmpty()) {
             menu.addAction(tr("No document is chosen"))->setEnabled(false);

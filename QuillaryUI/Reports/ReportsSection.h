@@ -40,8 +40,7 @@ public:
     [[nodiscard]] QStringList pageNames() const override;
     void showPage(const QString& name) override;
 
-    /// What can be done with the report, for a menu.
-    [[nodiscard]] QList<QAction*> reportActions() const { return m_actions; }
+    [[nodiscard]] QList<QAction*> documentActions() const override { return m_actions; }
 
     /// Shows another report.
     void showReport(ReportOrder::Kind kind);

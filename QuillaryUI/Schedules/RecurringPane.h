@@ -2,10 +2,14 @@
 
 #include "QuillaryUI/Library/LibraryAccess.h"
 
+#include <QList>
 #include <QWidget>
 
 #include <cstdint>
+#include <optional>
 
+class QAction;
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -13,7 +17,9 @@ namespace Quillary {
 
 class LivePage;
 class PaperView;
+class RecurringCommands;
 struct Document;
+struct OwedInvoice;
 
 /// One recurring invoice: its schedule in words, the next dates, and its page.
 class RecurringPane : public QWidget
@@ -28,21 +34,30 @@ public:
 
     void reload();
 
+    /// What can be done to it, for the window's menu and a list's keys.
+    [[nodiscard]] QList<QAction*> documentActions() const;
+    [[nodiscard]] QAction& removeAction() const;
+
 Q_SIGNALS:
+    void wantedDocument(std::int64_t key);
     void told(const QString& sentence);
     void failed(const QString& sentence);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] const Document* record() const;
     void build();
+    void buildHead();
     void showDates(const Document& recurring);
-    void showOwed();
-    void makeOwed();
-    void pauseOrResume();
+    void showOwed(const std::optional<OwedInvoice>& owed);
 
     LibraryAccess& m_library;
     std::int64_t m_template = 0;
+    RecurringCommands* m_commands;
     QWidget* m_head;
+    QBoxLayout* m_row;
     QLabel* m_name;
     QLabel* m_schedule;
     QLabel* m_dates;

@@ -4,12 +4,15 @@
 #include "QuillaryUI/Schedules/RecurringModel.h"
 #include "QuillaryUI/Schedules/RecurringPane.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTableView>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Quillary {
 
@@ -29,10 +32,16 @@ RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
     setObjectName(QStringLiteral("recurring"));
     build();
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &RecurringSection::choose);
-    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { m_isRestoring = true; });
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        m_isRestoring = true;
+        m_row = m_table->currentIndex().row();
+    });
     connect(m_model, &QAbstractItemModel::modelReset, this, &RecurringSection::restore);
+    connect(m_pane, &RecurringPane::wantedDocument, this, &RecurringSection::showTemplate);
     connect(m_pane, &RecurringPane::told, this, &RecurringSection::told);
     connect(m_pane, &RecurringPane::failed, this, &RecurringSection::failed);
+    addActions(documentActions()); // their keys work in the list, too
+    m_table->addAction(&m_pane->removeAction());
     restore();
 }
 
@@ -66,25 +75,33 @@ void RecurringSection::choose()
     }
 }
 
-/// After the rows were told anew: the same stays chosen; if it is gone, the first takes its place.
+/// After the rows were told anew: the same stays chosen; if it is gone, the one below takes its place.
 void RecurringSection::restore()
 {
     m_isRestoring = true;
     const int count = m_model->rowCount();
     m_pages->setCurrentIndex(count == 0 ? 1 : 0);
-    const std::optional<int> row = m_model->rowOf(m_chosen);
-    m_chosen = count == 0 ? 0 : m_model->key(row.value_or(0));
-    m_table->setCurrentIndex(m_model->index(row.value_or(0), 0));
+    const int row = m_model->rowOf(m_chosen).value_or(std::clamp(m_row, 0, std::max(count - 1, 0)));
+    m_chosen = count == 0 ? 0 : m_model->key(row);
+    m_table->setCurrentIndex(m_model->index(row, 0));
     m_isRestoring = false;
     m_pane->setTemplate(m_chosen);
 }
 
 void RecurringSection::showTemplate(std::int64_t key)
 {
+    if (!m_model->rowOf(key)) {
+        m_model->reload(); // it was only just made
+    }
     if (const std::optional<int> row = m_model->rowOf(key)) {
         m_table->setCurrentIndex(m_model->index(*row, 0));
         m_table->scrollTo(m_model->index(*row, 0));
     }
+}
+
+QList<QAction*> RecurringSection::documentActions() const
+{
+    return m_pane->documentActions();
 }
 
 void RecurringSection::refreshDay()

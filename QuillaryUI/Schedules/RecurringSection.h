@@ -22,6 +22,7 @@ public:
     explicit RecurringSection(LibraryAccess& library, QWidget* parent = nullptr);
 
     void showTemplate(std::int64_t key);
+    [[nodiscard]] QList<QAction*> documentActions() const override;
     void refreshDay() override;
 
 private:
@@ -34,6 +35,7 @@ private:
     RecurringPane* m_pane;
     QStackedWidget* m_pages;
     std::int64_t m_chosen = 0;
+    int m_row = 0; ///< where it stood before the rows were told anew
     bool m_isRestoring = false;
 };
 

@@ -38,6 +38,7 @@ inline constexpr std::array words = {
     QT_TRANSLATE_NOOP("Core", "Project"),
     QT_TRANSLATE_NOOP("Core", "Make Recurring"),
     QT_TRANSLATE_NOOP("Core", "Change Recurring Invoice"),
+    QT_TRANSLATE_NOOP("Core", "Delete Recurring Invoice"),
     QT_TRANSLATE_NOOP("Core", "Recurring invoice"),
     QT_TRANSLATE_NOOP("Core", "Import clients"),
     // kinds

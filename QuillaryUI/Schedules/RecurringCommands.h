@@ -1,0 +1,70 @@
+#pragma once
+
+#include "QuillaryUI/Library/LibraryAccess.h"
+
+#include <QKeySequence>
+#include <QList>
+#include <QObject>
+
+#include <cstdint>
+#include <optional>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+namespace Quillary {
+
+struct Document;
+
+/// What can be done to the recurring invoice that a pane shows: its actions with their keys, and the menu of them.
+class RecurringCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The keys work within `pane`, which owns this and has the questions above it.
+    RecurringCommands(LibraryAccess& library, QWidget& pane);
+
+    /// 0: there is none.
+    void setTemplate(std::int64_t key) { m_template = key; }
+
+    /// Offers what it allows. Null: nothing. `isOwed`: an invoice is due and not made.
+    void offer(const Document* recurring, bool isOwed);
+
+    [[nodiscard]] QList<QAction*> actions() const { return m_actions; }
+    [[nodiscard]] QMenu& menu() const { return *m_menu; }
+    /// Those that a pane has buttons for.
+    [[nodiscard]] QAction& makeAction() const { return *m_make; }
+    [[nodiscard]] QAction& pauseAction() const { return *m_pause; }
+    /// Its key is meant for a list: there it is added, too.
+    [[nodiscard]] QAction& removeAction() const { return *m_remove; }
+
+Q_SIGNALS:
+    void wantedDocument(std::int64_t key);
+    void told(const QString& sentence);
+    void failed(const QString& sentence);
+
+private:
+    using Run = void (RecurringCommands::*)();
+
+    QAction* add(const QString& text, const char* name, const QKeySequence& keys, Run run);
+    [[nodiscard]] const Document* record() const;
+    [[nodiscard]] QString name() const;
+    void makeOwed();
+    void pauseOrResume();
+    void duplicate();
+    void remove();
+    void showResult(const std::optional<QString>& refusal, const QString& success);
+
+    LibraryAccess& m_library;
+    QWidget& m_pane;
+    std::int64_t m_template = 0;
+    QMenu* m_menu;
+    QList<QAction*> m_actions;
+    QAction* m_make = nullptr;
+    QAction* m_pause = nullptr;
+    QAction* m_remove = nullptr;
+};
+
+} // namespace Quillary
