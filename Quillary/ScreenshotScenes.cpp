@@ -169,6 +169,8 @@ void ScreenshotScenes::drawOthers(MainWindow& window)
         return file.fileName();
     });
     drawSheet("import", "importClients", window);
+    window.showSection(QStringLiteral("recurring"));
+    drawSheet("schedule", "scheduleRecurring", window);
     window.showSection(QStringLiteral("time"));
     drawSheet("time-entry", "addTime", window);
     drawSheet("invoice-time", "invoiceTime", window);

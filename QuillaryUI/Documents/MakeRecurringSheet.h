@@ -5,18 +5,13 @@
 
 #include <cstdint>
 
-class QCheckBox;
-class QComboBox;
-class QDateEdit;
-class QLabel;
-class QSpinBox;
-
 namespace Quillary {
 
+class RecurringForm;
+struct Document;
 struct RecurringChoices;
 
-/// Makes a recurring invoice of an invoice, which stays as it is. Below the answers stands what follows from them: the
-/// schedule in words and its next five dates.
+/// Makes a recurring invoice of an invoice, which stays as it is.
 class MakeRecurringSheet : public Sheet
 {
     Q_OBJECT
@@ -30,22 +25,12 @@ Q_SIGNALS:
     void made(std::int64_t key);
 
 private:
-    void build();
-    void showDates();
-    [[nodiscard]] RecurringChoices choices() const;
+    [[nodiscard]] const Document& repeat(const RecurringChoices& choices) const;
     [[nodiscard]] std::optional<QString> make();
 
     LibraryAccess& m_library;
     std::int64_t m_invoice;
-    QSpinBox* m_interval;
-    QComboBox* m_unit;
-    QDateEdit* m_next;
-    QComboBox* m_end;
-    QSpinBox* m_count;
-    QDateEdit* m_lastDay;
-    QCheckBox* m_createsSent;
-    QLabel* m_dates;
-    bool m_hasOwnDate = false; ///< the first date was chosen, not reckoned
+    RecurringForm* m_form;
 };
 
 } // namespace Quillary

@@ -85,6 +85,14 @@ void Sheet::open(QWidget* firstField)
     }
 }
 
+void Sheet::fit()
+{
+    if (isVisible()) {
+        m_body->activate();
+        place();
+    }
+}
+
 void Sheet::place()
 {
     const QWidget* host = parentWidget();

@@ -38,6 +38,9 @@ public:
     [[nodiscard]] QVBoxLayout& body() { return *m_body; }
     [[nodiscard]] QPushButton& answerButton() { return *m_accept; }
 
+    /// Takes the height that its questions need now, after some of them came or went.
+    void fit();
+
     /// Slides in and takes the keyboard, which goes back to where it was when the sheet goes.
     void open(QWidget* firstField);
 

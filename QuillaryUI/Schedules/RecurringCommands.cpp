@@ -8,6 +8,7 @@
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Look/CoreText.h"
+#include "QuillaryUI/Schedules/ScheduleSheet.h"
 
 #include <QAction>
 #include <QMenu>
@@ -20,15 +21,18 @@
 
 namespace Quillary {
 
-RecurringCommands::RecurringCommands(LibraryAccess& library, QWidget& pane)
+RecurringCommands::RecurringCommands(LibraryAccess& library, QWidget& pane, QWidget* host)
     : QObject(&pane)
     , m_library(library)
     , m_pane(pane)
+    , m_host(host)
     , m_menu(new QMenu(&pane))
 {
     const auto keys = [](const char* typed) {
         return QKeySequence(QString::fromLatin1(typed));
     };
+    m_schedule =
+        add(tr("Schedule and Client…"), "changeSchedule", keys("Ctrl+E"), &RecurringCommands::changeSchedule);
     m_make = add(tr("Make Now"), "makeOwed", keys("Ctrl+I"), &RecurringCommands::makeOwed);
     m_pause = add(tr("Pause"), "pause", keys("Ctrl+Shift+P"), &RecurringCommands::pauseOrResume);
     add(tr("Duplicate"), "duplicateRecurring", keys("Ctrl+D"), &RecurringCommands::duplicate);
@@ -84,6 +88,17 @@ void RecurringCommands::showResult(const std::optional<QString>& refusal, const 
     } else {
         Q_EMIT told(success);
     }
+}
+
+void RecurringCommands::changeSchedule()
+{
+    auto* sheet = new ScheduleSheet(m_library, m_template, m_host);
+    connect(sheet, &ScheduleSheet::answered, this, [this] {
+        if (record() != nullptr) {
+            Q_EMIT told(tr("%1 was changed.").arg(name()));
+        }
+    });
+    sheet->begin();
 }
 
 /// Also what others owe: there is one run for all, and its numbers follow their dates.

@@ -23,8 +23,8 @@ class RecurringCommands : public QObject
     Q_OBJECT
 
 public:
-    /// The keys work within `pane`, which owns this and has the questions above it.
-    RecurringCommands(LibraryAccess& library, QWidget& pane);
+    /// The keys work within `pane`, which owns this. Over `host` sheets have room; it outlives the pane.
+    RecurringCommands(LibraryAccess& library, QWidget& pane, QWidget* host);
 
     /// 0: there is none.
     void setTemplate(std::int64_t key) { m_template = key; }
@@ -35,6 +35,7 @@ public:
     [[nodiscard]] QList<QAction*> actions() const { return m_actions; }
     [[nodiscard]] QMenu& menu() const { return *m_menu; }
     /// Those that a pane has buttons for.
+    [[nodiscard]] QAction& scheduleAction() const { return *m_schedule; }
     [[nodiscard]] QAction& makeAction() const { return *m_make; }
     [[nodiscard]] QAction& pauseAction() const { return *m_pause; }
     /// Its key is meant for a list: there it is added, too.
@@ -51,6 +52,7 @@ private:
     QAction* add(const QString& text, const char* name, const QKeySequence& keys, Run run);
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] QString name() const;
+    void changeSchedule();
     void makeOwed();
     void pauseOrResume();
     void duplicate();
@@ -59,9 +61,11 @@ private:
 
     LibraryAccess& m_library;
     QWidget& m_pane;
+    QWidget* m_host;
     std::int64_t m_template = 0;
     QMenu* m_menu;
     QList<QAction*> m_actions;
+    QAction* m_schedule = nullptr;
     QAction* m_make = nullptr;
     QAction* m_pause = nullptr;
     QAction* m_remove = nullptr;

@@ -8,7 +8,7 @@
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Schedules/OwedInvoice.h"
-#include "QuillaryUI/Schedules/RhythmText.h"
+#include "QuillaryUI/Documents/RhythmText.h"
 
 #include <algorithm>
 

@@ -13,7 +13,7 @@
 #include "QuillaryUI/Paper/PaperView.h"
 #include "QuillaryUI/Schedules/OwedInvoice.h"
 #include "QuillaryUI/Schedules/RecurringCommands.h"
-#include "QuillaryUI/Schedules/RhythmText.h"
+#include "QuillaryUI/Documents/RhythmText.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -36,13 +36,14 @@ constexpr int leastForOneRow = 600;
 RecurringPane::RecurringPane(LibraryAccess& library, QWidget* parent)
     : QWidget(parent)
     , m_library(library)
-    , m_commands(new RecurringCommands(library, *this))
+    , m_commands(new RecurringCommands(library, *this, parent))
     , m_head(new QWidget(this))
     , m_row(new QBoxLayout(QBoxLayout::LeftToRight, m_head))
     , m_name(Lettering::label(m_head, "recurringName", nameSize, QFont::Bold))
     , m_schedule(new QLabel(this))
     , m_dates(new QLabel(this))
     , m_owed(new QLabel(this))
+    , m_change(new QPushButton(tr("Schedule…"), m_head))
     , m_make(new QPushButton(m_head))
     , m_pause(new QPushButton(m_head))
     , m_paper(new PaperView(library.press(), this))
@@ -50,6 +51,7 @@ RecurringPane::RecurringPane(LibraryAccess& library, QWidget* parent)
 {
     setObjectName(QStringLiteral("recurringPane"));
     build();
+    connect(m_change, &QPushButton::clicked, &m_commands->scheduleAction(), &QAction::trigger);
     connect(m_make, &QPushButton::clicked, &m_commands->makeAction(), &QAction::trigger);
     connect(m_pause, &QPushButton::clicked, &m_commands->pauseAction(), &QAction::trigger);
     connect(m_commands, &RecurringCommands::wantedDocument, this, &RecurringPane::wantedDocument);
@@ -78,6 +80,7 @@ void RecurringPane::buildHead()
     m_owed->setObjectName(QStringLiteral("recurringOwed"));
     m_owed->setWordWrap(true);
     m_owed->setTextFormat(Qt::PlainText);
+    m_change->setObjectName(QStringLiteral("scheduleRecurring"));
     m_make->setObjectName(QStringLiteral("makeRecurringNow"));
     m_pause->setObjectName(QStringLiteral("pauseRecurring"));
     auto* words = new QVBoxLayout;
@@ -95,6 +98,7 @@ void RecurringPane::buildHead()
     more->setMenu(&m_commands->menu());
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(border / 2);
+    buttons->addWidget(m_change);
     buttons->addWidget(m_make);
     buttons->addWidget(m_pause);
     buttons->addWidget(more);

@@ -27,7 +27,8 @@ class RecurringPane : public QWidget
     Q_OBJECT
 
 public:
-    explicit RecurringPane(LibraryAccess& library, QWidget* parent = nullptr);
+    /// Its sheets slide in over the parent that it is made with.
+    RecurringPane(LibraryAccess& library, QWidget* parent);
 
     /// 0: nothing is chosen.
     void setTemplate(std::int64_t key);
@@ -62,6 +63,7 @@ private:
     QLabel* m_schedule;
     QLabel* m_dates;
     QLabel* m_owed;
+    QPushButton* m_change;
     QPushButton* m_make;
     QPushButton* m_pause;
     PaperView* m_paper;

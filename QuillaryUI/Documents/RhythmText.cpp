@@ -1,4 +1,4 @@
-#include "QuillaryUI/Schedules/RhythmText.h"
+#include "QuillaryUI/Documents/RhythmText.h"
 
 #include "QuillaryCore/Schedules/Recurrence.h"
 #include "QuillaryCore/Schedules/RecurrenceEnd.h"
