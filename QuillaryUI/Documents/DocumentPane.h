@@ -6,19 +6,15 @@
 #include <QWidget>
 
 #include <cstdint>
-#include <optional>
 
 class QAction;
 class QLabel;
-class QSplitter;
 
 namespace Quillary {
 
 class DocumentCommands;
 class DocumentHead;
-class DraftEditor;
-class LivePage;
-class PaperView;
+class EditedPage;
 struct Document;
 
 /// One document: its page and what can be done to it. While a draft is edited its editor stands beside the page, and the
@@ -37,7 +33,7 @@ public:
     /// Opens the editor of a draft and puts the keyboard into it. Nothing for what is no draft.
     void beginEditing();
     void endEditing();
-    [[nodiscard]] bool isEditing() const { return m_isEditing; }
+    [[nodiscard]] bool isEditing() const;
     void flush();
     /// What would be lost if the program ended now, as a sentence. Empty: nothing.
     [[nodiscard]] QString unsavedWork() const;
@@ -63,20 +59,14 @@ private:
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] bool isDraft() const;
     void build();
-    void makeEditor();
     void connectCommands();
     void reload();
-    [[nodiscard]] std::optional<PageJob> page();
 
     LibraryAccess& m_library;
     std::int64_t m_document = 0;
-    bool m_isEditing = false;
     DocumentCommands* m_commands;
     DocumentHead* m_head;
-    PaperView* m_paper;
-    LivePage* m_page;
-    DraftEditor* m_editor = nullptr; ///< made when somebody first edits
-    QSplitter* m_split;
+    EditedPage* m_content;
     QLabel* m_empty;
 };
 

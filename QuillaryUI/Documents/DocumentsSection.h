@@ -50,8 +50,7 @@ public:
 
     void find() override;
     void flush() override;
-    /// What the library couldn't take yet and would be lost if the program ended now, as a sentence. Empty: nothing.
-    [[nodiscard]] QString unsavedWork() const;
+    [[nodiscard]] QString unsavedWork() const override;
     void refreshDay() override;
 
     /// Shows only those of a status. Empty code: in every currency; also below.

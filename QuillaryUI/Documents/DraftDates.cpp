@@ -86,10 +86,13 @@ void DraftDates::fill(const Document& draft)
 {
     const Formats& formats = m_desk.library().formats();
     const bool isQuote = kind(draft) == DocumentKind::quote;
-    const bool isInvoice = kind(draft).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+    const bool isTemplate = kind(draft) == DocumentKind::recurring; // its schedule says when, and what for
+    const bool isInvoice = isTemplate || kind(draft).value_or(DocumentKind::invoice) == DocumentKind::invoice;
     if (draft.issueDate && !m_fields.isKept(*m_issueDate)) {
         m_issueDate->setDate(formats.qDate(*draft.issueDate));
     }
+    m_form.setRowVisible(m_issueDate, !isTemplate);
+    m_form.setRowVisible(m_serviceDate, !isTemplate);
     m_form.setRowVisible(m_termsRow, isInvoice);
     m_form.setRowVisible(m_validUntil, isQuote);
     if (!m_fields.isKept(*m_terms)) {

@@ -95,7 +95,7 @@ void DraftDesk::retry()
 std::optional<QString> DraftDesk::change(const QString& name, const JSON& arguments)
 {
     return perform(name, [&library = m_library, arguments](const Document& draft) {
-        DocumentSession::open(library.environment(), draft).apply(Arguments(arguments));
+        DocumentSession::openForUser(library.environment(), draft).apply(Arguments(arguments));
     });
 }
 
@@ -164,7 +164,7 @@ void DraftDesk::look(const Work& look)
 bool DraftDesk::preview(const JSON& arguments, const Work& look)
 {
     return document() != nullptr && tryOut([&](const Document& draft) {
-               DocumentSession session = DocumentSession::open(m_library.environment(), draft);
+               DocumentSession session = DocumentSession::openForUser(m_library.environment(), draft);
                session.apply(Arguments(arguments));
                look(session.document());
            });

@@ -165,12 +165,6 @@ void RecurringForm::touch(const QObject* field)
     }
 }
 
-void RecurringForm::forget()
-{
-    m_chosen.clear();
-    refresh();
-}
-
 QWidget* RecurringForm::firstField() const
 {
     return m_client->client() == 0 ? static_cast<QWidget*>(m_client) : m_interval;
@@ -251,20 +245,20 @@ void RecurringForm::show(const Document& recurring)
     } else {
         unlessChosen(m_unit, [&] { m_unit->setCurrentIndex(-1); });
     }
-    unlessChosen(m_next, [&] {
-        m_next->setDate(formats.qDate(recurring.nextIssueDate.value_or(m_library.now())));
-    });
+    unlessChosen(m_next, [&] { m_next->setDate(formats.qDate(recurring.nextIssueDate.value_or(m_library.now()))); });
     unlessChosen(m_end, [&] { showEnd(recurring); });
     unlessChosen(m_period, [&] { m_period->setCurrentIndex(m_period->findData(int(billingPeriod(recurring)))); });
     unlessChosen(m_createsSent, [&] { m_createsSent->setChecked(recurring.recurringCreatesSent); });
 
     QStringList dates;
     for (const CalendarDate day : RecurringTemplate::nextDates(recurring, shownDates, calendar)) {
-        dates.push_back(text(formats.locale().formatDate(day)).replace(QChar(u' '), QChar(QChar::Nbsp))); // in one piece
+        dates.push_back(
+            text(formats.locale().formatDate(day)).replace(QChar(u' '), QChar(QChar::Nbsp))); // in one piece
     }
-    m_dates->setText(dates.isEmpty() ? tr("%1: no more invoices are made.").arg(RhythmText::sentence(recurring, formats))
-                                     : tr("%1: %2").arg(RhythmText::sentence(recurring, formats),
-                                                        dates.join(QStringLiteral(" · "))));
+    m_dates->setText(
+        dates.isEmpty()
+            ? tr("%1: no more invoices are made.").arg(RhythmText::sentence(recurring, formats))
+            : tr("%1: %2").arg(RhythmText::sentence(recurring, formats), dates.join(QStringLiteral(" · "))));
 }
 
 void RecurringForm::showEnd(const Document& recurring)

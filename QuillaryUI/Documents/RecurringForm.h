@@ -43,9 +43,6 @@ public:
     /// Shows what would be.
     void refresh();
 
-    /// Nothing was chosen: another document is asked about.
-    void forget();
-
     /// Does it. No value: done, and `key` is that of the template; else the sentence that says why not.
     [[nodiscard]] std::optional<QString> carryOut(std::int64_t& key) const;
 

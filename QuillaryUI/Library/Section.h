@@ -28,6 +28,9 @@ public:
     /// Saves what was typed and not saved yet.
     virtual void flush() {}
 
+    /// What the library couldn't take yet and would be lost if the program ended now, as a sentence. Empty: nothing.
+    [[nodiscard]] virtual QString unsavedWork() const { return {}; }
+
     /// What can be done to what is chosen, for the window's menu.
     [[nodiscard]] virtual QList<QAction*> documentActions() const { return {}; }
 

@@ -397,7 +397,7 @@ void MainWindow::restoreLayout()
 /// What waits for the library, or was refused and is kept in its form. Empty: nothing.
 QString MainWindow::unsavedWork() const
 {
-    for (const DocumentsSection* section : findChildren<DocumentsSection*>()) {
+    for (const Section* section : m_deck->made()) {
         if (QString waiting = section->unsavedWork(); !waiting.isEmpty()) {
             return waiting;
         }

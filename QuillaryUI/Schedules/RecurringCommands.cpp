@@ -7,6 +7,7 @@
 #include "QuillaryCore/Schedules/RecurringSetup.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
+#include "QuillaryUI/Documents/ClientSheet.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Schedules/ScheduleSheet.h"
 
@@ -31,13 +32,16 @@ RecurringCommands::RecurringCommands(LibraryAccess& library, QWidget& pane, QWid
     const auto keys = [](const char* typed) {
         return QKeySequence(QString::fromLatin1(typed));
     };
-    m_schedule =
-        add(tr("Schedule and Client…"), "changeSchedule", keys("Ctrl+E"), &RecurringCommands::changeSchedule);
+    m_edit = add(tr("Edit"), "editTemplate", QKeySequence(Qt::Key_Return), &RecurringCommands::edit);
+    m_edit->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    m_schedule = add(tr("Schedule and Client…"), "changeSchedule", keys("Ctrl+E"), &RecurringCommands::changeSchedule);
     m_make = add(tr("Make Now"), "makeOwed", keys("Ctrl+I"), &RecurringCommands::makeOwed);
     m_pause = add(tr("Pause"), "pause", keys("Ctrl+Shift+P"), &RecurringCommands::pauseOrResume);
     add(tr("Duplicate"), "duplicateRecurring", keys("Ctrl+D"), &RecurringCommands::duplicate);
     m_remove = add(tr("Delete…"), "deleteRecurring", QKeySequence::Delete, &RecurringCommands::remove);
-    m_remove->setShortcutContext(Qt::WidgetShortcut); // what is deleted in a field is a letter
+    for (QAction* action : listActions()) { // in a field these keys are for the text
+        action->setShortcutContext(Qt::WidgetShortcut);
+    }
     m_menu->addActions(m_actions);
 }
 
@@ -50,6 +54,7 @@ QAction* RecurringCommands::add(const QString& text, const char* name, const QKe
     m_pane.addAction(action);
     m_actions.push_back(action);
     connect(action, &QAction::triggered, this, [this, run] {
+        Q_EMIT starting();
         if (record() != nullptr) {
             (this->*run)();
         }
@@ -88,6 +93,18 @@ void RecurringCommands::showResult(const std::optional<QString>& refusal, const 
     } else {
         Q_EMIT told(success);
     }
+}
+
+void RecurringCommands::edit()
+{
+    Q_EMIT wantedEditor();
+}
+
+void RecurringCommands::askForClient(const QString& name)
+{
+    auto* sheet = new ClientSheet(m_library, name, m_host);
+    connect(sheet, &ClientSheet::made, this, &RecurringCommands::madeClient);
+    sheet->begin();
 }
 
 void RecurringCommands::changeSchedule()
@@ -162,9 +179,9 @@ void RecurringCommands::remove()
     const QString name = this->name();
     QMessageBox question(
         QMessageBox::Question, tr("Delete Recurring Invoice"), tr("Delete %1?").arg(name), {}, &m_pane);
-    question.setObjectName(QStringLiteral("deleteRecurringQuestion"));
     question.setInformativeText(tr("The invoices that were made from it stay. Undo brings it back."));
-    const QPushButton* yes = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    QPushButton* yes = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    yes->setObjectName(QStringLiteral("deleteRecurringYes"));
     question.addButton(QMessageBox::Cancel);
     question.exec();
     if (question.clickedButton() == yes && record() != nullptr) {

@@ -38,10 +38,18 @@ public:
     [[nodiscard]] QAction& scheduleAction() const { return *m_schedule; }
     [[nodiscard]] QAction& makeAction() const { return *m_make; }
     [[nodiscard]] QAction& pauseAction() const { return *m_pause; }
-    /// Its key is meant for a list: there it is added, too.
-    [[nodiscard]] QAction& removeAction() const { return *m_remove; }
+    /// Those whose keys are meant for a list: there they are added, too.
+    [[nodiscard]] QList<QAction*> listActions() const { return {m_edit, m_remove}; }
+
+    /// A new client of this name for the template that is edited.
+    void askForClient(const QString& name);
 
 Q_SIGNALS:
+    /// Something is about to be done: what is typed and not saved yet is to be saved.
+    void starting();
+    void wantedEditor();
+    /// The client that was asked for is there.
+    void madeClient(const QString& id);
     void wantedDocument(std::int64_t key);
     void told(const QString& sentence);
     void failed(const QString& sentence);
@@ -52,6 +60,7 @@ private:
     QAction* add(const QString& text, const char* name, const QKeySequence& keys, Run run);
     [[nodiscard]] const Document* record() const;
     [[nodiscard]] QString name() const;
+    void edit();
     void changeSchedule();
     void makeOwed();
     void pauseOrResume();
@@ -65,6 +74,7 @@ private:
     std::int64_t m_template = 0;
     QMenu* m_menu;
     QList<QAction*> m_actions;
+    QAction* m_edit = nullptr;
     QAction* m_schedule = nullptr;
     QAction* m_make = nullptr;
     QAction* m_pause = nullptr;

@@ -5,10 +5,10 @@
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Schedules/RecurringInvoices.h"
+#include "QuillaryUI/Documents/RhythmText.h"
 #include "QuillaryUI/Look/CoreText.h"
 #include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Schedules/OwedInvoice.h"
-#include "QuillaryUI/Documents/RhythmText.h"
 
 #include <algorithm>
 

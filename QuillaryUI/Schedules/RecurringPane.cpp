@@ -6,17 +6,16 @@
 #include "QuillaryCore/Model/Document.h"
 #include "QuillaryCore/Schedules/RecurringTemplate.h"
 #include "QuillaryCore/Store/Context.h"
-#include "QuillaryUI/Library/DocumentPage.h"
+#include "QuillaryUI/Documents/EditedPage.h"
+#include "QuillaryUI/Documents/RhythmText.h"
 #include "QuillaryUI/Look/Lettering.h"
 #include "QuillaryUI/Look/Theme.h"
-#include "QuillaryUI/Paper/LivePage.h"
-#include "QuillaryUI/Paper/PaperView.h"
 #include "QuillaryUI/Schedules/OwedInvoice.h"
 #include "QuillaryUI/Schedules/RecurringCommands.h"
-#include "QuillaryUI/Documents/RhythmText.h"
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
@@ -43,17 +42,31 @@ RecurringPane::RecurringPane(LibraryAccess& library, QWidget* parent)
     , m_schedule(new QLabel(this))
     , m_dates(new QLabel(this))
     , m_owed(new QLabel(this))
+    , m_edit(new QPushButton(m_head))
     , m_change(new QPushButton(tr("Schedule…"), m_head))
     , m_make(new QPushButton(m_head))
     , m_pause(new QPushButton(m_head))
-    , m_paper(new PaperView(library.press(), this))
-    , m_page(new LivePage(library.press(), *m_paper))
+    , m_content(new EditedPage(library, this))
 {
     setObjectName(QStringLiteral("recurringPane"));
     build();
+    listen();
+}
+
+void RecurringPane::listen()
+{
+    connect(m_edit, &QPushButton::clicked, this, [this] { m_content->isEditing() ? endEditing() : beginEditing(); });
     connect(m_change, &QPushButton::clicked, &m_commands->scheduleAction(), &QAction::trigger);
     connect(m_make, &QPushButton::clicked, &m_commands->makeAction(), &QAction::trigger);
     connect(m_pause, &QPushButton::clicked, &m_commands->pauseAction(), &QAction::trigger);
+    connect(m_commands, &RecurringCommands::starting, this, &RecurringPane::flush);
+    connect(m_commands, &RecurringCommands::wantedEditor, this, &RecurringPane::beginEditing);
+    connect(m_commands, &RecurringCommands::madeClient, m_content, &EditedPage::setClient);
+    connect(m_content, &EditedPage::wantedClient, m_commands, &RecurringCommands::askForClient);
+    connect(m_content, &EditedPage::wantedClientRecord, this, &RecurringPane::wantedClient);
+    connect(m_content, &EditedPage::wantedSettings, this, [this] { Q_EMIT wantedSection(QStringLiteral("settings")); });
+    connect(m_content, &EditedPage::failed, this, &RecurringPane::failed);
+    connect(&m_library, &LibraryAccess::changed, this, &RecurringPane::reload); // also of its lines
     connect(m_commands, &RecurringCommands::wantedDocument, this, &RecurringPane::wantedDocument);
     connect(m_commands, &RecurringCommands::told, this, &RecurringPane::told);
     connect(m_commands, &RecurringCommands::failed, this, &RecurringPane::failed);
@@ -66,7 +79,7 @@ void RecurringPane::build()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_head);
-    column->addWidget(m_paper, 1);
+    column->addWidget(m_content, 1);
 }
 
 void RecurringPane::buildHead()
@@ -80,6 +93,7 @@ void RecurringPane::buildHead()
     m_owed->setObjectName(QStringLiteral("recurringOwed"));
     m_owed->setWordWrap(true);
     m_owed->setTextFormat(Qt::PlainText);
+    m_edit->setObjectName(QStringLiteral("editRecurring"));
     m_change->setObjectName(QStringLiteral("scheduleRecurring"));
     m_make->setObjectName(QStringLiteral("makeRecurringNow"));
     m_pause->setObjectName(QStringLiteral("pauseRecurring"));
@@ -98,6 +112,7 @@ void RecurringPane::buildHead()
     more->setMenu(&m_commands->menu());
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(border / 2);
+    buttons->addWidget(m_edit);
     buttons->addWidget(m_change);
     buttons->addWidget(m_make);
     buttons->addWidget(m_pause);
@@ -124,9 +139,49 @@ QList<QAction*> RecurringPane::documentActions() const
     return m_commands->actions();
 }
 
-QAction& RecurringPane::removeAction() const
+QList<QAction*> RecurringPane::listActions() const
 {
-    return m_commands->removeAction();
+    return m_commands->listActions();
+}
+
+void RecurringPane::beginEditing()
+{
+    if (record() == nullptr) {
+        return;
+    }
+    m_content->beginEditing();
+    reload();
+    Q_EMIT editingChanged(true);
+    m_content->beginTyping(); // now that the list has given way
+}
+
+void RecurringPane::endEditing()
+{
+    const bool wasEditing = m_content->isEditing();
+    m_content->endEditing();
+    if (wasEditing) {
+        reload();
+        Q_EMIT editingChanged(false);
+    }
+}
+
+void RecurringPane::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && m_content->isEditing()) {
+        endEditing();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void RecurringPane::flush()
+{
+    m_content->flush();
+}
+
+QString RecurringPane::unsavedWork() const
+{
+    return m_content->unsavedWork();
 }
 
 const Document* RecurringPane::record() const
@@ -137,9 +192,10 @@ const Document* RecurringPane::record() const
 void RecurringPane::setTemplate(std::int64_t key)
 {
     if (m_template != key) {
+        endEditing();
         m_template = key;
         m_commands->setTemplate(key);
-        m_page->show(documentPage(m_library, key));
+        m_content->setDocument(key);
     }
     reload();
 }
@@ -147,8 +203,13 @@ void RecurringPane::setTemplate(std::int64_t key)
 void RecurringPane::reload()
 {
     const Document* recurring = record();
+    if (recurring == nullptr && m_content->isEditing()) {
+        endEditing();
+        return;
+    }
+    m_content->reload();
     m_head->setVisible(recurring != nullptr);
-    m_paper->setVisible(recurring != nullptr);
+    m_content->setVisible(recurring != nullptr);
     const std::optional<OwedInvoice> owed =
         recurring == nullptr ? std::nullopt : OwedInvoice::of(m_library, m_template);
     recurring = record(); // looking ahead makes and takes back
@@ -162,7 +223,7 @@ void RecurringPane::reload()
     m_schedule->setText(RhythmText::sentence(*recurring, m_library.formats()));
     showDates(*recurring);
     showOwed(owed);
-    m_page->refresh();
+    m_edit->setText(m_content->isEditing() ? tr("Done") : tr("Edit"));
 }
 
 void RecurringPane::showDates(const Document& recurring)

@@ -15,8 +15,7 @@ class QPushButton;
 
 namespace Quillary {
 
-class LivePage;
-class PaperView;
+class EditedPage;
 class RecurringCommands;
 struct Document;
 struct OwedInvoice;
@@ -37,20 +36,31 @@ public:
 
     /// What can be done to it, for the window's menu and a list's keys.
     [[nodiscard]] QList<QAction*> documentActions() const;
-    [[nodiscard]] QAction& removeAction() const;
+    [[nodiscard]] QList<QAction*> listActions() const;
+
+    /// Opens the editor of its contents and puts the keyboard into it.
+    void beginEditing();
+    void endEditing();
+    void flush();
+    [[nodiscard]] QString unsavedWork() const;
 
 Q_SIGNALS:
     void wantedDocument(std::int64_t key);
+    void wantedClient(std::int64_t key);
+    void wantedSection(const QString& name);
+    void editingChanged(bool isEditing);
     void told(const QString& sentence);
     void failed(const QString& sentence);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] const Document* record() const;
     void build();
     void buildHead();
+    void listen();
     void showDates(const Document& recurring);
     void showOwed(const std::optional<OwedInvoice>& owed);
 
@@ -63,11 +73,11 @@ private:
     QLabel* m_schedule;
     QLabel* m_dates;
     QLabel* m_owed;
+    QPushButton* m_edit;
     QPushButton* m_change;
     QPushButton* m_make;
     QPushButton* m_pause;
-    PaperView* m_paper;
-    LivePage* m_page;
+    EditedPage* m_content;
 };
 
 } // namespace Quillary

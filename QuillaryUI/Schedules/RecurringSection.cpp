@@ -38,10 +38,19 @@ RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
     });
     connect(m_model, &QAbstractItemModel::modelReset, this, &RecurringSection::restore);
     connect(m_pane, &RecurringPane::wantedDocument, this, &RecurringSection::showTemplate);
+    connect(m_table, &QTableView::doubleClicked, m_pane, &RecurringPane::beginEditing);
+    connect(m_pane, &RecurringPane::editingChanged, this, [this](bool isEditing) {
+        m_table->setVisible(!isEditing);
+        if (!isEditing) {
+            m_table->setFocus(Qt::OtherFocusReason);
+        }
+    });
+    connect(m_pane, &RecurringPane::wantedClient, this, &RecurringSection::wantedClient);
+    connect(m_pane, &RecurringPane::wantedSection, this, &RecurringSection::wantedSection);
     connect(m_pane, &RecurringPane::told, this, &RecurringSection::told);
     connect(m_pane, &RecurringPane::failed, this, &RecurringSection::failed);
     addActions(documentActions()); // their keys work in the list, too
-    m_table->addAction(&m_pane->removeAction());
+    m_table->addActions(m_pane->listActions());
     restore();
 }
 
@@ -102,6 +111,16 @@ void RecurringSection::showTemplate(std::int64_t key)
 QList<QAction*> RecurringSection::documentActions() const
 {
     return m_pane->documentActions();
+}
+
+void RecurringSection::flush()
+{
+    m_pane->flush();
+}
+
+QString RecurringSection::unsavedWork() const
+{
+    return m_pane->unsavedWork();
 }
 
 void RecurringSection::refreshDay()

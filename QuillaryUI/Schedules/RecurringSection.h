@@ -24,6 +24,8 @@ public:
     void showTemplate(std::int64_t key);
     [[nodiscard]] QList<QAction*> documentActions() const override;
     void refreshDay() override;
+    void flush() override;
+    [[nodiscard]] QString unsavedWork() const override;
 
 private:
     void build();

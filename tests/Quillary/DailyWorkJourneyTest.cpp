@@ -6,9 +6,11 @@
 #include "QuillaryCore/Model/LineItem.h"
 #include "QuillaryCore/Model/Reminder.h"
 #include "QuillaryCore/Model/TimeEntry.h"
+#include "QuillaryCore/Schedules/RecurrenceUnit.h"
 #include "QuillaryCore/Store/Context.h"
 #include "QuillaryUI/Clients/ClientsSection.h"
 #include "QuillaryUI/Documents/LinesModel.h"
+#include "QuillaryUI/Schedules/RecurringModel.h"
 #include "QuillaryUI/Schedules/TimeModel.h"
 #include "tests/Quillary/WindowJourney.h"
 #include "tests/QuillaryUI/PDFReading.h"
@@ -22,6 +24,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -150,6 +153,69 @@ TEST_F(DailyWorkJourneyTest, billsWhatWasTimedAndTyped)
     EXPECT_TRUE(comesTrue([&] { return context().count<LineItem>("") == 1; }));
     EXPECT_TRUE(comesTrue([&] { return billedEntries() == 1; }));
     EXPECT_EQ(context().first<Document>("")->cachedNetMinorUnits, 100'00);
+}
+
+TEST_F(DailyWorkJourneyTest, looksAfterARecurringInvoice)
+{
+    static_cast<void>(desktop->library().perform("Template", [this] {
+        Document& monthly = context().insert<Document>();
+        monthly.kindRaw = static_cast<std::int16_t>(DocumentKind::recurring);
+        monthly.title = "Hosting";
+        monthly.currencyCode = "EUR";
+        monthly.client = addClient().ref;
+        monthly.recurrenceUnitRaw = static_cast<std::int16_t>(RecurrenceUnit::month);
+        monthly.issueDate = desktop->library().now();
+        monthly.nextIssueDate = monthly.issueDate;
+        LineItem& line = context().insert<LineItem>();
+        line.document = monthly.ref;
+        line.quantityThousandths = 1'000;
+        line.unitPriceMinorUnits = 40'00;
+    }));
+    press(Qt::Key_5);
+    ASSERT_TRUE(comesTrue([&] { return rows("recurringList") == 1; }));
+    clickRow("recurringList", 0);
+    press(Qt::Key_Return, Qt::NoModifier); // its price has risen
+    ASSERT_TRUE(comesTrue([&] { return rows("lines") == 2; }));
+    EXPECT_FALSE(find<QWidget>("issue_date").isVisible());
+    find<QAbstractItemView>("lines").model()->setData(
+        find<QAbstractItemView>("lines").model()->index(0, LinesModel::price), QStringLiteral("45"));
+    press(Qt::Key_Escape, Qt::NoModifier);
+    EXPECT_TRUE(find<QTableView>("recurringList").isVisible());
+    const Document& monthly = *context().first<Document>("");
+    EXPECT_EQ(monthly.cachedNetMinorUnits, 45'00);
+    EXPECT_EQ(monthly.number, "");
+
+    static_cast<void>(desktop->library().perform("Client", [this] { // and its client was made anew
+        context().erase(*context().first<Client>(""));
+        addClient().city = "Hamburg";
+    }));
+    ASSERT_TRUE(comesTrue([&] { return cell("recurringList", 0, RecurringModel::stateColumn) == "Can't be made"; }));
+    click("scheduleRecurring");
+    pickClient("recurringClient", "nord");
+    choose("recurringUnit", "weeks");
+    EXPECT_FALSE(find<QWidget>("recurringDay").isVisible());
+    EXPECT_TRUE(find<QLabel>("recurringPreview").text().startsWith("Every week: "));
+    click("sheetAnswer");
+    ASSERT_TRUE(comesTrue([&] { return cell("recurringList", 0, RecurringModel::stateColumn) == "Active"; }));
+    click("makeRecurringNow");
+    ASSERT_TRUE(
+        comesTrue([&] { return context().count<Document>("kindRaw = 0 AND cachedNetMinorUnits = 4500") == 1; }));
+    EXPECT_EQ(context().find(context().first<Document>("kindRaw = 0")->client)->city, "Hamburg");
+
+    QTimer asked;
+    asked.callOnTimeout([&] {
+        if (auto* yes = desktop->window().findChild<QPushButton*>("deleteRecurringYes")) {
+            yes->click();
+        }
+    });
+    asked.start(10);
+    clickRow("recurringList", 0);
+    press(Qt::Key_Delete, Qt::NoModifier);
+    EXPECT_TRUE(comesTrue([&] { return rows("recurringList") == 0; }));
+    EXPECT_EQ(context().count<Document>(""), 1) << "the invoice stays";
+    press(Qt::Key_Z);
+    EXPECT_TRUE(comesTrue([&] { return rows("recurringList") == 1; }));
+    EXPECT_EQ(context().count<LineItem>("unitPriceMinorUnits = 4500"), 2);
 }
 
 TEST_F(DailyWorkJourneyTest, remindsOfAnInvoice)

@@ -22,6 +22,9 @@ void DocumentSession::applyDates(const Arguments& arguments)
 {
     const Calendar& calendar = m_environment.calendar;
     const std::optional<CalendarDate> issueDate = arguments.date("issue_date");
+    if (issueDate && isTemplate()) {
+        arguments.refuse("issue_date", "follows from the schedule of a recurring invoice.");
+    }
     if (issueDate) {
         if (isQuote(m_document) && m_document.validUntil && m_document.issueDate) {
             const int validity = calendar.daysBetween(*m_document.issueDate, *m_document.validUntil);
@@ -58,7 +61,7 @@ void DocumentSession::applyValidity(const Arguments& arguments)
 
 void DocumentSession::applyDueDate(std::optional<Instant> oldIssueDate, std::int16_t oldTerms)
 {
-    if (!asksForPayment() || !m_document.issueDate) {
+    if (!asksForPayment() || isTemplate() || !m_document.issueDate) {
         return;
     }
     // A due date that the user picked stays until the dates that it hangs on change.

@@ -55,7 +55,12 @@ const Client* DocumentSession::client() const
 
 bool DocumentSession::asksForPayment() const
 {
-    return kind(m_document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+    return isTemplate() || kind(m_document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
+}
+
+bool DocumentSession::isTemplate() const
+{
+    return kind(m_document) == DocumentKind::recurring;
 }
 
 DocumentSession DocumentSession::create(const AssistantEnvironment& environment, std::string_view kindWord)
@@ -92,6 +97,11 @@ DocumentSession DocumentSession::open(const AssistantEnvironment& environment, c
                                          "invoices made from it can be changed while they are drafts.",
                                          Lookup::reference(document)));
     }
+    return openForUser(environment, document);
+}
+
+DocumentSession DocumentSession::openForUser(const AssistantEnvironment& environment, const Document& document)
+{
     if (status(document).value_or(DocumentStatus::draft) != DocumentStatus::draft) {
         const bool invoice = kind(document).value_or(DocumentKind::invoice) == DocumentKind::invoice;
         throw AssistantError(fmt::format(
@@ -251,6 +261,9 @@ void DocumentSession::refreshWords()
 
 void DocumentSession::applyNumber(const std::optional<Instant>& oldIssueDate, const Client* oldClient)
 {
+    if (isTemplate()) {
+        return;
+    }
     const Desk desk{m_environment.context, business(), m_environment.calendar};
     const Instant date = m_document.issueDate.value_or(m_environment.clock.now());
     if (!m_document.number.empty()) {

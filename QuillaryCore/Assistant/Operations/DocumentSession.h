@@ -37,6 +37,10 @@ public:
     /// is a recurring template, which counts no number and is sent to nobody.
     [[nodiscard]] static DocumentSession open(const AssistantEnvironment& environment, const Document& document);
 
+    /// The same for the user, who also changes what a recurring template holds. Its date is that of its schedule, it has
+    /// no due date and gets no number.
+    [[nodiscard]] static DocumentSession openForUser(const AssistantEnvironment& environment, const Document& document);
+
     /// Applies all arguments, numbers the document and brings its figures up to date. Beside those that are offered to
     /// assistants, the window uses "valid_until" (a quote's last day) and "add_fees", "change_fees" and "remove_fees",
     /// made like those of lines: "fee" is its number, "title", "amount" and "tax_rate" say what it is, "place" where it
@@ -113,8 +117,10 @@ private:
 
     [[nodiscard]] const Business& business() const;
     [[nodiscard]] const Client* client() const;
-    /// Only invoices ask for money, and so have terms and a due date. A kind that can't be read counts as one.
+    /// Only invoices ask for money, and so have terms and a due date; a template has the terms of its invoices. A kind
+    /// that can't be read counts as an invoice.
     [[nodiscard]] bool asksForPayment() const;
+    [[nodiscard]] bool isTemplate() const;
     [[nodiscard]] std::int32_t defaultRate() const;
     [[nodiscard]] std::int32_t nextSortIndex() const;
     [[nodiscard]] std::string ownReason() const;
