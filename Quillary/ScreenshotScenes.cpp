@@ -10,6 +10,7 @@
 #include "QuillaryUI/Clients/ClientsSection.h"
 #include "QuillaryUI/Documents/DocumentPane.h"
 #include "QuillaryUI/Documents/DocumentsSection.h"
+#include "QuillaryUI/Library/Section.h"
 #include "QuillaryUI/Look/Sheet.h"
 #include "QuillaryUI/Main/FirstStart.h"
 #include "QuillaryUI/Main/MainWindow.h"
@@ -170,7 +171,10 @@ void ScreenshotScenes::drawOthers(MainWindow& window)
     });
     drawSheet("import", "importClients", window);
     window.showSection(QStringLiteral("recurring"));
+    drawSheet("recurring-new", "newRecurring", window);
     drawSheet("schedule", "scheduleRecurring", window);
+    drawSheet("recurring-editor", "editRecurring", window); // no sheet: it stands beside the page
+    window.section(QStringLiteral("recurring"))->findChild<QAbstractButton*>(QStringLiteral("editRecurring"))->click();
     window.showSection(QStringLiteral("time"));
     drawSheet("time-entry", "addTime", window);
     drawSheet("invoice-time", "invoiceTime", window);

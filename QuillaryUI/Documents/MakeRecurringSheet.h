@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+class QComboBox;
+
 namespace Quillary {
 
 class RecurringForm;
@@ -17,7 +19,11 @@ class MakeRecurringSheet : public Sheet
     Q_OBJECT
 
 public:
+    /// `invoice` 0: one of those that are there, which is asked first.
     MakeRecurringSheet(LibraryAccess& library, std::int64_t invoice, QWidget* host);
+
+    /// Whether there is an invoice that one could be made of.
+    [[nodiscard]] static bool isPossible(const LibraryAccess& library);
 
     void begin();
 
@@ -25,11 +31,13 @@ Q_SIGNALS:
     void made(std::int64_t key);
 
 private:
+    void addInvoices();
     [[nodiscard]] const Document& repeat(const RecurringChoices& choices) const;
     [[nodiscard]] std::optional<QString> make();
 
     LibraryAccess& m_library;
     std::int64_t m_invoice;
+    QComboBox* m_invoices = nullptr; ///< null: it isn't asked
     RecurringForm* m_form;
 };
 

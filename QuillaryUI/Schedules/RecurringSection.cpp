@@ -1,12 +1,16 @@
 #include "QuillaryUI/Schedules/RecurringSection.h"
 
+#include "QuillaryUI/Documents/MakeRecurringSheet.h"
 #include "QuillaryUI/Look/Lists.h"
+#include "QuillaryUI/Look/Theme.h"
 #include "QuillaryUI/Schedules/RecurringModel.h"
 #include "QuillaryUI/Schedules/RecurringPane.h"
 
 #include <QAction>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTableView>
@@ -19,11 +23,13 @@ namespace Quillary {
 namespace {
 
 constexpr int listWidth = 640;
+constexpr int border = 12;
 
 } // namespace
 
 RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
     : Section(parent)
+    , m_library(library)
     , m_model(new RecurringModel(library, this))
     , m_table(new QTableView(this))
     , m_pane(new RecurringPane(library, this))
@@ -40,7 +46,7 @@ RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
     connect(m_pane, &RecurringPane::wantedDocument, this, &RecurringSection::showTemplate);
     connect(m_table, &QTableView::doubleClicked, m_pane, &RecurringPane::beginEditing);
     connect(m_pane, &RecurringPane::editingChanged, this, [this](bool isEditing) {
-        m_table->setVisible(!isEditing);
+        m_left->setVisible(!isEditing);
         if (!isEditing) {
             m_table->setFocus(Qt::OtherFocusReason);
         }
@@ -62,17 +68,71 @@ void RecurringSection::build()
     m_table->horizontalHeader()->setSectionResizeMode(RecurringModel::clientColumn, QHeaderView::Stretch);
 
     auto* filled = new QWidget(this);
-    Lists::beside(*filled, QStringLiteral("recurringAndPage"), m_table, listWidth, m_pane, listWidth);
-    auto* empty =
-        new QLabel(tr("No recurring invoices yet. What you bill again and again can be made by itself."), this);
-    empty->setObjectName(QStringLiteral("emptyRecurring"));
-    empty->setAlignment(Qt::AlignCenter);
-    empty->setWordWrap(true);
+    m_left = buildList();
+    Lists::beside(*filled, QStringLiteral("recurringAndPage"), m_left, listWidth, m_pane, listWidth);
     m_pages->addWidget(filled);
-    m_pages->addWidget(empty);
+    m_pages->addWidget(buildEmpty());
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(m_pages);
+}
+
+QPushButton* RecurringSection::newButton(const QString& words, QWidget* parent)
+{
+    auto* fresh = new QPushButton(words, parent);
+    fresh->setAccessibleName(tr("New recurring invoice"));
+    connect(fresh, &QPushButton::clicked, this, &RecurringSection::makeNew);
+    return fresh;
+}
+
+QWidget* RecurringSection::buildList()
+{
+    auto* left = new QWidget(this);
+    auto* fresh = newButton(tr("New"), left);
+    fresh->setObjectName(QStringLiteral("newRecurring"));
+    fresh->setIcon(Theme::icon(QStringLiteral("plus")));
+    auto* bar = new QHBoxLayout;
+    bar->setContentsMargins(border, border, border, border);
+    bar->addStretch();
+    bar->addWidget(fresh);
+    auto* column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(bar);
+    column->addWidget(m_table, 1);
+    return left;
+}
+
+QWidget* RecurringSection::buildEmpty()
+{
+    auto* page = new QWidget(this);
+    auto* sentence =
+        new QLabel(tr("No recurring invoices yet. What you bill again and again can be made by itself."), page);
+    sentence->setObjectName(QStringLiteral("emptyRecurring"));
+    sentence->setAlignment(Qt::AlignCenter);
+    sentence->setWordWrap(true);
+    auto* fresh = newButton(tr("New Recurring Invoice"), page);
+    fresh->setDefault(true);
+    auto* column = new QVBoxLayout(page);
+    column->addStretch();
+    column->addWidget(sentence);
+    column->addWidget(fresh, 0, Qt::AlignHCenter);
+    column->addStretch();
+    return page;
+}
+
+void RecurringSection::makeNew()
+{
+    if (!MakeRecurringSheet::isPossible(m_library)) {
+        Q_EMIT told(tr("A recurring invoice is made of an invoice: write one for its client first."));
+        return;
+    }
+    auto* sheet = new MakeRecurringSheet(m_library, 0, this);
+    connect(sheet, &MakeRecurringSheet::made, this, [this](std::int64_t key) {
+        Q_EMIT told(tr("The recurring invoice was made."));
+        showTemplate(key);
+    });
+    sheet->begin();
 }
 
 void RecurringSection::choose()

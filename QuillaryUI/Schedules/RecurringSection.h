@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+class QPushButton;
 class QStackedWidget;
 class QTableView;
 
@@ -22,6 +23,8 @@ public:
     explicit RecurringSection(LibraryAccess& library, QWidget* parent = nullptr);
 
     void showTemplate(std::int64_t key);
+    /// Asks which invoice is to come again, and when.
+    void makeNew() override;
     [[nodiscard]] QList<QAction*> documentActions() const override;
     void refreshDay() override;
     void flush() override;
@@ -29,10 +32,15 @@ public:
 
 private:
     void build();
+    QWidget* buildList();
+    QWidget* buildEmpty();
+    [[nodiscard]] QPushButton* newButton(const QString& words, QWidget* parent);
     void choose();
     void restore();
 
+    LibraryAccess& m_library;
     RecurringModel* m_model;
+    QWidget* m_left = nullptr;
     QTableView* m_table;
     RecurringPane* m_pane;
     QStackedWidget* m_pages;
