@@ -1994,6 +1994,10 @@
         <source>%1% (%2)</source>
         <translation>%1 % (%2)</translation>
     </message>
+    <message>
+        <source>Delete Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung löschen</translation>
+    </message>
 </context>
 <context>
     <name>OwedInvoice</name>
@@ -4159,72 +4163,24 @@
         <translation>Wiederkehrend machen</translation>
     </message>
     <message>
-        <source>Mark its invoices as sent at once</source>
-        <translation>Rechnungen gleich als verschickt markieren</translation>
-    </message>
-    <message>
-        <source>Every how many</source>
-        <translation>Alle wie viele</translation>
-    </message>
-    <message>
-        <source>Weeks, months, quarters or years</source>
-        <translation>Wochen, Monate, Quartale oder Jahre</translation>
-    </message>
-    <message>
-        <source>weeks</source>
-        <translation>Wochen</translation>
-    </message>
-    <message>
-        <source>months</source>
-        <translation>Monate</translation>
-    </message>
-    <message>
-        <source>quarters</source>
-        <translation>Quartale</translation>
-    </message>
-    <message>
-        <source>years</source>
-        <translation>Jahre</translation>
-    </message>
-    <message>
-        <source>Never</source>
-        <translation>Nie</translation>
-    </message>
-    <message>
-        <source>After a number of invoices</source>
-        <translation>Nach einer Anzahl Rechnungen</translation>
-    </message>
-    <message>
-        <source>On a date</source>
-        <translation>An einem Datum</translation>
-    </message>
-    <message>
-        <source>Invoices in all</source>
-        <translation>Rechnungen insgesamt</translation>
-    </message>
-    <message>
-        <source>Every</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Next invoice</source>
-        <translation>Nächste Rechnung</translation>
-    </message>
-    <message>
-        <source>Ends</source>
-        <translation>Endet</translation>
-    </message>
-    <message>
-        <source>Last day</source>
-        <translation>Letzter Tag</translation>
-    </message>
-    <message>
         <source>Invoices with the contents of %1 are made by themselves, beginning with the next one. %1 stays as it is.</source>
         <translation>Rechnungen mit dem Inhalt von %1 entstehen von selbst, beginnend mit der nächsten. %1 bleibt, wie es ist.</translation>
     </message>
     <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
+        <source>New Recurring Invoice</source>
+        <translation>Neue wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>Like the invoice</source>
+        <translation>Wie die Rechnung</translation>
+    </message>
+    <message>
+        <source>Invoices with the contents of one that is there are made by themselves. It stays as it is; what the new ones hold can be changed afterwards.</source>
+        <translation>Rechnungen mit dem Inhalt einer vorhandenen entstehen von selbst. Diese bleibt, wie sie ist; was in den neuen steht, lässt sich danach ändern.</translation>
+    </message>
+    <message>
+        <source>The invoice isn&apos;t there any more.</source>
+        <translation>Die Rechnung gibt es nicht mehr.</translation>
     </message>
 </context>
 <context>
@@ -4517,6 +4473,204 @@
     </message>
 </context>
 <context>
+    <name>Quillary::RecurringCommands</name>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Schedule and Client…</source>
+        <translation>Termine und Kunde…</translation>
+    </message>
+    <message>
+        <source>Make Now</source>
+        <translation>Jetzt erstellen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete…</source>
+        <translation>Löschen…</translation>
+    </message>
+    <message>
+        <source>Resume</source>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>%1 was changed.</source>
+        <translation>%1 wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The invoice was made.</source>
+        <translation>Die Rechnung wurde erstellt.</translation>
+    </message>
+    <message>
+        <source>%1 invoices were made.</source>
+        <translation>%1 Rechnungen wurden erstellt.</translation>
+    </message>
+    <message>
+        <source>Resume Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung anhalten</translation>
+    </message>
+    <message>
+        <source>%1 is paused.</source>
+        <translation>%1 ist angehalten.</translation>
+    </message>
+    <message>
+        <source>%1 goes on.</source>
+        <translation>%1 geht weiter.</translation>
+    </message>
+    <message>
+        <source>%1 goes on; one date that passed is skipped.</source>
+        <translation>%1 geht weiter; ein verstrichener Termin wird übersprungen.</translation>
+    </message>
+    <message>
+        <source>%1 goes on; %2 dates that passed are skipped.</source>
+        <translation>%1 geht weiter; %2 verstrichene Termine werden übersprungen.</translation>
+    </message>
+    <message>
+        <source>A copy was made. It is paused until you resume it.</source>
+        <translation>Eine Kopie wurde angelegt. Sie ist angehalten, bis sie fortgesetzt wird.</translation>
+    </message>
+    <message>
+        <source>Delete Recurring Invoice</source>
+        <translation>Wiederkehrende Rechnung löschen</translation>
+    </message>
+    <message>
+        <source>Delete %1?</source>
+        <translation>%1 löschen?</translation>
+    </message>
+    <message>
+        <source>The invoices that were made from it stay. Undo brings it back.</source>
+        <translation>Die daraus entstandenen Rechnungen bleiben. „Rückgängig“ holt die wiederkehrende zurück.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%1 was deleted.</source>
+        <translation>%1 wurde gelöscht.</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::RecurringForm</name>
+    <message>
+        <source>Mark its invoices as sent at once</source>
+        <translation>Rechnungen gleich als verschickt markieren</translation>
+    </message>
+    <message>
+        <source>Not stated</source>
+        <translation>Nicht angegeben</translation>
+    </message>
+    <message>
+        <source>The period that begins with its date</source>
+        <translation>Der Zeitraum, der mit ihrem Datum beginnt</translation>
+    </message>
+    <message>
+        <source>The period before its date</source>
+        <translation>Der Zeitraum vor ihrem Datum</translation>
+    </message>
+    <message>
+        <source>Service period</source>
+        <translation>Leistungszeitraum</translation>
+    </message>
+    <message>
+        <source>{month_year}, {quarter_year}, {year} and {period} become those of each invoice.</source>
+        <translation>{month_year}, {quarter_year}, {year} und {period} werden zu denen jeder Rechnung.</translation>
+    </message>
+    <message>
+        <source>Title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Client</source>
+        <translation>Kunde</translation>
+    </message>
+    <message>
+        <source>Every how many</source>
+        <translation>Alle wie viele</translation>
+    </message>
+    <message>
+        <source>Weeks, months, quarters or years</source>
+        <translation>Wochen, Monate, Quartale oder Jahre</translation>
+    </message>
+    <message>
+        <source>weeks</source>
+        <translation>Wochen</translation>
+    </message>
+    <message>
+        <source>months</source>
+        <translation>Monate</translation>
+    </message>
+    <message>
+        <source>quarters</source>
+        <translation>Quartale</translation>
+    </message>
+    <message>
+        <source>years</source>
+        <translation>Jahre</translation>
+    </message>
+    <message>
+        <source>A shorter month uses its last day.</source>
+        <translation>In einem kürzeren Monat ist es der letzte Tag.</translation>
+    </message>
+    <message>
+        <source>Every</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Day of the month</source>
+        <translation>Tag des Monats</translation>
+    </message>
+    <message>
+        <source>Next invoice</source>
+        <translation>Nächste Rechnung</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>After a number of invoices</source>
+        <translation>Nach einer Anzahl Rechnungen</translation>
+    </message>
+    <message>
+        <source>On a date</source>
+        <translation>An einem Datum</translation>
+    </message>
+    <message>
+        <source>Ends</source>
+        <translation>Endet</translation>
+    </message>
+    <message>
+        <source>Invoices in all</source>
+        <translation>Rechnungen insgesamt</translation>
+    </message>
+    <message>
+        <source>Last day</source>
+        <translation>Letzter Tag</translation>
+    </message>
+    <message>
+        <source>%1: no more invoices are made.</source>
+        <translation>%1: Es entstehen keine Rechnungen mehr.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>Quillary::RecurringModel</name>
     <message>
         <source>No title</source>
@@ -4562,14 +4716,6 @@
         <translation>%1 · %2</translation>
     </message>
     <message>
-        <source>Resume</source>
-        <translation>Fortsetzen</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Anhalten</translation>
-    </message>
-    <message>
         <source>Next: %1</source>
         <translation>Als Nächstes: %1</translation>
     </message>
@@ -4582,48 +4728,28 @@
         <translation>Beendet: Es werden keine Rechnungen mehr erstellt.</translation>
     </message>
     <message>
-        <source>“%1”</source>
-        <translation>„%1“</translation>
-    </message>
-    <message>
-        <source>Resume Recurring Invoice</source>
-        <translation>Wiederkehrende Rechnung fortsetzen</translation>
-    </message>
-    <message>
-        <source>Pause Recurring Invoice</source>
-        <translation>Wiederkehrende Rechnung anhalten</translation>
-    </message>
-    <message>
-        <source>%1 is paused.</source>
-        <translation>%1 ist angehalten.</translation>
-    </message>
-    <message>
-        <source>%1 goes on.</source>
-        <translation>%1 geht weiter.</translation>
-    </message>
-    <message>
-        <source>%1 goes on; one date that passed is skipped.</source>
-        <translation>%1 geht weiter; ein verstrichener Termin wird übersprungen.</translation>
-    </message>
-    <message>
-        <source>%1 goes on; %2 dates that passed are skipped.</source>
-        <translation>%1 geht weiter; %2 verstrichene Termine werden übersprungen.</translation>
-    </message>
-    <message>
-        <source>Make Now</source>
-        <translation>Jetzt erstellen</translation>
-    </message>
-    <message>
         <source>The invoice of %1 is due and not made yet.</source>
         <translation>Die Rechnung vom %1 ist fällig und noch nicht erstellt.</translation>
     </message>
     <message>
-        <source>The invoice was made.</source>
-        <translation>Die Rechnung wurde erstellt.</translation>
+        <source>Schedule…</source>
+        <translation>Termine…</translation>
     </message>
     <message>
-        <source>%1 invoices were made.</source>
-        <translation>%1 Rechnungen wurden erstellt.</translation>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>More actions</source>
+        <translation>Weitere Aktionen</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
     </message>
 </context>
 <context>
@@ -4635,6 +4761,26 @@
     <message>
         <source>No recurring invoices yet. What you bill again and again can be made by itself.</source>
         <translation>Noch keine wiederkehrenden Rechnungen. Was immer wieder abgerechnet wird, kann von selbst entstehen.</translation>
+    </message>
+    <message>
+        <source>New recurring invoice</source>
+        <translation>Neue wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>New Recurring Invoice</source>
+        <translation>Neue wiederkehrende Rechnung</translation>
+    </message>
+    <message>
+        <source>A recurring invoice is made of an invoice: write one for its client first.</source>
+        <translation>Eine wiederkehrende Rechnung entsteht aus einer Rechnung: zuerst eine für den Kunden schreiben.</translation>
+    </message>
+    <message>
+        <source>The recurring invoice was made.</source>
+        <translation>Die wiederkehrende Rechnung wurde angelegt.</translation>
     </message>
 </context>
 <context>
@@ -5042,6 +5188,25 @@
     <message>
         <source>Move “%1” Down</source>
         <translation>„%1“ nach unten</translation>
+    </message>
+</context>
+<context>
+    <name>Quillary::ScheduleSheet</name>
+    <message>
+        <source>Schedule and Client</source>
+        <translation>Termine und Kunde</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Ändern</translation>
+    </message>
+    <message>
+        <source>For the invoices to come; those that were made stay as they are. Another rhythm or day begins with the next invoice.</source>
+        <translation>Für die kommenden Rechnungen; die vorhandenen bleiben, wie sie sind. Ein anderer Rhythmus oder Tag gilt ab der nächsten Rechnung.</translation>
+    </message>
+    <message>
+        <source>The recurring invoice isn&apos;t there any more.</source>
+        <translation>Die wiederkehrende Rechnung gibt es nicht mehr.</translation>
     </message>
 </context>
 <context>
