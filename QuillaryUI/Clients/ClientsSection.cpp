@@ -72,7 +72,6 @@ void ClientsSection::build()
 {
     m_table->setModel(m_model);
     Lists::dress(*m_table, QStringLiteral("clientList"), tr("Clients"), 0);
-    setFocusProxy(m_table);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(0, Qt::AscendingOrder);
     m_table->horizontalHeader()->resizeSection(openColumn, listWidth / 4);

@@ -94,7 +94,6 @@ DocumentsSection::DocumentsSection(LibraryAccess& library, DocumentKind kind, QW
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &DocumentsSection::choose);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &DocumentsSection::showSelection);
     connect(m_table, &QTableView::activated, this, [this] { m_pane->beginEditing(); });
-    setFocusProxy(m_table);
     connect(m_model, &DocumentListModel::arranged, this, &DocumentsSection::restore);
     connect(m_bar, &DocumentFilterBar::changed, this, &DocumentsSection::filter);
     connect(m_views, &SavedViewsButton::wanted, this, &DocumentsSection::setView);

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QListWidget>
 #include <QStackedWidget>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -72,8 +73,10 @@ void SectionDeck::show(int place)
     Section* section = ensure(m_entries[static_cast<std::size_t>(place)]);
     const bool isFirstVisit = section->focusWidget() == nullptr;
     m_list->setCurrentRow(place);
-    if (section->focusProxy() != nullptr && (isFirstVisit || !section->isAncestorOf(QApplication::focusWidget()))) {
-        section->setFocus(Qt::OtherFocusReason); // its list: later visits find the keyboard where they left it
+    const bool isElsewhere = !section->isAncestorOf(QApplication::focusWidget());
+    auto* list = section->findChild<QTableView*>(); // which stands before all else
+    if (list != nullptr && list->isVisible() && (isFirstVisit || isElsewhere)) {
+        list->setFocus(Qt::OtherFocusReason); // later visits find the keyboard where they left it
     }
 }
 

@@ -65,7 +65,6 @@ void TimeSection::build()
 {
     m_table->setModel(m_model);
     Lists::dress(*m_table, QStringLiteral("timeList"), tr("Days and their working time"), TimeModel::noteColumn);
-    setFocusProxy(m_table);
     QHeaderView* header = m_table->horizontalHeader();
     header->resizeSection(TimeModel::timeColumn, leastTimeWidth);
     header->resizeSection(TimeModel::clientColumn, leastTimeWidth);
