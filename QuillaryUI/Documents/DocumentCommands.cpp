@@ -242,12 +242,12 @@ void DocumentCommands::makeRecurring(const Document& document)
 
 void DocumentCommands::askForPayment(const Document& document)
 {
-    (new PaymentSheet(m_library, document.ref.key(), &m_pane))->begin();
+    (new PaymentSheet(m_library, document.ref.key(), &DocumentOutput::sheetHost(m_pane)))->begin();
 }
 
 void DocumentCommands::askForReminder(const Document& document)
 {
-    (new ReminderSheet(m_library, document.ref.key(), &m_pane))->begin();
+    (new ReminderSheet(m_library, document.ref.key(), &DocumentOutput::sheetHost(m_pane)))->begin();
 }
 
 void DocumentCommands::askForClient(const QString& name)

@@ -9,26 +9,23 @@
 
 namespace Quillary {
 
-namespace {
-
-/// The section around a pane: an email needs more room than the pane has beside a wide list.
-QWidget& sectionAround(QWidget& pane)
-{
-    for (QWidget* widget = &pane; widget != nullptr; widget = widget->parentWidget()) {
-        if (qobject_cast<Section*>(widget) != nullptr) {
-            return *widget;
-        }
-    }
-    return pane;
-}
-
-} // namespace
-
 DocumentOutput::DocumentOutput(LibraryAccess& library, QWidget& host)
     : QObject(&host)
     , m_library(library)
     , m_host(host)
 {
+}
+
+QWidget& DocumentOutput::sheetHost(QWidget& pane)
+{
+    constexpr int enough = 568;
+    for (QWidget* widget = pane.width() < enough ? &pane : nullptr; widget != nullptr;
+         widget = widget->parentWidget()) {
+        if (qobject_cast<Section*>(widget) != nullptr) {
+            return *widget;
+        }
+    }
+    return pane;
 }
 
 PageJob DocumentOutput::page(const Document& document) const
@@ -62,7 +59,7 @@ void DocumentOutput::print(const Document& document)
 
 void DocumentOutput::email(const Document& document)
 {
-    (new EmailSheet(m_library, document.ref.key(), &sectionAround(m_host)))->begin();
+    (new EmailSheet(m_library, document.ref.key(), &sheetHost(m_host)))->begin();
 }
 
 } // namespace Quillary

@@ -25,6 +25,10 @@ public:
     void print(const Document& document);
     void email(const Document& document);
 
+    /// Above what a sheet about the document in `pane` stands: the pane, or the section around it where the pane beside a
+    /// wide list is too narrow for it.
+    [[nodiscard]] static QWidget& sheetHost(QWidget& pane);
+
 Q_SIGNALS:
     void told(const QString& sentence);
     void failed(const QString& sentence);

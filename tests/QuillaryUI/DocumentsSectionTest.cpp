@@ -216,6 +216,9 @@ TEST_F(DocumentsSectionTest, doesTheSameToSeveralDocuments)
     EXPECT_EQ(child<QLabel>("selectionHeading").text(), QStringLiteral("2 invoices"));
     EXPECT_TRUE(child<QAction>("deleteAll").isVisible());
     EXPECT_FALSE(child<QAction>("remindAll").isVisible());
+    table.selectRow(0);
+    EXPECT_EQ(child<QPushButton>("nextStep").shortcut(), QKeySequence(QStringLiteral("Ctrl+Return")));
+    table.selectAll();
     run("statusAll0"); // mark as sent
     EXPECT_TRUE(comesTrue([&] { return told == QStringLiteral("Mark as Sent: 2 documents."); })) << utf8(told);
     EXPECT_EQ(samples.context.count<Document>("statusRaw = 1"), 6);
