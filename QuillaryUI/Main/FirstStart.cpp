@@ -23,7 +23,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -62,12 +61,6 @@ FirstStart::FirstStart(LibraryAccess& library, QWidget* parent)
     : QWidget(parent)
     , m_library(library)
     , m_samples(std::make_unique<SampleLibrary>(documentLanguage(library.formats().locale().languageCode())))
-    , m_country(new QComboBox(this))
-    , m_designs(new DesignPicker(
-          library.press(), [this](TemplateDesign design) { return page(design); }, this))
-    , m_error(new QLabel(this))
-    , m_paper(new PaperView(library.press(), this))
-    , m_page(new LivePage(library.press(), *m_paper))
 {
     setObjectName(QStringLiteral("firstStart"));
     build();
@@ -84,6 +77,7 @@ bool FirstStart::isNeeded(const LibraryAccess& library)
     return library.isOpen() && library.business().name.empty() && library.context().count<Document>("") == 0;
 }
 
+/// Each control is made where it is read, so that Tab follows the reading.
 void FirstStart::build()
 {
     auto* left = new QWidget(this);
@@ -103,26 +97,26 @@ void FirstStart::build()
     addField(tr("Street"), "address_line");
     addField(tr("Postal code"), "postal_code");
     addField(tr("City"), "city");
-    fillCountries();
-    m_form->addRow(tr("Country"), m_country);
+    addCountries();
     addField(tr("Email"), "email");
     addField(tr("VAT ID"), "vat_id");
     addField(tr("IBAN"), "iban");
+    m_designs = new DesignPicker(m_library.press(), [this](TemplateDesign design) { return page(design); }, this);
     m_designs->setAccessibleName(tr("Look"));
-    connect(m_designs, &DesignPicker::chosen, m_page, &LivePage::refresh);
     column->addLayout(m_form);
     column->addWidget(m_designs);
 
+    m_error = new QLabel(this);
     m_error->setObjectName(QStringLiteral("firstStartError"));
     m_error->setWordWrap(true);
     m_error->setTextFormat(Qt::PlainText);
     m_error->hide();
     Theme::tint(*m_error, Theme::errorColor());
+    auto* later = new QPushButton(tr("Later"), left);
+    later->setObjectName(QStringLiteral("firstStartLater"));
     auto* start = new QPushButton(tr("Start"), left);
     start->setObjectName(QStringLiteral("firstStartDone"));
     start->setDefault(true);
-    auto* later = new QPushButton(tr("Later"), left);
-    later->setObjectName(QStringLiteral("firstStartLater"));
     connect(start, &QPushButton::clicked, this, &FirstStart::save);
     connect(later, &QPushButton::clicked, this, &FirstStart::finished);
     auto* buttons = new QHBoxLayout;
@@ -131,35 +125,16 @@ void FirstStart::build()
     buttons->addWidget(start);
     column->addLayout(buttons);
     column->addStretch();
-    orderFocus(*later, *start);
     m_form->addRow(QString(), m_error);
 
+    auto* paper = new PaperView(m_library.press(), this);
+    m_page = new LivePage(m_library.press(), *paper);
+    connect(m_designs, &DesignPicker::chosen, m_page, &LivePage::refresh);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
     row->addWidget(left);
-    row->addWidget(m_paper, 1);
-}
-
-/// From the top to the bottom: the countries and the designs are made before the fields.
-void FirstStart::orderFocus(QWidget& later, QWidget& start)
-{
-    QWidget* before = nullptr;
-    const auto follow = [&before](QWidget* next) {
-        if (before != nullptr) {
-            setTabOrder(before, next);
-        }
-        before = next;
-    };
-    for (int row = 0; row < m_form->rowCount(); ++row) {
-        follow(m_form->itemAt(row, QFormLayout::FieldRole)->widget());
-    }
-    for (QToolButton* design : m_designs->findChildren<QToolButton*>()) {
-        follow(design);
-    }
-    follow(&later);
-    follow(&start);
-    setFocusProxy(m_fields.at("name"));
+    row->addWidget(paper, 1);
 }
 
 void FirstStart::addField(const QString& label, const std::string& argument)
@@ -174,8 +149,9 @@ void FirstStart::addField(const QString& label, const std::string& argument)
 }
 
 /// All that have a code, by their names.
-void FirstStart::fillCountries()
+void FirstStart::addCountries()
 {
+    m_country = new QComboBox(this);
     m_country->setAccessibleName(tr("Country"));
     const Locale& locale = m_library.formats().locale();
     std::map<QString, QString> byName;
@@ -192,6 +168,12 @@ void FirstStart::fillCountries()
     }
     m_country->setCurrentIndex(m_country->findData(text(m_library.business().countryCode)));
     connect(m_country, &QComboBox::activated, this, &FirstStart::refresh);
+    m_form->addRow(tr("Country"), m_country);
+}
+
+void FirstStart::begin()
+{
+    m_fields.at("name")->setFocus(Qt::OtherFocusReason);
 }
 
 void FirstStart::refresh()

@@ -18,7 +18,6 @@ namespace Quillary {
 
 class LivePage;
 class DesignPicker;
-class PaperView;
 class SampleLibrary;
 
 /// What a new user sees first: the few facts that an invoice can't be without, beside an invoice of their own that shows
@@ -34,6 +33,9 @@ public:
     /// Whether there is anything to ask: a library without documents whose business has no name.
     [[nodiscard]] static bool isNeeded(const LibraryAccess& library);
 
+    /// Puts the keyboard into the first field.
+    void begin();
+
 Q_SIGNALS:
     /// It was answered, or put off.
     void finished();
@@ -41,8 +43,7 @@ Q_SIGNALS:
 private:
     void build();
     void addField(const QString& label, const std::string& argument);
-    void orderFocus(QWidget& later, QWidget& start);
-    void fillCountries();
+    void addCountries();
     void save();
     void showRefusal(const QString& sentence);
     [[nodiscard]] std::optional<QString> refusal();
@@ -54,11 +55,10 @@ private:
     std::map<std::string, QLineEdit*> m_fields;
     QLineEdit* m_wrong = nullptr; ///< what the last refusal was about
     QFormLayout* m_form = nullptr;
-    QComboBox* m_country;
-    DesignPicker* m_designs;
-    QLabel* m_error;
-    PaperView* m_paper;
-    LivePage* m_page;
+    QComboBox* m_country = nullptr;
+    DesignPicker* m_designs = nullptr;
+    QLabel* m_error = nullptr;
+    LivePage* m_page = nullptr;
     QTimer m_pause; ///< after the last key
 };
 

@@ -291,7 +291,7 @@ void MainWindow::showFirstStart()
     auto* first = new FirstStart(m_library, this);
     m_whole->addWidget(first);
     m_whole->setCurrentWidget(first);
-    first->setFocus();
+    first->begin();
     menuBar()->setEnabled(false);
     connect(first, &FirstStart::finished, this, [this, first] {
         menuBar()->setEnabled(true);

@@ -68,7 +68,6 @@ DesignPicker::DesignPicker(PagePress& press, Source source, QWidget* parent)
         m_buttons[place] = button;
     }
     m_buttons.front()->setChecked(true);
-    setFocusProxy(m_buttons.front());
     m_pause.setSingleShot(true);
     m_pause.setInterval(pause);
     connect(&m_pause, &QTimer::timeout, this, [this] {

@@ -1,5 +1,6 @@
 #include "tests/Quillary/WindowDesk.h"
 
+#include <QSize>
 #include <QString>
 
 #include <cstdio>
@@ -10,6 +11,8 @@
 namespace Quillary {
 
 namespace {
+
+constexpr QSize usualSize(1360, 860);
 
 /// Without what Qt remarks on each window that has no screen.
 void tellMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
@@ -59,6 +62,7 @@ WindowDesk::WindowDesk(const std::filesystem::path& home)
     service->claim();
     service->start();
     desktop->show("invoices");
+    desktop->window().resize(usualSize); // however small the screen is that isn't there
 }
 
 WindowDesk::~WindowDesk()
