@@ -131,6 +131,7 @@ void RecurringSection::makeNew()
     connect(sheet, &MakeRecurringSheet::made, this, [this](std::int64_t key) {
         Q_EMIT told(tr("The recurring invoice was made."));
         showTemplate(key);
+        m_table->setFocus(Qt::OtherFocusReason);
     });
     sheet->begin();
 }
