@@ -31,6 +31,7 @@
 
 #include <fmt/format.h>
 
+#include <memory>
 #include <utility>
 
 namespace Quillary {
@@ -144,14 +145,14 @@ void ScreenshotScenes::drawDocuments(std::int64_t invoice, MainWindow& window)
 
 void ScreenshotScenes::drawQuickOpen(MainWindow& window)
 {
-    auto* quick = new QuickOpen(m_library, &window);
+    const auto quick = std::make_unique<QuickOpen>(m_library, &window);
+    quick->setAttribute(Qt::WA_DeleteOnClose, false);
     quick->begin();
     quick->findChild<QLineEdit*>()->setText(QStringLiteral("20"));
     wait(window);
     QPixmap picture = window.grab();
     QPainter(&picture).drawPixmap(quick->pos() - window.pos(), quick->grab());
     save("quick-open", picture);
-    quick->close();
 }
 
 void ScreenshotScenes::drawOthers(MainWindow& window)

@@ -36,8 +36,8 @@ struct RecurringChoices
     std::optional<BillingPeriod> billingPeriod = {}; ///< in a new one what the invoice says of its own period
 };
 
-/// Making, changing and deleting recurring templates, each in a scope of its own. What can't be done throws: `DocumentError` with
-/// a sentence for the screen, and everything is as it was.
+/// Making, changing and deleting recurring templates, each in a scope of its own. What can't be done throws:
+/// `DocumentError` with a sentence for the screen, and everything is as it was.
 namespace RecurringSetup {
 
 /// The greatest interval. Unit: weeks, months, quarters or years.

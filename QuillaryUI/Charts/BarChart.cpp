@@ -32,7 +32,7 @@ constexpr int leastHeight = 240;
 constexpr int ticks = 5;
 constexpr double widestBars = 0.66;      ///< of a place's room
 constexpr double barWidthForEach = 0.11; ///< a few bars needn't fill the width
-constexpr double labelGap = 12; ///< with what the axis leaves free itself
+constexpr double labelGap = 12;          ///< with what the axis leaves free itself
 
 /// How long a bar is drawn; what it says is written from the exact amount.
 double length(std::int64_t minorUnits, const std::string& currencyCode)
