@@ -362,10 +362,10 @@ void DocumentsSection::offerKeys()
     for (QAction* action : actions()) {
         removeAction(action);
     }
-    addActions(documentActions());
+    addActions(DocumentsSection::documentActions()); // the first time while it is made
 }
 
-void DocumentsSection::removeChosen()
+void DocumentsSection::removeChosen() const
 {
     for (QAction* action : documentActions()) {
         const bool isRemoval =

@@ -75,7 +75,7 @@ private:
     void restore();
     void showSelection();
     void offerKeys();
-    void removeChosen();
+    void removeChosen() const;
     void showFooter(const DocumentRows::Sum& sum, bool isOfSelection);
     [[nodiscard]] std::vector<int> selectedRows() const;
 

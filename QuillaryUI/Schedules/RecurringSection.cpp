@@ -55,7 +55,7 @@ RecurringSection::RecurringSection(LibraryAccess& library, QWidget* parent)
     connect(m_pane, &RecurringPane::wantedSection, this, &RecurringSection::wantedSection);
     connect(m_pane, &RecurringPane::told, this, &RecurringSection::told);
     connect(m_pane, &RecurringPane::failed, this, &RecurringSection::failed);
-    addActions(documentActions()); // their keys work in the list, too
+    addActions(m_pane->documentActions()); // their keys work in the list, too
     m_table->addActions(m_pane->listActions());
     restore();
 }

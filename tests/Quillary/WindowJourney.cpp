@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTest>
 
 namespace Quillary {
@@ -69,6 +70,21 @@ void WindowJourney::clickRow(const char* view, int row)
     auto& rows = find<QAbstractItemView>(view);
     const QPoint place = rows.visualRect(rows.model()->index(row, 0)).center();
     QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, place);
+}
+
+void WindowJourney::typeCell(int row, int column, const QString& typed)
+{
+    auto& table = find<QTableView>("lines", invoices());
+    table.setCurrentIndex(table.model()->index(row, column));
+    table.edit(table.currentIndex());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the editor before it
+    const auto editors = table.findChildren<QLineEdit*>();
+    ASSERT_FALSE(editors.empty());
+    QLineEdit* editor = editors.back();
+    editor->selectAll();
+    QTest::keyClicks(editor, typed);
+    QTest::keyClick(editor, Qt::Key_Tab);
+    QCoreApplication::processEvents();
 }
 
 std::string WindowJourney::comingFile(const std::string& ending)

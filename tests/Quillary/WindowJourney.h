@@ -61,6 +61,8 @@ protected:
     /// Goes down a list of choices with the keyboard, or up when it is above, to the one that contains these words.
     void choose(const char* field, const QString& words);
     void clickRow(const char* view, int row);
+    /// Into a cell of the draft's lines.
+    void typeCell(int row, int column, const QString& typed);
 
     /// What lies in a file, wherever under the user's home it comes to lie.
     std::string comingFile(const std::string& ending);
