@@ -2,6 +2,7 @@
 
 #include "QuillaryCore/Assistant/Description/Lookup.h"
 #include "QuillaryCore/Assistant/Operations/DocumentSession.h"
+#include "QuillaryCore/Assistant/Review/DocumentReview.h"
 #include "QuillaryCore/Billing/Reminders.h"
 #include "QuillaryCore/Documents/CreditNotes.h"
 #include "QuillaryCore/Documents/DocumentActions.h"
@@ -25,6 +26,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -158,12 +160,31 @@ void DocumentCommands::runNextStep()
 
 void DocumentCommands::applyStatus(StatusAction action)
 {
+    const QString missing = action == StatusAction::markSent ? missingWords() : QString();
     showResult(m_library.attempt([&] {
         if (const Document* document = record()) {
             DocumentActions::applyStatus(m_library.desk(), *document, action, m_library.now());
         }
     }),
-               {});
+               missing.isEmpty() ? QString() : tr("Marked as sent, though something is missing: %1").arg(missing));
+}
+
+/// The first thing that the document can't be right without. It is no reason to refuse, and undo is one key away; but
+/// nobody should hear of it from the client first.
+QString DocumentCommands::missingWords() const
+{
+    const Document* document = record();
+    if (document == nullptr) {
+        return {};
+    }
+    const AssistantEnvironment& environment = m_library.environment();
+    const DocumentReview review = DocumentReview::review(
+        environment.context, *document, environment.ownBusiness(), m_library.today(), environment.locale);
+    if (!review.problems.empty()) {
+        return CoreText::sentence(review.problems.front().problem);
+    }
+    const auto question = std::ranges::find(review.questions, true, &ReviewQuestion::isRequired);
+    return question == review.questions.end() ? QString() : CoreText::sentence(question->text);
 }
 
 void DocumentCommands::showResult(const std::optional<QString>& refusal, const QString& success)

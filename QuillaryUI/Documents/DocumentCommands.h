@@ -69,6 +69,7 @@ private:
     [[nodiscard]] const Document* record() const;
     void offerSteps(const Document& document);
     void applyStatus(StatusAction action);
+    [[nodiscard]] QString missingWords() const;
     void showResult(const std::optional<QString>& refusal, const QString& success);
     void make(const QString& sentence, const std::function<const Document&()>& work);
     [[nodiscard]] Instant newDay() const;

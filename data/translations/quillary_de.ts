@@ -2866,6 +2866,10 @@
         <source>%1 was deleted.</source>
         <translation>%1 wurde gelöscht.</translation>
     </message>
+    <message>
+        <source>Marked as sent, though something is missing: %1</source>
+        <translation>Als verschickt markiert, obwohl etwas fehlt: %1</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::DocumentFilterBar</name>

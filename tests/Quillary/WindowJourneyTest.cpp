@@ -28,6 +28,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTableWidget>
 #include <QTest>
@@ -181,6 +182,7 @@ TEST_F(WindowJourneyTest, makesSendsAndCollectsAnInvoice)
 
     QTest::mouseClick(&find<QPushButton>("nextStep", invoices()), Qt::LeftButton);
     EXPECT_EQ(status(*context().first<Document>("")), DocumentStatus::sent);
+    EXPECT_TRUE(desktop->window().statusBar()->currentMessage().contains("something is missing: ")); // who invoices
     EXPECT_TRUE(comesTrue([&] { return !find<DraftEditor>("draftEditor", invoices()).isVisible(); }));
 
     QTest::mouseClick(&find<QPushButton>("nextStep", invoices()), Qt::LeftButton);
