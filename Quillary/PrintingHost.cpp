@@ -51,11 +51,6 @@ bool openWithDesktop(const std::filesystem::path& file)
     return opener.startDetached();
 }
 
-void answerLater(const PrintError& error, PrintReply reply)
-{
-    QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
-}
-
 } // namespace
 
 /// Qt can't be left by an exception: what nobody caught on the way is told, and the next event comes.
@@ -173,21 +168,22 @@ void PrintingHost::printPage(PageJob job, std::function<void(PageOutcome)> reply
 
 void PrintingHost::press(PageJob job, PrintReply reply)
 {
-    try {
-        printer().print(printJob(std::move(job)), std::move(reply));
-    } catch (const PrintError& error) {
-        answerLater(error, std::move(reply));
-    }
+    print(&PrintingHost::printer, printJob(std::move(job)), std::move(reply));
 }
 
 void PrintingHost::pressPage(PageJob job, LonePage page, PrintReply reply)
 {
     PrintJob alone = printJob(std::move(job));
     alone.lonePage = page;
+    print(&PrintingHost::lonePagePrinter, std::move(alone), std::move(reply));
+}
+
+void PrintingHost::print(PagePrinter& (PrintingHost::*wanted)(), PrintJob job, PrintReply reply)
+{
     try {
-        lonePagePrinter().print(std::move(alone), std::move(reply));
+        (this->*wanted)().print(std::move(job), std::move(reply));
     } catch (const PrintError& error) {
-        answerLater(error, std::move(reply));
+        QTimer::singleShot(0, QCoreApplication::instance(), [error, reply = std::move(reply)] { reply(error); });
     }
 }
 

@@ -57,6 +57,7 @@ private:
     [[nodiscard]] std::unique_ptr<PagePrinter> load();
     PagePrinter& printer();
     PagePrinter& lonePagePrinter();
+    void print(PagePrinter& (PrintingHost::*wanted)(), PrintJob job, PrintReply reply);
     [[nodiscard]] PrintJob printJob(PageJob job) const;
 
     const AppEnvironment& m_environment;

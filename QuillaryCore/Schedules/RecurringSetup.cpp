@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <limits>
 
 namespace Quillary {
 
@@ -29,7 +28,6 @@ using std::chrono::days;
 using std::chrono::sys_days;
 
 constexpr int lastAnchorDay = 31;
-constexpr int mostInvoices = std::numeric_limits<std::int16_t>::max();
 
 DocumentError badSchedule(const std::string& sentence)
 {
@@ -79,8 +77,8 @@ void requirePossible(const RecurringChoices& choices, RecurrenceUnit unit)
         return;
     }
     if (choices.end->rule == RecurrenceEnd::afterCount &&
-        (choices.end->count < 1 || choices.end->count > mostInvoices)) {
-        throw badSchedule(fmt::format("The number of invoices must be 1 to {}.", mostInvoices));
+        (choices.end->count < 1 || choices.end->count > RecurringSetup::mostInvoices)) {
+        throw badSchedule(fmt::format("The number of invoices must be 1 to {}.", RecurringSetup::mostInvoices));
     }
     if (choices.end->rule == RecurrenceEnd::onDate && !choices.end->lastDay) {
         throw badSchedule("The last day is missing.");

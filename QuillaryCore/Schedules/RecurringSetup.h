@@ -6,6 +6,8 @@
 #include "QuillaryCore/Schedules/RecurrenceEnd.h"
 #include "QuillaryCore/Schedules/RecurrenceUnit.h"
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -42,6 +44,8 @@ namespace RecurringSetup {
 
 /// The greatest interval. Unit: weeks, months, quarters or years.
 inline constexpr int mostUnits = 999;
+/// The most invoices after which a schedule ends.
+inline constexpr int mostInvoices = std::numeric_limits<std::int16_t>::max();
 
 /// A template with the contents of an invoice, which stays as it is; docs/document-copies.md. Its first invoice comes
 /// one interval after that one, or on the first of the later dates that isn't past. With `choices.next` it is the first

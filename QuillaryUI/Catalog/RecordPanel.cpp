@@ -151,7 +151,7 @@ void RecordPanel::choose()
     const QModelIndex current = m_table->currentIndex();
     if (!m_isRestoring && current.isValid()) {
         begin(m_model->row(current.row()).key);
-        showRow();
+        restore(); // what was saved on the way has read the list anew
     }
 }
 
@@ -161,7 +161,8 @@ void RecordPanel::begin(std::int64_t key)
     m_form->flush();
     const std::optional<int> row = m_model->rowOf(key);
     m_chosen = key;
-    m_form->begin(row ? m_model->row(*row).identifier : QString());
+    m_form->begin(row ? FieldForm::Subject{m_model->row(*row).identifier, m_model->row(*row).shown.front()}
+                      : FieldForm::Subject());
 }
 
 /// The same record stays chosen; if it is gone, the first takes its place.
@@ -173,7 +174,7 @@ void RecordPanel::restore()
         row = 0;
     }
     const std::int64_t key = row ? m_model->row(*row).key : 0;
-    if (key != m_chosen) {
+    if (key != m_chosen || (row && m_model->row(*row).identifier != m_form->identifier())) { // or of another library
         begin(key);
     }
     m_isRestoring = true;
@@ -229,6 +230,8 @@ void RecordPanel::remove()
 {
     if (const auto refusal = m_desk->remove(m_texts.remove, m_chosen)) {
         Q_EMIT failed(*refusal);
+    } else {
+        m_form->drop();
     }
 }
 

@@ -229,10 +229,11 @@ const Client* ClientDetails::record() const
 void ClientDetails::setClient(std::int64_t key)
 {
     if (key != m_client) {
+        if (m_library.isOpen() && record() == nullptr) {
+            m_form->drop(); // it was deleted
+        }
         m_form->flush();
         m_client = key;
-        const Client* client = record();
-        m_form->begin(client != nullptr && client->uuid ? text(client->uuid->text()) : QString());
         m_documents->setClient(key);
         m_contacts->setClient(key);
         m_time->setClient(key);
@@ -286,8 +287,12 @@ void ClientDetails::refresh()
 {
     const Client* client = record();
     setEnabled(client != nullptr);
+    const QString name = client != nullptr ? text(displayName(*client)) : QString();
+    const QString identifier = client != nullptr && client->uuid ? text(client->uuid->text()) : QString();
+    if (m_library.isOpen() && identifier != m_form->identifier()) { // another one, or of another library
+        m_form->begin({.identifier = identifier, .name = name});
+    }
     if (client != nullptr) {
-        const QString name = text(displayName(*client));
         m_title->setText(client->number.empty() ? name : QStringLiteral("%1  ·  %2").arg(name, text(client->number)));
         showFields(*client);
         showBalance();

@@ -40,6 +40,15 @@ ClientPicker::ClientPicker(LibraryAccess& library, QWidget* parent, Offers offer
     connect(this, &QLineEdit::editingFinished, this, &ClientPicker::finish);
 }
 
+namespace {
+
+bool isEnterKey(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
 /// Tab takes the best, as Enter does, and goes on from there.
 bool ClientPicker::event(QEvent* event)
 {
@@ -55,7 +64,14 @@ bool ClientPicker::event(QEvent* event)
             }
         }
     }
-    return QLineEdit::event(event);
+    const bool isEnter = event->type() == QEvent::KeyPress && isEnterKey(static_cast<QKeyEvent*>(event)->key());
+    const QString typed = text();
+    const bool isTaken = QLineEdit::event(event);
+    if (isEnter && text() != typed) {
+        event->accept(); // it has had its answer here, and is none for the sheet around
+        return true;
+    }
+    return isTaken;
 }
 
 void ClientPicker::finish()

@@ -169,8 +169,8 @@ void DocumentCommands::applyStatus(StatusAction action)
                missing.isEmpty() ? QString() : tr("Marked as sent, though something is missing: %1").arg(missing));
 }
 
-/// The first thing that the document can't be right without. It is no reason to refuse, and undo is one key away; but
-/// nobody should hear of it from the client first.
+/// The first thing that the document can't be right without. It is no reason to refuse, since a document can be taken back
+/// to a draft; but nobody should hear of it from the client first.
 QString DocumentCommands::missingWords() const
 {
     const Document* document = record();
@@ -253,7 +253,7 @@ void DocumentCommands::repeatLast(const Document& document)
 
 void DocumentCommands::makeRecurring(const Document& document)
 {
-    auto* sheet = new MakeRecurringSheet(m_library, document.ref.key(), &m_pane);
+    auto* sheet = new MakeRecurringSheet(m_library, document.ref.key(), &DocumentOutput::sheetHost(m_pane));
     connect(sheet, &MakeRecurringSheet::made, this, [this](std::int64_t key) {
         Q_EMIT told(tr("The recurring invoice was made."));
         Q_EMIT wantedDocument(key);
@@ -273,21 +273,23 @@ void DocumentCommands::askForReminder(const Document& document)
 
 void DocumentCommands::askForClient(const QString& name)
 {
-    auto* sheet = new ClientSheet(m_library, name, &m_pane);
+    auto* sheet = new ClientSheet(m_library, name, &DocumentOutput::sheetHost(m_pane));
     connect(sheet, &ClientSheet::made, this, &DocumentCommands::madeClient);
     sheet->begin();
 }
 
 void DocumentCommands::removeDraft(const Document& document)
 {
+    const Ref<Document> draft = document.ref; // another may be shown by the time of the answer
     const QString name = CoreText::sentence(documentName(document));
     QMessageBox question(QMessageBox::Question, tr("Delete Draft"), tr("Delete %1?").arg(name), {}, &m_pane);
     question.setInformativeText(tr("Time that it billed becomes free again. Undo brings it back."));
     QPushButton* yes = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
     question.addButton(QMessageBox::Cancel);
     question.exec();
-    if (question.clickedButton() == yes && record() != nullptr) {
-        showResult(m_library.attempt([&] { DocumentActions::deleteDraft(m_library.desk(), *record()); }),
+    const Document* deleted = m_library.isOpen() ? m_library.context().find(draft) : nullptr;
+    if (question.clickedButton() == yes && deleted != nullptr) {
+        showResult(m_library.attempt([&] { DocumentActions::deleteDraft(m_library.desk(), *deleted); }),
                    tr("%1 was deleted.").arg(name));
     }
 }

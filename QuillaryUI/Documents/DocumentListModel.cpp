@@ -284,6 +284,7 @@ void DocumentListModel::loadRest()
     if (!m_library.isOpen()) {
         return;
     }
+    m_missed.clear();
     m_reader->read<DocumentRows>(
         [kind = m_kind, today = m_library.today()](const AssistantEnvironment& environment) {
             DocumentRows whole(kind);
@@ -305,6 +306,9 @@ void DocumentListModel::loadRestHere()
 
 void DocumentListModel::show(DocumentRows whole)
 {
+    for (const ChangeSet& changes : std::exchange(m_missed, {})) {
+        whole.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar());
+    }
     const Chosen chosen = this->chosen();
     m_rows = std::move(whole);
     arrange(chosen);
@@ -315,16 +319,15 @@ void DocumentListModel::take(const ChangeSet& changes)
     if (!m_library.isOpen()) {
         return;
     }
-    if (!m_rows.isWhole()) {
+    if (m_reader->isReading()) {
+        m_missed.push_back(changes);
+    } else if (!m_rows.isWhole()) {
         reload();
         return;
     }
     const Chosen chosen = this->chosen();
     if (m_rows.update(m_library.context(), changes, m_library.today(), m_library.formats().calendar())) {
         arrange(chosen);
-    }
-    if (m_reader->isReading()) {
-        loadRest(); // what is being read may lack the change
     }
 }
 

@@ -95,6 +95,7 @@ private:
     QTimer m_rest;
     BesideReader* m_reader;
     bool m_wasShown = false;
+    std::vector<ChangeSet> m_missed; ///< what came while the rest was read, which may lack it
 };
 
 } // namespace Quillary

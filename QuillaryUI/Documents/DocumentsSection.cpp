@@ -378,8 +378,9 @@ void DocumentsSection::removeChosen() const
 
 void DocumentsSection::showDocument(std::int64_t key)
 {
-    if (!m_model->rowOf(key)) {
-        m_bar->setView({});
+    const bool isKnown = m_model->rows().isWhole() || m_model->rows().place(key);
+    if (isKnown && !m_model->rowOf(key)) {
+        m_bar->setView({}); // which hides it
     }
     m_chosen = key;
     m_pane->setDocument(key);

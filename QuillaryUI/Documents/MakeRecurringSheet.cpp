@@ -71,11 +71,13 @@ void MakeRecurringSheet::addInvoices()
     m_invoice = m_invoices->currentData().toLongLong();
     connect(m_invoices, &QComboBox::currentIndexChanged, this, [this] {
         m_invoice = m_invoices->currentData().toLongLong();
+        m_isMistyped = false;
         m_form->refresh();
     });
     connect(m_invoices->lineEdit(), &QLineEdit::editingFinished, this, [this] {
-        m_invoices->setEditText(
-            m_invoices->itemText(m_invoices->currentIndex())); // what was typed and not chosen is none
+        const QString chosen = m_invoices->itemText(m_invoices->currentIndex());
+        m_isMistyped = m_isMistyped || m_invoices->currentText() != chosen;
+        m_invoices->setEditText(chosen);
     });
     form().insertRow(0, tr("Like the invoice"), m_invoices);
 }
@@ -109,8 +111,12 @@ const Document& MakeRecurringSheet::repeat(const RecurringChoices& choices) cons
     return RecurringSetup::create(m_library.desk(), *invoice, choices, today);
 }
 
+/// The Enter that ends the typing answers the sheet, too: not with an invoice that nobody has seen.
 std::optional<QString> MakeRecurringSheet::make()
 {
+    if (std::exchange(m_isMistyped, false)) {
+        return tr("No invoice is called that. Look at the one that is chosen now, and answer again.");
+    }
     std::int64_t key = 0;
     auto refusal = m_form->carryOut(key);
     if (!refusal) {

@@ -38,6 +38,7 @@ private:
     LibraryAccess& m_library;
     std::int64_t m_invoice;
     QComboBox* m_invoices = nullptr; ///< null: it isn't asked
+    bool m_isMistyped = false;       ///< words that are no invoice's gave way to the chosen one's
     RecurringForm* m_form;
 };
 

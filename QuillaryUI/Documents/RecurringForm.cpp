@@ -24,7 +24,6 @@
 #include <QSpinBox>
 #include <QStringList>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -33,16 +32,8 @@ namespace Quillary {
 namespace {
 
 constexpr std::size_t shownDates = 5;
-constexpr int mostInvoices = 999;
 constexpr int usualCount = 12;
 constexpr int lastDayOfMonth = 31;
-
-CalendarDate calendarDate(QDate date)
-{
-    return CalendarDate(std::chrono::year(date.year()),
-                        std::chrono::month(unsigned(date.month())),
-                        std::chrono::day(unsigned(date.day())));
-}
 
 } // namespace
 
@@ -130,7 +121,7 @@ void RecurringForm::buildEnd(QFormLayout& form)
     m_end->addItem(tr("After a number of invoices"), int(RecurrenceEnd::afterCount));
     m_end->addItem(tr("On a date"), int(RecurrenceEnd::onDate));
     m_count->setObjectName(QStringLiteral("recurringCount"));
-    m_count->setRange(1, mostInvoices);
+    m_count->setRange(1, RecurringSetup::mostInvoices);
     m_count->setValue(usualCount);
     m_lastDay->setObjectName(QStringLiteral("recurringLastDay"));
     DateField::dress(*m_lastDay);
@@ -189,7 +180,7 @@ RecurringChoices RecurringForm::choices() const
         choices.anchorDay = m_day->value();
     }
     if (isChosen(m_next)) {
-        choices.next = calendarDate(m_next->date());
+        choices.next = DateField::day(*m_next);
     }
     if (isChosen(m_end)) {
         chooseEnd(choices);
@@ -209,7 +200,7 @@ void RecurringForm::chooseEnd(RecurringChoices& choices) const
     if (end.rule == RecurrenceEnd::afterCount) {
         end.count = m_count->value();
     } else if (end.rule == RecurrenceEnd::onDate) {
-        end.lastDay = calendarDate(m_lastDay->date());
+        end.lastDay = DateField::day(*m_lastDay);
     }
     choices.end = end;
 }

@@ -3,6 +3,8 @@
 #include <QDateEdit>
 #include <QLocale>
 
+#include <chrono>
+
 namespace Quillary {
 
 void DateField::dress(QDateEdit& field)
@@ -13,6 +15,14 @@ void DateField::dress(QDateEdit& field)
     }
     field.setCalendarPopup(true);
     field.setDisplayFormat(format);
+}
+
+CalendarDate DateField::day(const QDateEdit& field)
+{
+    const QDate date = field.date();
+    return CalendarDate(std::chrono::year(date.year()),
+                        std::chrono::month(unsigned(date.month())),
+                        std::chrono::day(unsigned(date.day())));
 }
 
 } // namespace Quillary

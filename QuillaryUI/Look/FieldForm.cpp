@@ -192,22 +192,22 @@ void FieldForm::addWhole(QWidget* widget)
     m_form->addRow(widget);
 }
 
-void FieldForm::begin(const QString& subject)
+void FieldForm::begin(Subject subject)
 {
     m_pause->stop();
-    if (subject != m_subject) {
+    if (subject.identifier != m_subject.identifier) {
         keepRefused();
     } else {
-        m_kept.erase(subject);
+        m_kept.erase(subject.identifier);
     }
-    m_subject = subject;
+    m_subject = std::move(subject);
     for (auto& [name, entry] : m_entries) {
         entry.isTyped = false;
         entry.known.clear();
         tell(entry, {});
         entry.put({});
     }
-    if (const auto found = m_kept.find(subject); found != m_kept.end()) {
+    if (const auto found = m_kept.find(m_subject.identifier); found != m_kept.end()) {
         for (const auto& [name, refused] : found->second) {
             m_entries[name].put(refused.value);
             m_entries[name].isTyped = true;
@@ -217,18 +217,32 @@ void FieldForm::begin(const QString& subject)
     }
 }
 
+void FieldForm::drop()
+{
+    m_pause->stop();
+    for (auto& [name, entry] : m_entries) {
+        entry.isTyped = false;
+        tell(entry, {});
+    }
+}
+
 void FieldForm::keepRefused()
 {
     QString reason;
     for (const auto& [name, entry] : m_entries) {
-        if (entry.isRefused && !m_subject.isEmpty()) {
-            reason = entry.error->text();
-            m_kept[m_subject].insert_or_assign(name, Kept{.value = entry.value(), .sentence = reason});
+        if (entry.isRefused && !m_subject.identifier.isEmpty()) {
+            reason = refusal(entry);
+            m_kept[m_subject.identifier].insert_or_assign(name, Kept{.value = entry.value(), .sentence = reason});
         }
     }
     if (!reason.isEmpty()) {
         Q_EMIT kept(tr("Not saved: %1 What you typed is kept there for now.").arg(reason));
     }
+}
+
+QString FieldForm::refusal(const Entry& entry) const
+{
+    return m_subject.name.isEmpty() ? entry.error->text() : tr("%1: %2").arg(m_subject.name, entry.error->text());
 }
 
 QStringList FieldForm::refusals() const
@@ -241,7 +255,7 @@ QStringList FieldForm::refusals() const
     }
     for (const auto& [name, entry] : m_entries) {
         if (entry.isRefused) {
-            sentences.push_back(entry.error->text());
+            sentences.push_back(refusal(entry));
         }
     }
     return sentences;

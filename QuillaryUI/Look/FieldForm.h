@@ -57,15 +57,24 @@ public:
     /// The same across the whole width.
     void addWhole(QWidget* widget);
 
-    /// Something else is shown from now on. `subject` names it for as long as the program runs, in whatever library; empty:
-    /// there is nothing. What was refused of the one before is kept, and stands in its field again when that one is shown
-    /// again; the same one once more drops what was refused of it.
-    void begin(const QString& subject);
+    /// What a form shows.
+    struct Subject
+    {
+        QString identifier; ///< the same for nothing else, in whatever library; empty: there is nothing
+        QString name;       ///< for people
+    };
 
-    /// What was refused and isn't saved, here or of another subject: the sentences.
+    /// Something else is shown from now on. What was refused of the one before is kept, and stands in its field again
+    /// when that one is shown again; the same one once more drops what was refused of it.
+    void begin(Subject subject);
+    /// What is shown isn't there any more, and what was typed for it has no place.
+    void drop();
+    [[nodiscard]] const QString& identifier() const { return m_subject.identifier; }
+
+    /// What was refused and isn't saved, here or of another subject: sentences with the subject's name.
     [[nodiscard]] QStringList refusals() const;
     /// Whether something else than what is shown has a refused value, which is kept for it.
-    [[nodiscard]] bool keeps(const QString& subject) const { return m_kept.contains(subject); }
+    [[nodiscard]] bool keeps(const QString& identifier) const { return m_kept.contains(identifier); }
 
     /// What is stored. A field in which something else is being typed keeps that.
     void setValue(const QString& name, const QString& value);
@@ -116,13 +125,14 @@ private:
     void save(const QString& name, Entry& entry);
     void tell(Entry& entry, const QString& sentence) const;
     void keepRefused();
+    [[nodiscard]] QString refusal(const Entry& entry) const;
     void leave(Entry& entry);
 
     Save m_save;
     QFormLayout* m_form;
     QTimer* m_pause;
     std::map<QString, Entry> m_entries;
-    QString m_subject;
+    Subject m_subject;
     struct Kept
     {
         QString value;

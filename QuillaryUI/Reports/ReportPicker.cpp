@@ -33,11 +33,6 @@ public:
     }
 };
 
-CalendarDate calendarDate(QDate day)
-{
-    return std::chrono::year(day.year()) / day.month() / day.day();
-}
-
 } // namespace
 
 ReportPicker::ReportPicker(Formats formats, QWidget* parent)
@@ -163,7 +158,7 @@ std::optional<ReportPeriod> ReportPicker::period(CalendarDate today) const
     if (m_period->currentData().toString() != ownDays) {
         return ReportPeriod::parse(utf8(m_period->currentData().toString()), today);
     }
-    const ReportPeriod period{calendarDate(m_first->date()), calendarDate(m_last->date())};
+    const ReportPeriod period{DateField::day(*m_first), DateField::day(*m_last)};
     return period.first <= period.last ? std::optional(period) : std::nullopt;
 }
 

@@ -176,6 +176,7 @@ void RecurringCommands::duplicate()
 
 void RecurringCommands::remove()
 {
+    const Ref<Document> recurring(m_template); // another may be shown by the time of the answer
     const QString name = this->name();
     QMessageBox question(
         QMessageBox::Question, tr("Delete Recurring Invoice"), tr("Delete %1?").arg(name), {}, &m_pane);
@@ -184,8 +185,9 @@ void RecurringCommands::remove()
     yes->setObjectName(QStringLiteral("deleteRecurringYes"));
     question.addButton(QMessageBox::Cancel);
     question.exec();
-    if (question.clickedButton() == yes && record() != nullptr) {
-        showResult(m_library.attempt([&] { RecurringSetup::remove(m_library.desk(), *record()); }),
+    const Document* removed = m_library.isOpen() ? m_library.context().find(recurring) : nullptr;
+    if (question.clickedButton() == yes && removed != nullptr) {
+        showResult(m_library.attempt([&] { RecurringSetup::remove(m_library.desk(), *removed); }),
                    tr("%1 was deleted.").arg(name));
     }
 }

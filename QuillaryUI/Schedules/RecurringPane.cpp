@@ -1,6 +1,5 @@
 #include "QuillaryUI/Schedules/RecurringPane.h"
 
-#include "QuillaryCore/Assistant/Operations/PageJobs.h"
 #include "QuillaryCore/Model/Client.h"
 #include "QuillaryCore/Model/ClientName.h"
 #include "QuillaryCore/Model/Document.h"

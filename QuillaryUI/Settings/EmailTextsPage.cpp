@@ -200,11 +200,16 @@ void EmailTextsPage::exchange(const Shown& chosen)
 {
     m_hasChosen = true;
     m_chosen = chosen;
-    m_form->begin(subject(chosen));
+    begin();
+}
+
+void EmailTextsPage::begin()
+{
+    m_form->begin({.identifier = identifier(m_chosen), .name = kindText(m_chosen.kind)});
 }
 
 /// Of this business: another library may be opened.
-QString EmailTextsPage::subject(const Shown& shown) const
+QString EmailTextsPage::identifier(const Shown& shown) const
 {
     const std::optional<UUID>& business = m_library.business().uuid;
     return QStringLiteral("%1 %2 %3")
@@ -234,7 +239,7 @@ void EmailTextsPage::markOwn()
     for (int place = 0; place < m_kind->count(); ++place) {
         const auto each = EmailKind(m_kind->itemData(place).toInt());
         const bool isOwn = EmailTemplates::isCustomized(m_library.context(), each, m_chosen.language);
-        const bool isUnsaved = m_form->keeps(subject({.kind = each, .language = m_chosen.language}));
+        const bool isUnsaved = m_form->keeps(identifier({.kind = each, .language = m_chosen.language}));
         m_kind->setItemText(place,
                             isUnsaved ? tr("%1 (not saved)").arg(kindText(each))
                             : isOwn   ? tr("%1 (your own)").arg(kindText(each))
@@ -297,7 +302,7 @@ void EmailTextsPage::restore()
         Q_EMIT failed(*refusal);
         return;
     }
-    m_form->begin(subject(m_chosen)); // also what could not be saved
+    begin(); // also what could not be saved
     refresh();
 }
 

@@ -57,7 +57,8 @@ private:
     };
 
     void exchange(const Shown& chosen);
-    [[nodiscard]] QString subject(const Shown& shown) const;
+    [[nodiscard]] QString identifier(const Shown& shown) const;
+    void begin();
 
     LibraryAccess& m_library;
     Shown m_chosen;

@@ -3575,6 +3575,10 @@
         <source>Not saved: %1 What you typed is kept there for now.</source>
         <translation>Nicht gespeichert: %1 Das Getippte bleibt dort vorerst stehen.</translation>
     </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 <context>
     <name>Quillary::FirstStart</name>
@@ -4185,6 +4189,10 @@
     <message>
         <source>The invoice isn&apos;t there any more.</source>
         <translation>Die Rechnung gibt es nicht mehr.</translation>
+    </message>
+    <message>
+        <source>No invoice is called that. Look at the one that is chosen now, and answer again.</source>
+        <translation>So heißt keine Rechnung. Prüfen Sie die jetzt gewählte und antworten Sie noch einmal.</translation>
     </message>
 </context>
 <context>

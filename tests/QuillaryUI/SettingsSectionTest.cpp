@@ -144,7 +144,7 @@ TEST_F(SettingsSectionTest, keepsTheUsersOwnWordsForAnEmail)
         Q_EMIT kind.activated(kind.currentIndex());
     };
     choose(EmailKind::invoice);
-    EXPECT_TRUE(failure.startsWith("Not saved: An email needs a subject.")) << utf8(failure);
+    EXPECT_TRUE(failure.startsWith("Not saved: Quote: An email needs a subject.")) << utf8(failure);
     EXPECT_EQ(subject.text(), "Your bill {foo} {number}");
     EXPECT_TRUE(child<QLabel>(section, "error_email_subject").isHidden());
     EXPECT_EQ(kind.itemText(kind.findData(int(EmailKind::quote))), "Quote (not saved)");
