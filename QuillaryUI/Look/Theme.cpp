@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 static void initializeResources()
@@ -221,7 +222,8 @@ Scheme schemeOfDesktop(const QApplication& application)
 void apply(QApplication& application, Scheme scheme, const QColor& accent, const Needs& needs)
 {
     initializeResources();
-    QApplication::setStyle(new Style(needs.lessMotion));
+    auto style = std::make_unique<Style>(needs.lessMotion);
+    QApplication::setStyle(style.release());
     QApplication::setEffectEnabled(Qt::UI_General, !needs.lessMotion);
     QApplication::setPalette(palette(colors(scheme, needs.highContrast), accent));
     application.setStyleSheet(QStringLiteral(
