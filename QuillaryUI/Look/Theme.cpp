@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <memory>
 #include <utility>
 
 static void initializeResources()
@@ -222,8 +221,8 @@ Scheme schemeOfDesktop(const QApplication& application)
 void apply(QApplication& application, Scheme scheme, const QColor& accent, const Needs& needs)
 {
     initializeResources();
-    auto style = std::make_unique<Style>(needs.lessMotion);
-    QApplication::setStyle(style.release());
+    QApplication::setStyle(new Style(needs.lessMotion));
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
     QApplication::setEffectEnabled(Qt::UI_General, !needs.lessMotion);
     QApplication::setPalette(palette(colors(scheme, needs.highContrast), accent));
     application.setStyleSheet(QStringLiteral(

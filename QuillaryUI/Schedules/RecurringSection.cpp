@@ -77,7 +77,7 @@ void RecurringSection::build()
     whole->addWidget(m_pages);
 }
 
-QPushButton* RecurringSection::newButton(const QString& words, QWidget* parent)
+QPushButton* RecurringSection::newButton(const QString& words, QWidget* parent) const
 {
     auto* fresh = new QPushButton(words, parent);
     fresh->setAccessibleName(tr("New recurring invoice"));

@@ -34,7 +34,7 @@ private:
     void build();
     QWidget* buildList();
     QWidget* buildEmpty();
-    [[nodiscard]] QPushButton* newButton(const QString& words, QWidget* parent);
+    [[nodiscard]] QPushButton* newButton(const QString& words, QWidget* parent) const;
     void choose();
     void restore();
 
