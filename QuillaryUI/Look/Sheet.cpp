@@ -19,6 +19,9 @@ namespace {
 
 constexpr int usualWidth = 520;
 constexpr int border = 24;
+constexpr int spacing = 12;
+constexpr int tightSpacing = 6;
+constexpr int tightRowSpacing = 2;
 
 QLabel* heading(const QString& title, QWidget* parent)
 {
@@ -43,8 +46,8 @@ Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
     setAttribute(Qt::WA_DeleteOnClose);
     setStyleSheet(QStringLiteral(
         "QFrame#sheet { background: palette(window); border: 1px solid palette(midlight); border-radius: 8px; }"));
-    m_body->setContentsMargins(border, border, border, border);
-    m_body->setSpacing(12);
+    m_usualRowSpacing = m_form->verticalSpacing();
+    setTight(false);
     m_body->addWidget(heading(title, this));
     for (QLabel* label : {m_explanation, m_error}) {
         label->setWordWrap(true);
@@ -71,7 +74,25 @@ Sheet::Sheet(const QString& title, const QString& answerName, QWidget* host)
 void Sheet::setExplanation(const QString& text)
 {
     m_explanation->setText(text);
-    m_explanation->setVisible(!text.isEmpty());
+    m_explanation->setVisible(!text.isEmpty() && !m_isTight);
+}
+
+/// Where the window is low, the questions and the buttons come before air and explanations.
+void Sheet::setTight(bool isTight)
+{
+    m_isTight = isTight;
+    const int around = isTight ? border / 2 : border;
+    m_body->setContentsMargins(border, around, border, around);
+    m_body->setSpacing(isTight ? tightSpacing : spacing);
+    m_form->setVerticalSpacing(isTight ? tightRowSpacing : m_usualRowSpacing);
+    m_explanation->setVisible(!m_explanation->text().isEmpty() && !isTight);
+    m_body->activate();
+}
+
+int Sheet::neededHeight(int width) const
+{
+    const int forWidth = heightForWidth(width);
+    return std::max(forWidth > 0 ? forWidth : sizeHint().height(), minimumSizeHint().height());
 }
 
 void Sheet::open(QWidget* firstField)
@@ -97,9 +118,13 @@ void Sheet::place()
 {
     const QWidget* host = parentWidget();
     const int width = std::min(m_widest, host->width() - 2 * border);
-    const int height =
-        std::min(heightForWidth(width) > 0 ? heightForWidth(width) : sizeHint().height(), host->height() - border);
-    setGeometry((host->width() - width) / 2, border / 2, width, std::max(height, minimumSizeHint().height()));
+    const int highest = host->height() - border;
+    setTight(false);
+    if (neededHeight(width) > highest) {
+        setTight(true);
+    }
+    const int height = std::max(std::min(neededHeight(width), highest), minimumSizeHint().height());
+    setGeometry((host->width() - width) / 2, border / 2, width, height);
 }
 
 bool Sheet::eventFilter(QObject* watched, QEvent* event)

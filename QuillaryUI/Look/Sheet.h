@@ -55,6 +55,8 @@ protected:
 private:
     void answer();
     void place();
+    void setTight(bool isTight);
+    [[nodiscard]] int neededHeight(int width) const;
 
     Answer m_answer;
     int m_widest;
@@ -63,6 +65,8 @@ private:
     QLabel* m_explanation;
     QLabel* m_error;
     QPushButton* m_accept;
+    int m_usualRowSpacing = 0;
+    bool m_isTight = false;
     QPointer<QWidget> m_before; ///< what had the keyboard
 };
 

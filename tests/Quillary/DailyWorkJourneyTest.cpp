@@ -190,7 +190,15 @@ TEST_F(DailyWorkJourneyTest, looksAfterARecurringInvoice)
         addClient().city = "Hamburg";
     }));
     ASSERT_TRUE(comesTrue([&] { return cell("recurringList", 0, RecurringModel::stateColumn) == "Can't be made"; }));
+    const QSize usual = desktop->window().size();
+    EXPECT_TRUE(comesTrue([this] { // a common screen at twice its scale
+        desktop->window().resize(960, 540);
+        return desktop->window().height() == 540;
+    }));
     click("scheduleRecurring");
+    const auto& sheet = find<QWidget>("sheet");
+    EXPECT_LT(sheet.geometry().bottom(), sheet.parentWidget()->height());
+    desktop->window().resize(usual);
     pickClient("recurringClient", "nord");
     choose("recurringUnit", "weeks");
     EXPECT_FALSE(find<QWidget>("recurringDay").isVisible());
